@@ -1,0 +1,14 @@
+#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace Kiv {
+
+void assertionFailed( char const * file, int line, char const * function,
+                      char const * condition ) noexcept {
+   std::fprintf( stderr, "%s:%d: %s: assertion \"%s\" failed\n", file, line, function, condition );
+   std::abort();
+}
+
+} // namespace Kiv

@@ -1,0 +1,38 @@
+# What every target of the project is compiled and linked with.
+
+set( CMAKE_CXX_STANDARD 20 )
+set( CMAKE_CXX_STANDARD_REQUIRED ON )
+set( CMAKE_CXX_EXTENSIONS OFF )
+set( CMAKE_CXX_VISIBILITY_PRESET hidden )
+set( CMAKE_VISIBILITY_INLINES_HIDDEN ON )
+set( CMAKE_POSITION_INDEPENDENT_CODE ON )
+if( NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES )
+   set( CMAKE_BUILD_TYPE Release )
+endif()
+
+include( GNUInstallDirs )
+
+add_library( LspPingWarnings INTERFACE )
+target_compile_options( LspPingWarnings INTERFACE
+   -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+   -ffile-prefix-map=${PROJECT_SOURCE_DIR}/= $<$<BOOL:${LSPPING_WERROR}>:-Werror> )
+
+# The shared objects themselves: hardened, quick to load, nothing constructed at load.
+add_library( LspPingHardening INTERFACE )
+target_compile_options( LspPingHardening INTERFACE
+   -fstack-protector-strong
+   $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
+   $<$<CXX_COMPILER_ID:Clang>:-Werror=global-constructors> )
+if( LSPPING_SANITIZE STREQUAL "" )
+   target_compile_options( LspPingHardening INTERFACE
+      $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE>
+      $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2> )
+endif()
+target_link_options( LspPingHardening INTERFACE
+   LINKER:-z,relro,-z,now LINKER:-z,pack-relative-relocs LINKER:--as-needed )
+
+if( NOT LSPPING_SANITIZE STREQUAL "" )
+   add_compile_options( -fsanitize=${LSPPING_SANITIZE} -fno-omit-frame-pointer
+                        -fno-sanitize-recover=all )
+   add_link_options( -fsanitize=${LSPPING_SANITIZE} )
+endif()
