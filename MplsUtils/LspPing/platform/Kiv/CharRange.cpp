@@ -1,0 +1,113 @@
+#include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
+
+#include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
+#include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
+
+namespace Kiv {
+
+namespace {
+
+constexpr bool startsWord( char character ) noexcept {
+   return ( character >= 'a' && character <= 'z' ) || ( character >= 'A' && character <= 'Z' ) ||
+          character == '_';
+}
+
+constexpr bool continuesWord( char character ) noexcept {
+   return startsWord( character ) || ( character >= '0' && character <= '9' ) || character == ':';
+}
+
+constexpr bool endsToken( char character ) noexcept {
+   return CharRange::isBlank( character ) || character == ',' || character == ')' ||
+          character == '}' || character == '=';
+}
+
+constexpr std::size_t longestQuote = 32;
+
+} // namespace
+
+std::string_view CharRange::word() noexcept {
+   if( atEnd() || !startsWord( text_[position_] ) ) {
+      return {};
+   }
+   std::size_t const start = position_;
+   do {
+      ++position_;
+   } while( position_ != text_.size() && continuesWord( text_[position_] ) );
+   return text_.substr( start, position_ - start );
+}
+
+std::string_view CharRange::token() noexcept {
+   skip();
+   std::size_t const start = position_;
+   while( position_ != text_.size() && !endsToken( text_[position_] ) ) {
+      ++position_;
+   }
+   return text_.substr( start, position_ - start );
+}
+
+void CharRange::expectName( std::string_view name ) {
+   skip();
+   std::size_t const start = position_;
+   if( word() == name && take( '=' ) ) {
+      return;
+   }
+   position_ = start;
+   fail( name, Orlo::String{ name } + "=" );
+}
+
+void CharRange::expectOpen( std::string_view type, std::string_view firstName ) {
+   skip();
+   std::size_t const start = position_;
+   if( word() != type ) {
+      position_ = start;
+      fail( type, type );
+   }
+   if( !take( '(' ) ) {
+      fail( firstName, "(" );
+   }
+   expectName( firstName );
+}
+
+void CharRange::expectNext( std::string_view name ) {
+   if( !take( ',' ) ) {
+      fail( name, "," );
+   }
+   expectName( name );
+}
+
+void CharRange::expectClose() {
+   if( !take( ')' ) ) {
+      fail( "", ")" );
+   }
+}
+
+void CharRange::fail( std::string_view subject, std::string_view expected ) const {
+   failWords( subject, quoted( expected ) );
+}
+
+void CharRange::failWords( std::string_view subject, std::string_view expected ) const {
+   Orlo::String const found = rest().empty() ? "the end of the text" : quoted( rest() );
+   throw RangeException{ Orlo::String{ subject }, _fmt( "expected %s at offset %lu, found %s",
+                                                        expected, U64{ position_ }, found ) };
+}
+
+Orlo::String quoted( std::string_view text ) {
+   Orlo::StringBuilder out;
+   out.append( '"' );
+   for( char const character : text.substr( 0, longestQuote ) ) {
+      unsigned char const byte = static_cast< unsigned char >( character );
+      if( byte < 0x20 || byte == 0x7F ) {
+         out.append( byte < 0x10 ? "\\x0" : "\\x" );
+         out.appendHex( byte, false );
+      } else {
+         if( character == '"' || character == '\\' ) {
+            out.append( '\\' );
+         }
+         out.append( character );
+      }
+   }
+   out.append( text.size() > longestQuote ? "\"..." : "\"" );
+   return std::move( out ).string();
+}
+
+} // namespace Kiv

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "MplsUtils/LspPing/platform/Export.h"
+#include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
+#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "MplsUtils/LspPing/platform/Orlo/String.h"
+#include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+
+#include <concepts>
+
+// The text of the plain types that attributes have: numbers in decimal, `true` and `false`, strings
+// in double quotes with \" and \\. Every text that is printed can be read back.
+namespace Kiv {
+
+// Each reads one value at the cursor. What is not such a value, or does not fit, raises
+// RangeException without a subject, and the value is left as it was.
+LSPPING_PLATFORM_EXPORT void sequenceToValue( CharRange & text, U8 * value );
+LSPPING_PLATFORM_EXPORT void sequenceToValue( CharRange & text, U16 * value );
+LSPPING_PLATFORM_EXPORT void sequenceToValue( CharRange & text, U32 * value );
+LSPPING_PLATFORM_EXPORT void sequenceToValue( CharRange & text, U64 * value );
+LSPPING_PLATFORM_EXPORT void sequenceToValue( CharRange & text, bool * value );
+LSPPING_PLATFORM_EXPORT void sequenceToValue( CharRange & text, double * value );
+LSPPING_PLATFORM_EXPORT void sequenceToValue( CharRange & text, Orlo::String * value );
+
+inline void appendText( Orlo::StringBuilder & out, U8 value ) noexcept {
+   out.appendDecimal( value );
+}
+inline void appendText( Orlo::StringBuilder & out, U16 value ) noexcept {
+   out.appendDecimal( value );
+}
+inline void appendText( Orlo::StringBuilder & out, U32 value ) noexcept {
+   out.appendDecimal( value );
+}
+inline void appendText( Orlo::StringBuilder & out, U64 value ) noexcept {
+   out.appendDecimal( value );
+}
+
+// A template, or every pointer would be taken for a bool.
+template < std::same_as< bool > Bool >
+void appendText( Orlo::StringBuilder & out, Bool value ) noexcept {
+   out.append( value ? std::string_view{ "true" } : std::string_view{ "false" } );
+}
+
+/// The shortest decimal text that reads back as the same number.
+LSPPING_PLATFORM_EXPORT void appendText( Orlo::StringBuilder & out, double value ) noexcept;
+
+LSPPING_PLATFORM_EXPORT void appendText( Orlo::StringBuilder & out,
+                                         Orlo::String const & value ) noexcept;
+
+} // namespace Kiv

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <string>
+
+namespace Orlo {
+using String = std::string;
+} // namespace Orlo

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "MplsUtils/LspPing/platform/Export.h"
+#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "MplsUtils/LspPing/platform/Orlo/Digits.h"
+#include "MplsUtils/LspPing/platform/Orlo/String.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+#include <utility>
+
+namespace Orlo {
+
+/// Text that grows at its end. The first 512 bytes need no heap. Exhausted memory ends the process.
+class StringBuilder {
+ public:
+   static constexpr std::size_t inlineCapacity = 512;
+
+   StringBuilder() noexcept {} // not defaulted: `{}` would then clear all the bytes
+   StringBuilder( StringBuilder const & ) = delete;
+   StringBuilder & operator=( StringBuilder const & ) = delete;
+   ~StringBuilder() = default;
+
+   std::size_t size() const noexcept { return static_cast< std::size_t >( end_ - begin_ ); }
+   std::string_view view() const noexcept { return { begin_, size() }; }
+
+   /// A copy: one allocation at the most.
+   String string() const & { return String{ begin_, size() }; }
+
+   /// As above, but text that had outgrown the builder's own bytes is handed over, not copied.
+   String string() && {
+      if( begin_ == inline_ ) [[likely]] {
+         return String{ begin_, size() };
+      }
+      heap_.resize( size() );
+      String text = std::move( heap_ );
+      begin_ = end_ = inline_;
+      limit_ = inline_ + inlineCapacity;
+      return text;
+   }
+
+   /// Room on the heap, once there, is kept.
+   void clear() noexcept { end_ = begin_; }
+
+   /// Where `count` more bytes can be written; `advance` makes those that were written part of the
+   /// text. The place is good until the builder is used again.
+   char * room( std::size_t count ) noexcept {
+      if( count > static_cast< std::size_t >( limit_ - end_ ) ) [[unlikely]] {
+         grow( count );
+      }
+      return end_;
+   }
+   void advance( std::size_t count ) noexcept { end_ += count; }
+   void advanceTo( char * end ) noexcept { end_ = end; }
+
+   void append( std::string_view text ) noexcept {
+      if( !text.empty() ) {
+         std::memcpy( room( text.size() ), text.data(), text.size() );
+         advance( text.size() );
+      }
+   }
+   void append( char character ) noexcept {
+      *room( 1 ) = character;
+      advance( 1 );
+   }
+   void appendDecimal( U64 number ) noexcept { advanceTo( putDecimal( room( 20 ), number ) ); }
+   void appendSigned( std::int64_t number ) noexcept {
+      if( number < 0 ) {
+         append( '-' );
+         appendDecimal( U64{ 0 } - static_cast< U64 >( number ) );
+      } else {
+         appendDecimal( static_cast< U64 >( number ) );
+      }
+   }
+   /// Without leading zeros and without "0x".
+   void appendHex( U64 number, bool upperCase ) noexcept {
+      char * at = room( 16 );
+      U32 const high = static_cast< U32 >( number >> 32 );
+      U32 low = static_cast< U32 >( number );
+      if( high != 0 ) {
+         at = putHex( at, high, upperCase );
+         // The low half keeps its leading zeros.
+         for( unsigned digit = 8; digit-- > 0; ) {
+            at = putHexDigit( at, low >> ( 4 * digit ) & 0xF, upperCase );
+         }
+         advanceTo( at );
+      } else {
+         advanceTo( putHex( at, low, upperCase ) );
+      }
+   }
+
+ private:
+   static char * putHexDigit( char * at, U32 digit, bool upperCase ) noexcept {
+      *at = ( upperCase ? "0123456789ABCDEF" : "0123456789abcdef" )[digit];
+      return at + 1;
+   }
+
+   /// Moves the text to the heap, or to more of it.
+   LSPPING_PLATFORM_EXPORT void grow( std::size_t count ) noexcept;
+
+   char * begin_ = inline_;
+   char * end_ = inline_;
+   char * limit_ = inline_ + inlineCapacity;
+   String heap_;
+   char inline_[inlineCapacity];
+};
+
+} // namespace Orlo
