@@ -14,7 +14,7 @@ using ModuleTypes = Kiv::TypeList< NetInteger< U16 >, NetInteger< U32 >, NetInte
 inline constexpr U16 moduleNumber = 1;
 
 template < class T >
-   requires ModuleTypes::contains< T >
+requires ModuleTypes::contains< T >
 constexpr Kiv::TypeId kivTypeId( Kiv::Of< T > ) noexcept {
    return { moduleNumber, ModuleTypes::indexOf< T >() };
 }
