@@ -1,0 +1,279 @@
+#pragma once
+
+#include "MplsUtils/LspPing/platform/Kiv/Collections.h"
+#include "MplsUtils/LspPing/platform/Kiv/ModuleTypes.h"
+#include "MplsUtils/LspPing/platform/Kiv/TypeRecord.h"
+#include "MplsUtils/LspPing/platform/Orlo/Ptr.h"
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <tuple>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+// How a class names its attributes to the type system, once, in a function beside its members:
+//
+//    static consteval auto kivAttributes() {
+//       return Kiv::attributesAfter< LspPingTlvHdr >(
+//          Kiv::field< &LspPingProbeTlv::mark, &LspPingProbeTlv::markIs >( "mark" ),
+//          Kiv::computed< &LspPingProbeTlv::valid >( "valid" ) );
+//    }
+//
+// Every row is a name and one plain function, made from the members given as template arguments.
+
+namespace Kiv {
+
+// What a member pointer or function pointer takes and gives.
+template < class T >
+struct Callable;
+template < class C, class R, class... A >
+struct CallableOf {
+   using Class = C;
+   using Result = R;
+   static constexpr std::size_t count = sizeof...( A );
+   template < class F >
+   static constexpr auto expand( F f ) {
+      return f( Of< std::remove_cvref_t< A > > {}... );
+   }
+};
+template < class C, class R, class... A >
+struct Callable< R ( C::* )( A... ) > : CallableOf< C, R, A... > {};
+template < class C, class R, class... A >
+struct Callable< R ( C::* )( A... ) noexcept > : CallableOf< C, R, A... > {};
+template < class C, class R, class... A >
+struct Callable< R ( C::* )( A... ) const > : CallableOf< C, R, A... > {};
+template < class C, class R, class... A >
+struct Callable< R ( C::* )( A... ) const noexcept > : CallableOf< C, R, A... > {};
+template < class R, class... A >
+struct Callable< R ( * )( A... ) > : CallableOf< void, R, A... > {};
+template < class R, class... A >
+struct Callable< R ( * )( A... ) noexcept > : CallableOf< void, R, A... > {};
+template < class C, class T >
+   requires std::is_object_v< T >
+struct Callable< T C::* > : CallableOf< C, T > {};
+
+// How the value of a C++ type lies in an attribute's buffer.
+template < class T >
+struct Buffered {
+   using Type = T;
+   using Buffer = T;
+   static constexpr Reach reach = Reach::value;
+};
+template < class T >
+struct Buffered< T * > {
+   using Type = std::remove_const_t< T >;
+   using Buffer = void *;
+   static constexpr Reach reach = Reach::pointer;
+};
+template < class T >
+struct Buffered< Orlo::Ptr< T > > {
+   using Type = T;
+   using Buffer = Orlo::Ptr< Orlo::Node >;
+   static constexpr Reach reach = Reach::counted;
+};
+
+template < auto getter >
+using ValueOf = std::remove_cvref_t< typename Callable< decltype( getter ) >::Result >;
+
+inline constexpr std::nullptr_t none = nullptr;
+
+// An object that is not there, behind a parser's null header, reads as zero, false or empty.
+template < auto getter, auto setter >
+void accessField( void * object, OpCode op, void * buffer ) {
+   using Class = typename Callable< decltype( getter ) >::Class;
+   using Value = ValueOf< getter >;
+   using Buffer = typename Buffered< Value >::Buffer;
+   auto * self = static_cast< Class * >( object );
+   auto & value = *static_cast< Buffer * >( buffer );
+   if constexpr( !std::is_null_pointer_v< decltype( setter ) > ) {
+      if( op == OpCode::write ) {
+         if constexpr( Buffered< Value >::reach == Reach::pointer )
+            std::invoke( setter, *self, static_cast< Value >( value ) );
+         else
+            std::invoke( setter, *self, std::as_const( value ) );
+         return;
+      }
+   }
+   if( self != nullptr )
+      value = std::invoke( getter, *self );
+   else
+      value = Buffer {};
+}
+
+template < auto member >
+void accessStored( void * object, OpCode op, void * buffer ) {
+   using Class = typename Callable< decltype( member ) >::Class;
+   using Value = ValueOf< member >;
+   auto & stored = static_cast< Class * >( object )->*member;
+   if( op == Attribute::locate )
+      *static_cast< void ** >( buffer ) = &stored;
+   else if( op == OpCode::write )
+      stored = *static_cast< Value const * >( buffer );
+   else
+      *static_cast< Value * >( buffer ) = stored;
+}
+
+template < auto value, class Value >
+void accessConstant( void *, OpCode, void * buffer ) {
+   *static_cast< Value * >( buffer ) = *value;
+}
+
+// Arguments and result were checked against the operation's signature.
+template < auto function >
+void callOperation( void * object, OpCode, void * buffer ) {
+   using Operation = Callable< decltype( function ) >;
+   using Class = typename Operation::Class;
+   auto const & call = *static_cast< Call const * >( buffer );
+   Operation::expand( [ & ]< class... A >( Of< A >... ) {
+      std::size_t next = 0;
+      auto const argument = [ & ]< class T >( Of< T > ) -> T {
+         void * place = call.arguments[ next++ ];
+         if constexpr( Buffered< T >::reach == Reach::pointer )
+            return static_cast< T >( *static_cast< void ** >( place ) );
+         else
+            return *static_cast< T const * >( place );
+      };
+      // Braces evaluate the arguments from left to right.
+      std::tuple< A... > arguments { argument( Of< A > {} )... };
+      auto const run = [ & ]( auto &... a ) -> decltype( auto ) {
+         if constexpr( std::is_void_v< Class > )
+            return function( a... );
+         else
+            return ( static_cast< Class * >( object )->*function )( a... );
+      };
+      if constexpr( std::is_void_v< typename Operation::Result > )
+         std::apply( run, arguments );
+      else
+         *static_cast< std::remove_cvref_t< typename Operation::Result > * >( call.result ) =
+            std::apply( run, arguments );
+      return 0;
+   } );
+}
+
+template < class T >
+constexpr TypeId bufferedTypeId() {
+   if constexpr( std::is_void_v< T > )
+      return TypeId {};
+   else
+      return typeIdOf< typename Buffered< std::remove_cvref_t< T > >::Type >;
+}
+
+template < auto function >
+inline constexpr auto argumentTypes =
+   Callable< decltype( function ) >::expand( []< class... A >( Of< A >... ) {
+      return std::array< TypeId, sizeof...( A ) > { bufferedTypeId< A >()... };
+   } );
+
+template < auto function >
+inline constexpr Signature signatureOf {
+   argumentTypes< function >.data(), static_cast< U8 >( argumentTypes< function >.size() ),
+   bufferedTypeId< typename Callable< decltype( function ) >::Result >() };
+
+template < class Value >
+constexpr Attribute row( std::string_view name, Attribute::Access access, unsigned flags ) {
+   Attribute attribute;
+   attribute.nameText = name.data();
+   attribute.nameLength = static_cast< U8 >( name.size() );
+   attribute.access = access;
+   attribute.typeId = typeIdOf< typename Buffered< Value >::Type >;
+   attribute.reach = Buffered< Value >::reach;
+   attribute.flags = static_cast< U8 >( flags );
+   return attribute;
+}
+
+/// An attribute read through a getter and written through a setter.
+template < auto getter, auto setter >
+constexpr Attribute field( std::string_view name ) {
+   return row< ValueOf< getter > >( name, &accessField< getter, setter >,
+                                    Attribute::readableFlag | Attribute::writableFlag );
+}
+
+/// An attribute, or an operation without arguments, that can only be read.
+template < auto getter >
+constexpr Attribute computed( std::string_view name ) {
+   return row< ValueOf< getter > >( name, &accessField< getter, none >, Attribute::readableFlag );
+}
+
+/// A data member that is part of a value's text and can be read and written.
+template < auto member >
+constexpr Attribute stored( std::string_view name ) {
+   return row< ValueOf< member > >( name, &accessStored< member >,
+                                    Attribute::readableFlag | Attribute::writableFlag |
+                                       Attribute::storedFlag );
+}
+
+/// A data member that is part of a value's text; only construction sets it.
+template < auto member >
+constexpr Attribute storedReadOnly( std::string_view name ) {
+   return row< ValueOf< member > >( name, &accessStored< member >,
+                                    Attribute::readableFlag | Attribute::storedFlag );
+}
+
+/// A constant, read as a value of type Value.
+template < auto value, class Value >
+constexpr Attribute constant( std::string_view name ) {
+   return row< Value >( name, &accessConstant< value, Value >, Attribute::readableFlag );
+}
+
+/// An operation that takes arguments or returns nothing: it is called, and refuses to be read.
+/// `argumentNames` are separated by ", ".
+template < auto function >
+constexpr Attribute operation( std::string_view name, char const * argumentNames = "" ) {
+   Attribute attribute;
+   attribute.nameText = name.data();
+   attribute.nameLength = static_cast< U8 >( name.size() );
+   attribute.access = &callOperation< function >;
+   attribute.signature = &signatureOf< function >;
+   attribute.argumentNames = argumentNames;
+   attribute.typeId = signatureOf< function >.result;
+   attribute.flags = Attribute::callableFlag;
+   return attribute;
+}
+
+/// A data member that is a collection (`Kiv::DynArray`, `Kiv::RbTreeMap`), reached by iteration
+/// and by key.
+template < auto member >
+constexpr Attribute collection( std::string_view name, bool writable = true ) {
+   Attribute attribute;
+   attribute.nameText = name.data();
+   attribute.nameLength = static_cast< U8 >( name.size() );
+   attribute.collectionRecord = &collectionRecordOf< member >;
+   attribute.typeId = typeIdOf< typename ValueOf< member >::Value >;
+   attribute.flags = static_cast< U8 >( Attribute::collectionFlag | Attribute::storedFlag |
+                                        Attribute::readableFlag |
+                                        ( writable ? Attribute::writableFlag : 0 ) );
+   return attribute;
+}
+
+/// An attribute that the object's state may forbid to read: tools ask `guard` first, a call
+/// through the generic interface runs into the getter's assertion all the same.
+template < auto guard >
+constexpr Attribute guarded( Attribute attribute ) {
+   using Class = typename Callable< decltype( guard ) >::Class;
+   attribute.guard = []( void const * object ) -> bool {
+      return ( static_cast< Class const * >( object )->*guard )();
+   };
+   return attribute;
+}
+
+/// A class's own attributes in their order, and the class whose attributes come before them.
+template < class Base_, std::size_t n >
+struct AttributeTable {
+   using Base = Base_;
+   static constexpr std::size_t size = n;
+   std::array< Attribute, n > rows;
+};
+
+template < class... Rows >
+constexpr auto attributes( Rows... rows ) {
+   return AttributeTable< void, sizeof...( Rows ) > { { rows... } };
+}
+
+template < class Base, class... Rows >
+constexpr auto attributesAfter( Rows... rows ) {
+   return AttributeTable< Base, sizeof...( Rows ) > { { rows... } };
+}
+
+} // namespace Kiv

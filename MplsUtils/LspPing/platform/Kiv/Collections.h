@@ -1,0 +1,116 @@
+#pragma once
+
+#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "MplsUtils/LspPing/platform/Kiv/TypeId.h"
+
+#include <cstddef>
+#include <memory>
+#include <new>
+#include <type_traits>
+
+namespace Kiv {
+
+// The type system reaches every collection through one record of plain functions. A collection
+// class offers:
+//
+//    using Key, Value, Iterator;      Iterator: nonnull(), key(), value(), advance(); copyable
+//    Iterator iterator() const;       at the first element
+//    std::size_t count() const;  U64 version() const;  bool contains( Key ) const;
+//    Value entry( Key ) const;        the default value where there is none
+//    void entryIs( Key, Value const & );  Value entryDel( Key );  Value entryDel( Iterator const & );
+
+/// Room for any collection's iterator.
+struct IteratorStorage {
+   static constexpr std::size_t size = 48;
+   alignas( void * ) std::byte bytes[ size ];
+};
+
+/// What can be done with a collection member of an object without knowing its class. `key` is
+/// given as a number and must fit the collection's key type.
+struct CollectionRecord {
+   TypeId keyType;
+   U32 keyLimit; ///< the highest key
+   std::size_t ( *count )( void const * owner );
+   U64 ( *version )( void const * owner );
+   bool ( *contains )( void const * owner, U32 key );
+   void ( *read )( void const * owner, U32 key, void * value );
+   void ( *write )( void * owner, U32 key, void const * value );
+
+   void ( *iterator )( void const * owner, IteratorStorage & );
+   void ( *iteratorCopy )( IteratorStorage const &, IteratorStorage & );
+   void ( *iteratorEnd )( IteratorStorage & );
+   bool ( *iterNonnull )( IteratorStorage const & );
+   void const * ( *iterObj )( IteratorStorage const & );
+   U32 ( *iterKey )( IteratorStorage const & );
+   void ( *iterInc )( IteratorStorage & );
+   void ( *iterDel )( void * owner, IteratorStorage const & );
+};
+
+template < class T >
+struct MemberOf;
+template < class C, class T >
+struct MemberOf< T C::* > {
+   using Owner = C;
+   using Member = T;
+};
+
+template < auto member >
+struct CollectionAccess {
+   using Owner = typename MemberOf< decltype( member ) >::Owner;
+   using Collection = typename MemberOf< decltype( member ) >::Member;
+   using Key = typename Collection::Key;
+   using Value = typename Collection::Value;
+   using Iterator = typename Collection::Iterator;
+   static_assert( sizeof( Iterator ) <= IteratorStorage::size );
+   static_assert( alignof( Iterator ) <= alignof( IteratorStorage ) );
+
+   static Collection const & of( void const * owner ) {
+      return static_cast< Owner const * >( owner )->*member;
+   }
+   static Collection & of( void * owner ) { return static_cast< Owner * >( owner )->*member; }
+   // The storage holds an Iterator from `iterator` or `iteratorCopy` until `iteratorEnd`.
+   static Iterator & in( IteratorStorage & s ) {
+      return *std::launder( reinterpret_cast< Iterator * >( s.bytes ) );
+   }
+   static Iterator const & in( IteratorStorage const & s ) {
+      return *std::launder( reinterpret_cast< Iterator const * >( s.bytes ) );
+   }
+
+   static constexpr CollectionRecord record {
+      .keyType = typeIdOf< Key >,
+      .keyLimit = static_cast< Key >( ~Key { 0 } ),
+      .count = []( void const * owner ) -> std::size_t { return of( owner ).count(); },
+      .version = []( void const * owner ) -> U64 { return of( owner ).version(); },
+      .contains = []( void const * owner, U32 key ) -> bool {
+         return of( owner ).contains( static_cast< Key >( key ) );
+      },
+      .read =
+         []( void const * owner, U32 key, void * value ) {
+            *static_cast< Value * >( value ) = of( owner ).entry( static_cast< Key >( key ) );
+         },
+      .write =
+         []( void * owner, U32 key, void const * value ) {
+            of( owner ).entryIs( static_cast< Key >( key ), *static_cast< Value const * >( value ) );
+         },
+      .iterator =
+         []( void const * owner, IteratorStorage & s ) {
+            ::new( s.bytes ) Iterator( of( owner ).iterator() );
+         },
+      .iteratorCopy =
+         []( IteratorStorage const & from, IteratorStorage & to ) {
+            ::new( to.bytes ) Iterator( in( from ) );
+         },
+      .iteratorEnd = []( IteratorStorage & s ) { std::destroy_at( &in( s ) ); },
+      .iterNonnull = []( IteratorStorage const & s ) -> bool { return in( s ).nonnull(); },
+      .iterObj = []( IteratorStorage const & s ) -> void const * { return &in( s ).value(); },
+      .iterKey = []( IteratorStorage const & s ) -> U32 { return in( s ).key(); },
+      .iterInc = []( IteratorStorage & s ) { in( s ).advance(); },
+      .iterDel =
+         []( void * owner, IteratorStorage const & s ) { of( owner ).entryDel( in( s ) ); },
+   };
+};
+
+template < auto member >
+inline constexpr CollectionRecord const & collectionRecordOf = CollectionAccess< member >::record;
+
+} // namespace Kiv

@@ -1,0 +1,279 @@
+#pragma once
+
+#include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
+#include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
+#include "MplsUtils/LspPing/platform/Kiv/Enumeration.h"
+#include "MplsUtils/LspPing/platform/Kiv/NameTable.h"
+#include "MplsUtils/LspPing/platform/Kiv/NrcPtrInterface.h"
+#include "MplsUtils/LspPing/platform/Kiv/ScalarText.h"
+#include "MplsUtils/LspPing/platform/Kiv/TypeName.h"
+#include "MplsUtils/LspPing/platform/Kiv/TypeRecord.h"
+#include "MplsUtils/LspPing/platform/Orlo/Node.h"
+
+#include <array>
+#include <bit>
+#include <memory>
+#include <utility>
+
+// Turns the list of a module's types into its table. Included by the one source file of each
+// module that holds the table, where all the classes are complete.
+
+namespace Kiv {
+
+/// Base of a class that holds constants only.
+class ConstantHolder {};
+
+template < class T >
+concept HasAttributes = requires { kivAttributesOf( Of< T > {} ); };
+
+template < class T >
+   requires requires { T::kivAttributes(); }
+constexpr auto kivAttributesOf( Of< T > ) {
+   return T::kivAttributes();
+}
+
+template < class T >
+concept HasText = requires( Orlo::StringBuilder & out, T const & value ) {
+   appendText( out, value );
+};
+
+template < class T >
+concept ReadFromText = requires( CharRange & in, T * value ) { sequenceToValue( in, value ); };
+
+template < class T >
+constexpr Kind kindOf() {
+   if constexpr( std::is_enum_v< T > )
+      return Kind::enumeration;
+   else if constexpr( std::is_base_of_v< NrcPtrInterface, T > )
+      return Kind::pointerInterface;
+   else if constexpr( std::is_base_of_v< Orlo::Node, T > )
+      return Kind::object;
+   else if constexpr( std::is_base_of_v< ConstantHolder, T > )
+      return Kind::constant;
+   else
+      return Kind::value;
+}
+
+// A pointer-interface type hashes its address; the low bits of addresses vary most, so their
+// order is turned round.
+inline U64 pointerHash( void const * object ) noexcept {
+   U64 bits = reinterpret_cast< std::uintptr_t >( object );
+   bits = ( bits & 0x5555555555555555u ) << 1 | ( bits >> 1 & 0x5555555555555555u );
+   bits = ( bits & 0x3333333333333333u ) << 2 | ( bits >> 2 & 0x3333333333333333u );
+   bits = ( bits & 0x0f0f0f0f0f0f0f0fu ) << 4 | ( bits >> 4 & 0x0f0f0f0f0f0f0f0fu );
+   return __builtin_bswap64( bits );
+}
+
+template < class T >
+constexpr Operations operationsFor() {
+   constexpr Kind kind = kindOf< T >();
+   Operations o;
+   if constexpr( kind == Kind::object ) {
+      if constexpr( requires { T::kivTarget; } )
+         o.target = T::kivTarget;
+      if constexpr( requires { T::kivCreate; } ) {
+         if constexpr( requires( Orlo::Ptr< Velnet::Pkt > const & pkt ) { T::kivCreate( pkt, 0u ); } )
+            o.create = []( Orlo::Ptr< Velnet::Pkt > const & pkt,
+                           U32 offset ) -> Orlo::Ptr< Orlo::Node > {
+               return T::kivCreate( pkt, offset );
+            };
+         else
+            o.createEmpty = []() -> Orlo::Ptr< Orlo::Node > { return T::kivCreate(); };
+      }
+   } else if constexpr( kind != Kind::constant ) {
+      if constexpr( std::is_copy_constructible_v< T > ) {
+         o.construct = []( void * place, void const * from ) {
+            if( from != nullptr )
+               ::new( place ) T( *static_cast< T const * >( from ) );
+            else
+               ::new( place ) T();
+         };
+         o.assign = []( void * object, void const * from ) {
+            *static_cast< T * >( object ) = *static_cast< T const * >( from );
+         };
+      } else if constexpr( std::is_default_constructible_v< T > ) {
+         o.construct = []( void * place, void const * ) { ::new( place ) T(); };
+      }
+      o.destruct = []( void * object ) { std::destroy_at( static_cast< T * >( object ) ); };
+      if constexpr( kind == Kind::pointerInterface )
+         o.hash = pointerHash;
+      else if constexpr( requires( T const & value ) { value.kivHash(); } )
+         o.hash = []( void const * value ) -> U64 {
+            return static_cast< T const * >( value )->kivHash();
+         };
+      if constexpr( kind != Kind::pointerInterface && std::equality_comparable< T > )
+         o.equal = []( void const * a, void const * b ) -> bool {
+            return *static_cast< T const * >( a ) == *static_cast< T const * >( b );
+         };
+      if constexpr( kind == Kind::value && std::is_class_v< T > &&
+                    requires( T const & value ) { value.operator bool(); } )
+         o.isSet = []( void const * value ) -> bool {
+            return static_cast< bool >( *static_cast< T const * >( value ) );
+         };
+      if constexpr( HasText< T > )
+         o.appendText = []( Orlo::StringBuilder & out, void const * value ) {
+            appendText( out, *static_cast< T const * >( value ) );
+         };
+      if constexpr( std::is_constructible_v< T, CharRange & > )
+         o.parse = []( CharRange & in, void * value ) { *static_cast< T * >( value ) = T( in ); };
+      else if constexpr( ReadFromText< T > )
+         o.parse = []( CharRange & in, void * value ) {
+            sequenceToValue( in, static_cast< T * >( value ) );
+         };
+   }
+   return o;
+}
+
+template < class T >
+inline constexpr Operations operationsOf = operationsFor< T >();
+
+// The attributes of a class and of all its bases, found by name, for those that forward them.
+template < class T >
+constexpr bool findAttribute( std::string_view name, Attribute & found ) {
+   if constexpr( requires { T::kivAccessors(); } ) {
+      for( Attribute const & row : T::kivAccessors().rows ) {
+         if( row.name() == name ) {
+            found = row;
+            return true;
+         }
+      }
+   }
+   for( Attribute const & row : T::kivAttributes().rows ) {
+      if( row.name() == name ) {
+         found = row;
+         return true;
+      }
+   }
+   using Base = typename decltype( T::kivAttributes() )::Base;
+   if constexpr( !std::is_void_v< Base > )
+      return findAttribute< Base >( name, found );
+   return false;
+}
+
+// Rows of `Via` (names separated by ", ") as read-only attributes of a type that forwards them.
+template < class Via, std::size_t n >
+constexpr void forwardAttributes( std::string_view names, std::array< Attribute, n > & rows,
+                                  std::size_t first ) {
+   for( std::size_t i = first; i < n; ++i ) {
+      std::size_t const end = names.find( ',' );
+      Attribute row;
+      if( !findAttribute< Via >( names.substr( 0, end ), row ) )
+         throw "the view has no attribute of a forwarded name";
+      row.flags = static_cast< U8 >(
+         ( row.flags & ( Attribute::readableFlag | Attribute::collectionFlag ) ) |
+         Attribute::forwardedFlag );
+      rows[ i ] = row;
+      if( end != std::string_view::npos )
+         names.remove_prefix( names.find_first_not_of( ", ", end ) );
+   }
+}
+
+constexpr std::size_t nameCount( std::string_view names ) {
+   std::size_t count = 1;
+   for( char const c : names )
+      count += c == ',' ? 1 : 0;
+   return count;
+}
+
+// A class that forwards names what it forwards; its own attributes come first.
+template < class T >
+   requires requires { T::kivForwarded; }
+constexpr auto kivAttributesOf( Of< T > ) {
+   constexpr auto own = T::kivAttributes();
+   AttributeTable< void, own.size + nameCount( T::kivForwarded ) > table {};
+   for( std::size_t i = 0; i < own.size; ++i )
+      table.rows[ i ] = own.rows[ i ];
+   forwardAttributes< typename T::KivForwardedFrom >( T::kivForwarded, table.rows, own.size );
+   return table;
+}
+
+template < class T >
+constexpr U8 firstAttributeId() {
+   constexpr bool hasBase = !std::is_void_v< typename decltype( kivAttributesOf( Of< T > {} ) )::Base >;
+   return hasBase || kindOf< T >() == Kind::object || kindOf< T >() == Kind::constant ? 130 : 2;
+}
+
+template < class T >
+inline constexpr auto attributeRows = [] {
+   auto rows = kivAttributesOf( Of< T > {} ).rows;
+   U16 id = firstAttributeId< T >();
+   for( Attribute & row : rows )
+      row.id = id++;
+   return rows;
+}();
+
+template < class T >
+inline constexpr auto attributeSlots = nameSlots< attributeRows< T >.size() >(
+   []( std::size_t i ) { return attributeRows< T >[ i ].name(); } );
+
+template < class T >
+constexpr TypeRecord recordOf( TypeId id ) {
+   TypeRecord r;
+   r.id = id;
+   r.name = typeName< T >;
+   r.kind = kindOf< T >();
+   r.operations = &operationsOf< T >;
+   r.size = sizeof( T );
+   r.alignment = alignof( T );
+   if constexpr( requires { T::memAllocationTracker_; } )
+      r.tracker = &T::memAllocationTracker_;
+   if constexpr( std::is_enum_v< T > ) {
+      r.enumerators = EnumerationOf< T >::rows.data();
+      r.enumeratorCount = static_cast< U16 >( EnumerationOf< T >::rows.size() );
+      r.underlying = typeIdOf< std::underlying_type_t< T > >;
+   } else if constexpr( HasAttributes< T > ) {
+      using Base = typename decltype( kivAttributesOf( Of< T > {} ) )::Base;
+      if constexpr( !std::is_void_v< Base > ) {
+         // Accesses that are forwarded to the base use the object's own address.
+         static_assert( std::is_base_of_v< Base, T > );
+         r.base = typeIdOf< Base >;
+      }
+      r.attributes = attributeRows< T >.data();
+      r.attributeCount = static_cast< U16 >( attributeRows< T >.size() );
+      r.attributeSlots = attributeSlots< T >.data();
+      r.slotMask = static_cast< U16 >( attributeSlots< T >.size() - 1 );
+      r.firstId = firstAttributeId< T >();
+   }
+   return r;
+}
+
+// A class that is declared but not defined where the table stands keeps its place only.
+template < class T >
+concept Present = requires { sizeof( T ); } && ( !std::is_enum_v< T > ||
+                                                 requires { kivEnumerators( Of< T > {} ); } );
+
+template < class List >
+struct TypeTable;
+template < class... Ts >
+struct TypeTable< TypeList< Ts... > > {
+   static constexpr std::size_t size = sizeof...( Ts );
+
+   static constexpr std::array< TypeRecord, size > build( U16 module ) {
+      U16 next = 0;
+      auto const one = [ & ]< class T >( Of< T > ) {
+         TypeId const id { module, next++ };
+         if constexpr( Present< T > ) {
+            return recordOf< T >( id );
+         } else {
+            TypeRecord absent;
+            absent.id = id;
+            return absent;
+         }
+      };
+      return { one( Of< Ts > {} )... };
+   }
+};
+
+/// The table of the module of that number, whose types are those of the list.
+template < class List, U16 module >
+struct Module {
+   static constexpr std::array< TypeRecord, List::size > types = TypeTable< List >::build( module );
+   static constexpr auto slots =
+      nameSlots< List::size >( []( std::size_t i ) { return types[ i ].name; } );
+
+   static constexpr ModuleTable table( std::string_view name ) {
+      return { name, types.data(), slots.data(), module, List::size, slots.size() - 1 };
+   }
+};
+
+} // namespace Kiv

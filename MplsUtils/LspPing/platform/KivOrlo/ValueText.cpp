@@ -1,0 +1,108 @@
+#include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
+
+#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
+#include "MplsUtils/LspPing/platform/Kiv/Collections.h"
+#include "MplsUtils/LspPing/platform/Kiv/Instance.h"
+#include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
+
+#include <ostream>
+
+namespace KivOrlo {
+
+namespace {
+
+void appendCollection( Orlo::StringBuilder & out, Kiv::CollectionRecord const & collection,
+                       Kiv::TypeRef valueType, void const * owner ) {
+   out.append( '{' );
+   Kiv::IteratorStorage storage;
+   collection.iterator( owner, storage );
+   for( bool first = true; collection.iterNonnull( storage ); collection.iterInc( storage ) ) {
+      if( !first )
+         out.append( ", " );
+      first = false;
+      out.appendDecimal( collection.iterKey( storage ) );
+      out.append( ": " );
+      appendValue( out, valueType, collection.iterObj( storage ) );
+   }
+   collection.iteratorEnd( storage );
+   out.append( '}' );
+}
+
+// The address of a stored attribute's value. Locating changes nothing, whatever the pointer says.
+void * stored( Kiv::Attribute const & attribute, void const * object ) {
+   void * place = nullptr;
+   attribute.access( const_cast< void * >( object ), Kiv::Attribute::locate, &place );
+   return place;
+}
+
+} // namespace
+
+void appendValue( Orlo::StringBuilder & out, Kiv::TypeRef type, void const * value ) {
+   if( type.operations().appendText != nullptr ) {
+      type.operations().appendText( out, value );
+      return;
+   }
+   out.append( type.name() );
+   char before = '(';
+   for( Kiv::Attribute const & attribute : type.attributes() ) {
+      if( !attribute.stored() )
+         continue;
+      out.append( before );
+      if( before == ',' )
+         out.append( ' ' );
+      before = ',';
+      out.append( attribute.name() );
+      out.append( '=' );
+      if( attribute.collection() )
+         appendCollection( out, *attribute.collectionRecord, attribute.type(), value );
+      else
+         appendValue( out, attribute.type(), stored( attribute, value ) );
+   }
+   if( before == '(' )
+      out.append( '(' );
+   out.append( ')' );
+}
+
+Orlo::String valueToStrep( Kiv::TypeRef type, void const * value ) {
+   Orlo::StringBuilder out;
+   appendValue( out, type, value );
+   return out.string();
+}
+
+std::ostream & writeValue( std::ostream & out, Kiv::TypeRef type, void const * value ) {
+   Orlo::StringBuilder text;
+   appendValue( text, type, value );
+   return out << text.view();
+}
+
+void strepToValue( std::string_view text, Kiv::TypeRef type, void * value ) {
+   KIV_ASSERT( type.operations().parse != nullptr );
+   Kiv::CharRange in( text );
+   Kiv::Instance parsed( type );
+   type.operations().parse( in, parsed.object() );
+   if( !in.atEnd() )
+      throw Kiv::RangeException( Orlo::String( type.name() ),
+                                 "text is left over at offset " + std::to_string( in.position() ) );
+   type.operations().assign( value, parsed.object() );
+}
+
+void parseAttributes( Kiv::CharRange & in, Kiv::TypeRef type, void * object ) {
+   bool first = true;
+   for( Kiv::Attribute const & attribute : type.attributes() ) {
+      if( !attribute.stored() )
+         continue;
+      if( first )
+         in.expectOpen( type.name(), attribute.name() );
+      else
+         in.expectNext( attribute.name() );
+      first = false;
+      try {
+         attribute.type().operations().parse( in, stored( attribute, object ) );
+      } catch( Kiv::RangeException const & e ) {
+         throw e.within( attribute.name() );
+      }
+   }
+   in.expectClose();
+}
+
+} // namespace KivOrlo

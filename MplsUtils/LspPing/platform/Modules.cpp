@@ -1,0 +1,37 @@
+#include "MplsUtils/LspPing/platform/Kiv/Module.h"
+#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/Velnet/Ip6Addr.h"
+#include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
+#include "MplsUtils/LspPing/platform/Velnet/ModuleTypes.h"
+#include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
+#include "MplsUtils/LspPing/platform/Velnet/Pkt.h"
+
+// The module tables of the platform's own value types.
+
+template <>
+struct Kiv::SpelledName< Velnet::NetU16 > {
+   static constexpr std::string_view value = "Velnet::NetU16";
+};
+template <>
+struct Kiv::SpelledName< Velnet::NetU32 > {
+   static constexpr std::string_view value = "Velnet::NetU32";
+};
+template <>
+struct Kiv::SpelledName< Velnet::NetU64 > {
+   static constexpr std::string_view value = "Velnet::NetU64";
+};
+
+namespace {
+
+constexpr Kiv::ModuleTable kivModule =
+   Kiv::Module< Kiv::ModuleTypes, Kiv::moduleNumber >::table( "Kiv" );
+constexpr Kiv::ModuleTable velnetModule =
+   Kiv::Module< Velnet::ModuleTypes, Velnet::moduleNumber >::table( "Velnet" );
+
+// The lowest priority that is not the implementation's own: before the libraries on top.
+[[gnu::constructor( 101 )]] void registerModules() noexcept {
+   Kiv::kivModuleIs( kivModule );
+   Kiv::kivModuleIs( velnetModule );
+}
+
+} // namespace
