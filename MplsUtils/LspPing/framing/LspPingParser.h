@@ -5,11 +5,10 @@
 #include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Orlo/Node.h"
 #include "MplsUtils/LspPing/platform/Orlo/Ptr.h"
+#include "MplsUtils/LspPing/platform/VelSlab/Slab.h"
 #include "MplsUtils/LspPing/platform/Velnet/Pkt.h"
 #include "MplsUtils/LspPing/types/Export.h"
 #include "MplsUtils/LspPing/types/LspPingModules.h"
-
-#include <cstddef>
 
 namespace LspPing {
 
@@ -22,8 +21,8 @@ class LSPPING_EXPORT LspPingParser : public Orlo::Node {
    U32 offset() const noexcept { return offset_; }
    Orlo::Ptr< Velnet::Pkt > const & pkt() const noexcept { return pkt_; }
 
-   // Parsers are made by their factories, in slab memory and in their class's allocation count.
-   static void * operator new( std::size_t ) = delete;
+   /// Mostly a parser has one user, the agent that reads through it.
+   static constexpr bool usuallyOneUser = true;
 
  protected:
    /// The packet must not be null.
@@ -36,10 +35,6 @@ class LSPPING_EXPORT LspPingParser : public Orlo::Node {
    void placeIs( void * header ) noexcept { header_ = header; }
    /// Points at the packet's current data start plus the offset.
    void handlePlace() noexcept;
-
-   static void * allocate( std::size_t size, Kiv::AllocationTracker & tracker );
-   static void release( void * object, std::size_t size,
-                        Kiv::AllocationTracker & tracker ) noexcept;
 
  private:
    U32 offset_;

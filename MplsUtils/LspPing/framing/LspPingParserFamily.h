@@ -8,7 +8,8 @@
 /// Declares the parser of view LspPing<X> and its factory. The list names the attributes that are
 /// forwarded to the view, in order; the view itself need not be known here.
 #define LSPPING_PARSER( X, ... )                                                                   \
-   class LSPPING_EXPORT LspPing##X##Parser : public LspPingParser {                                \
+   class LSPPING_EXPORT LspPing##X##Parser : public LspPingParser,                                 \
+                                             public VelSlab::Allocated< LspPing##X##Parser > {     \
     public:                                                                                        \
       LspPing##X##Parser( Orlo::Ptr< Velnet::Pkt > const & pkt, U32 offset );                      \
       /** A new parser, in the order of arguments that the type system knows. */                   \
@@ -21,9 +22,6 @@
       void handleHeader() noexcept;                                                                \
                                                                                                    \
       Kiv::TypeRef typeData() const override;                                                      \
-      static void * operator new( std::size_t size );                                              \
-      static void * operator new( std::size_t, void * place ) noexcept { return place; }           \
-      static void operator delete( void * object, std::size_t size ) noexcept;                     \
                                                                                                    \
       static consteval auto kivAttributes() {                                                      \
          using Self = LspPing##X##Parser;                                                          \
@@ -58,15 +56,9 @@
    Kiv::TypeRef LspPing##X##Parser::typeData() const {                                             \
       return Kiv::typeOf< LspPing##X##Parser >();                                                  \
    }                                                                                               \
-   void * LspPing##X##Parser::operator new( std::size_t size ) {                                   \
-      return allocate( size, memAllocationTracker_ );                                              \
-   }                                                                                               \
-   void LspPing##X##Parser::operator delete( void * object, std::size_t size ) noexcept {          \
-      release( object, size, memAllocationTracker_ );                                              \
-   }                                                                                               \
    Orlo::Ptr< LspPing##X##Parser > lspPing##X##ParserFactory(                                      \
       Orlo::Ptr< Velnet::Pkt > const & pkt, U32 offset ) {                                         \
-      return Orlo::Ptr< LspPing##X##Parser >( new LspPing##X##Parser( pkt, offset ) );             \
+      return Orlo::Ptr< LspPing##X##Parser >::make( pkt, offset );                                 \
    }                                                                                               \
    static_assert( sizeof( LspPing##X##Parser ) == sizeof( LspPingParser ) )
 

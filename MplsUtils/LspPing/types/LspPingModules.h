@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MplsUtils/LspPing/platform/Kiv/TypeId.h"
+#include "MplsUtils/LspPing/platform/Velnet/ModuleTypes.h"
 
 namespace LspPing {
 

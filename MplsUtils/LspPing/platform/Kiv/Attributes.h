@@ -9,7 +9,6 @@
 #include <cstddef>
 #include <functional>
 #include <string_view>
-#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -121,36 +120,37 @@ void accessConstant( void *, OpCode, void * buffer ) {
    *static_cast< Value * >( buffer ) = *value;
 }
 
+template < class T >
+T argumentAt( Call const & call, std::size_t index ) {
+   if constexpr( Buffered< T >::reach == Reach::pointer )
+      return static_cast< T >( *static_cast< void ** >( call.arguments[index] ) );
+   else
+      return *static_cast< T const * >( call.arguments[index] );
+}
+
+template < auto function, class... A, std::size_t... index >
+auto callWith( void * object, Call const & call, std::index_sequence< index... >, Of< A >... ) ->
+   typename Callable< decltype( function ) >::Result {
+   using Class = typename Callable< decltype( function ) >::Class;
+   if constexpr( std::is_void_v< Class > )
+      return function( argumentAt< A >( call, index )... );
+   else
+      return ( static_cast< Class * >( object )->*function )( argumentAt< A >( call, index )... );
+}
+
 // Arguments and result were checked against the operation's signature.
 template < auto function >
 void callOperation( void * object, OpCode, void * buffer ) {
    using Operation = Callable< decltype( function ) >;
-   using Class = typename Operation::Class;
-   auto const & call = *static_cast< Call const * >( buffer );
-   Operation::expand( [&]< class... A >( Of< A >... ) {
-      std::size_t next = 0;
-      auto const argument = [&]< class T >( Of< T > ) -> T {
-         void * place = call.arguments[next++];
-         if constexpr( Buffered< T >::reach == Reach::pointer )
-            return static_cast< T >( *static_cast< void ** >( place ) );
-         else
-            return *static_cast< T const * >( place );
-      };
-      // Braces evaluate the arguments from left to right.
-      std::tuple< A... > arguments{ argument( Of< A >{} )... };
-      auto const run = [&]( auto &... a ) -> decltype( auto ) {
-         if constexpr( std::is_void_v< Class > )
-            return function( a... );
-         else
-            return ( static_cast< Class * >( object )->*function )( a... );
-      };
-      if constexpr( std::is_void_v< typename Operation::Result > )
-         std::apply( run, arguments );
-      else
-         *static_cast< std::remove_cvref_t< typename Operation::Result > * >( call.result ) =
-            std::apply( run, arguments );
-      return 0;
-   } );
+   using Result = std::remove_cvref_t< typename Operation::Result >;
+   [[maybe_unused]] auto const & call = *static_cast< Call const * >( buffer );
+   auto const run = [&]< class... A >( Of< A >... types ) {
+      return callWith< function >( object, call, std::index_sequence_for< A... >(), types... );
+   };
+   if constexpr( std::is_void_v< Result > )
+      Operation::expand( run );
+   else
+      *static_cast< Result * >( call.result ) = Operation::expand( run );
 }
 
 template < class T >

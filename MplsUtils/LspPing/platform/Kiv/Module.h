@@ -23,16 +23,8 @@ namespace Kiv {
 
 template < class T >
 concept HasAttributes = requires {
-   kivAttributesOf( Of< T >{} );
-};
-
-template < class T >
-requires requires {
    T::kivAttributes();
-}
-constexpr auto kivAttributesOf( Of< T > ) {
-   return T::kivAttributes();
-}
+};
 
 template < class T >
 concept HasText = requires( Orlo::StringBuilder & out, T const & value ) {
@@ -182,29 +174,29 @@ constexpr std::size_t nameCount( std::string_view names ) {
 }
 
 // A class that forwards names what it forwards; its own attributes come first.
-template < class T >
-requires requires {
-   T::kivForwarded;
-}
-constexpr auto kivAttributesOf( Of< T > ) {
+template < HasAttributes T >
+constexpr auto allAttributesOf() {
    constexpr auto own = T::kivAttributes();
-   AttributeTable< void, own.size + nameCount( T::kivForwarded ) > table{};
-   for( std::size_t i = 0; i < own.size; ++i )
-      table.rows[i] = own.rows[i];
-   forwardAttributes< typename T::KivForwardedFrom >( T::kivForwarded, table.rows, own.size );
-   return table;
+   if constexpr( requires { T::kivForwarded; } ) {
+      AttributeTable< void, own.size + nameCount( T::kivForwarded ) > table{};
+      for( std::size_t i = 0; i < own.size; ++i )
+         table.rows[i] = own.rows[i];
+      forwardAttributes< typename T::KivForwardedFrom >( T::kivForwarded, table.rows, own.size );
+      return table;
+   } else {
+      return own;
+   }
 }
 
 template < class T >
 constexpr U8 firstAttributeId() {
-   constexpr bool hasBase =
-      !std::is_void_v< typename decltype( kivAttributesOf( Of< T >{} ) )::Base >;
+   constexpr bool hasBase = !std::is_void_v< typename decltype( allAttributesOf< T >() )::Base >;
    return hasBase || kindOf< T >() == Kind::object || kindOf< T >() == Kind::constant ? 130 : 2;
 }
 
 template < class T >
 inline constexpr auto attributeRows = [] {
-   auto rows = kivAttributesOf( Of< T >{} ).rows;
+   auto rows = allAttributesOf< T >().rows;
    U16 id = firstAttributeId< T >();
    for( Attribute & row : rows )
       row.id = id++;
@@ -232,7 +224,7 @@ constexpr TypeRecord recordOf( TypeId id ) {
       r.enumeratorCount = static_cast< U16 >( EnumerationOf< T >::rows.size() );
       r.underlying = typeIdOf< std::underlying_type_t< T > >;
    } else if constexpr( HasAttributes< T > ) {
-      using Base = typename decltype( kivAttributesOf( Of< T >{} ) )::Base;
+      using Base = typename decltype( allAttributesOf< T >() )::Base;
       if constexpr( !std::is_void_v< Base > ) {
          // Accesses that are forwarded to the base use the object's own address.
          static_assert( std::is_base_of_v< Base, T > );
