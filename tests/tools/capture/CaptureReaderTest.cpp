@@ -244,6 +244,27 @@ TEST( CaptureReader, failsOnADeviceThatCannotBeRead ) {
    endsInError( reader, ReadErrorKind::fileFailed, "standard input: Bad file descriptor" );
 }
 
+TEST( CaptureReader, failsWhereADeviceDoesInMidFile ) {
+   Bytes bytes = pcapHeader( 1 );
+   for( int i = 0; i < 2000; ++i ) {
+      bytes = std::move( bytes ) + pcapRecord( packet );
+   }
+   TemporaryFile file( bytes );
+   StandardInput input( ::open( file.path().c_str(), O_RDONLY ) );
+   CaptureReader reader( "-" );
+   ASSERT_EQ( reader.next(), Step::message );
+   StandardInput broken( ::open( "/dev/null", O_WRONLY ) );
+   Step step = reader.next();
+   while( step == Step::message ) {
+      step = reader.next();
+   }
+   ASSERT_EQ( step, Step::error );
+   EXPECT_EQ( reader.error().kind, ReadErrorKind::fileFailed );
+   EXPECT_EQ( reader.error().packet, reader.packet().number + 1 );
+   EXPECT_NE( reader.error().text.find( "Bad file descriptor" ), std::string::npos );
+   EXPECT_EQ( reader.next(), Step::end );
+}
+
 TEST( CaptureReader, failsOnWhatIsNoCapture ) {
    TemporaryFile text( "This is a text, and no capture at all.\n" );
    CaptureReader reader( text.path() );

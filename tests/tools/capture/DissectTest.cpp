@@ -242,6 +242,20 @@ TEST( Dissect, takesNoPaddingForPayload ) {
    isPlainMessage( Dissected( rawLink, ipv4( udp( message + Bytes{ 9, 9 }, 16 ) ) ) );
 }
 
+TEST( Dissect, takesNoPaddingForWhatTheUdpLengthPromises ) {
+   std::vector< Problem > const problems{
+      { 8, "The UDP length is 30, but the packet has 16 bytes for it" }
+   };
+   for( Bytes frame : { ethernet( 0x0800, ipv4( udp( message, 30 ) ) ),
+                        ethernet( 0x86dd, ipv6( 17, udp( message, 30 ) ) ) } ) {
+      frame.resize( frame.size() + 20 );
+      Dissected result( ethernetLink, frame );
+      EXPECT_TRUE( result.isMessage );
+      EXPECT_EQ( result.payload(), message );
+      EXPECT_EQ( result.packet.problems, problems );
+   }
+}
+
 TEST( Dissect, readsIpv4WithOptions ) {
    Bytes packet = ipv4( Bytes{ 0x94, 0x04, 0, 0 } + udp( message ) );
    packet[0] = 0x46;
@@ -254,7 +268,11 @@ TEST( Dissect, refusesAnIpv4HeaderOfWrongLength ) {
    EXPECT_FALSE( Dissected( rawLink, packet ).isMessage );
    packet[0] = 0x4f;
    EXPECT_FALSE( Dissected( rawLink, packet ).isMessage );
+   // As many bytes as the header claims, but not here.
+   packet[2] = 1;
+   EXPECT_FALSE( Dissected( rawLink, packet ).isMessage );
    packet[0] = 0x45;
+   packet[2] = 0;
    packet[3] = 19;
    EXPECT_FALSE( Dissected( rawLink, packet ).isMessage );
 }

@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <pcap/pcap.h>
 
 namespace LspPingTool {
@@ -32,7 +31,7 @@ std::FILE * streamOver( InputFile & input, char * buffer ) {
    functions.seek = positionOfInput;
    std::FILE * stream = ::fopencookie( &input, "r", functions );
    if( stream != nullptr ) {
-      std::setvbuf( stream, buffer, _IOFBF, bufferSize );
+      static_cast< void >( std::setvbuf( stream, buffer, _IOFBF, bufferSize ) );
    }
    return stream;
 }
@@ -83,22 +82,22 @@ EchoSource::Step CaptureReader::failed( ReadErrorKind kind, std::string text ) {
 /// On a failure the error is set.
 bool CaptureReader::open() {
    if( input_.failure() != 0 ) {
-      failed( ReadErrorKind::fileFailed, std::strerror( input_.failure() ) );
+      failed( ReadErrorKind::fileFailed, systemText( input_.failure() ) );
       return false;
    }
    std::FILE * stream = streamOver( input_, buffer_.get() );
    if( stream == nullptr ) {
-      failed( ReadErrorKind::fileFailed, std::strerror( errno ) );
+      failed( ReadErrorKind::fileFailed, systemText( errno ) );
       return false;
    }
    char text[PCAP_ERRBUF_SIZE] = "";
    capture_.reset( ::pcap_fopen_offline_with_tstamp_precision( stream, PCAP_TSTAMP_PRECISION_NANO,
                                                                static_cast< char * >( text ) ) );
    if( capture_ == nullptr ) {
-      std::fclose( stream );
+      static_cast< void >( std::fclose( stream ) );
       failed( ReadErrorKind::fileFailed,
               input_.failure() != 0
-                 ? std::strerror( input_.failure() )
+                 ? systemText( input_.failure() )
                  : std::string( "not a capture: " ) + static_cast< char const * >( text ) );
       return false;
    }

@@ -102,7 +102,7 @@ bool ipv4( Rest rest, EchoPacket & packet ) {
    if( !rest.has( 20 ) || rest.u8( 0 ) >> 4 != 4 ) {
       return false;
    }
-   std::size_t const headerLength = ( rest.u8( 0 ) & 0x0fU ) * 4U;
+   std::size_t const headerLength = ( rest.u8( 0 ) & 0x0fU ) * std::size_t{ 4 };
    // 0 where the network card was to split the packet: then it goes as far as the frame does.
    std::size_t const totalLength = rest.u16( 2 );
    unsigned const fragment = rest.u16( 6 );
@@ -144,7 +144,7 @@ bool ipv6( Rest rest, EchoPacket & packet ) {
       case 0:  // hop-by-hop options: the router alert
       case 43: // routing
       case 60: // destination options
-         length = ( rest.u8( 1 ) + 1U ) * 8U;
+         length = ( rest.u8( 1 ) + 1U ) * std::size_t{ 8 };
          break;
       case 44: // fragment
          if( rest.u16( 2 ) >> 3 != 0 ) {
@@ -153,7 +153,7 @@ bool ipv6( Rest rest, EchoPacket & packet ) {
          isFragment = isFragment || ( rest.u16( 2 ) & 1 ) != 0;
          break;
       case 51: // authentication header, RFC 4302 section 2.2: counts words, less two
-         length = ( rest.u8( 1 ) + 2U ) * 4U;
+         length = ( rest.u8( 1 ) + 2U ) * std::size_t{ 4 };
          break;
       default:
          return false;
@@ -373,9 +373,12 @@ constexpr LinkType linkTypes[] = {
 } // namespace
 
 Dissector dissectorOf( int linkType ) noexcept {
-   auto const found = std::find_if( std::begin( linkTypes ), std::end( linkTypes ),
-                                    [&]( auto const & row ) { return row.number == linkType; } );
-   return found == std::end( linkTypes ) ? nullptr : found->dissector;
+   for( LinkType const & row : linkTypes ) {
+      if( row.number == linkType ) {
+         return row.dissector;
+      }
+   }
+   return nullptr;
 }
 
 bool dissect( int linkType, Frame const & frame, EchoPacket & packet ) {

@@ -1,7 +1,5 @@
 #include "tools/lspping/capture/HexReader.h"
 
-#include <cstring>
-
 namespace LspPingTool {
 
 namespace {
@@ -131,7 +129,7 @@ EchoSource::Step HexReader::next() {
    isFailureTold_ = true;
    error_ = {};
    error_.file = input_.name();
-   error_.text = std::strerror( input_.failure() );
+   error_.text = systemText( input_.failure() );
    return Step::error;
 }
 

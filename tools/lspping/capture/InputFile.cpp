@@ -3,9 +3,14 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace LspPingTool {
+
+std::string systemText( int failure ) {
+   return std::generic_category().message( failure );
+}
 
 InputFile::InputFile( std::string const & path )
    : name_( path == "-" ? "standard input" : path ),

@@ -9,6 +9,9 @@
 
 namespace LspPingTool {
 
+/// What the system says to an `errno`.
+std::string systemText( int failure );
+
 /// A file, or standard input when the path is "-", that counts what is read from it.
 class InputFile {
  public:
