@@ -1,0 +1,9 @@
+#pragma once
+
+#include <string>
+
+namespace Orlo {
+
+using String = std::string;
+
+} // namespace Orlo
