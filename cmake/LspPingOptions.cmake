@@ -24,12 +24,14 @@ target_compile_options( LspPingHardening INTERFACE
    $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
    $<$<CXX_COMPILER_ID:Clang>:-Werror=global-constructors> )
 if( LSPPING_SANITIZE STREQUAL "" )
+   target_link_options( LspPingHardening INTERFACE LINKER:-z,defs )
    target_compile_options( LspPingHardening INTERFACE
       $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE>
       $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2> )
 endif()
+# Types stay registered while the process runs, so a library that was loaded is never unmapped.
 target_link_options( LspPingHardening INTERFACE
-   LINKER:-z,relro,-z,now LINKER:-z,pack-relative-relocs LINKER:--as-needed )
+   LINKER:-z,relro,-z,now,-z,nodelete LINKER:-z,pack-relative-relocs LINKER:--as-needed )
 
 if( NOT LSPPING_SANITIZE STREQUAL "" )
    add_compile_options( -fsanitize=${LSPPING_SANITIZE} -fno-omit-frame-pointer

@@ -1,7 +1,7 @@
 #include "MplsUtils/LspPing/framing/NtpTime.h"
 
-#include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 #include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 
 namespace LspPing {
 
@@ -59,7 +59,7 @@ U32 NtpTime::ntpFraction() noexcept {
 
 U64 NtpTime::ntpTime() noexcept {
    double const now = time();
-   return low32( now ) | U64 { fractionOf( now ) } << 32;
+   return low32( now ) | U64{ fractionOf( now ) } << 32;
 }
 
 U32 NtpTime::fractionToU32( Kiv::Seconds s ) noexcept {

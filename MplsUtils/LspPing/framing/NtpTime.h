@@ -18,7 +18,8 @@ class LSPPING_EXPORT NtpTimeU64 {
  public:
    constexpr NtpTimeU64() noexcept = default;
    constexpr NtpTimeU64( U32 seconds, U32 fractions ) noexcept
-      : seconds_( seconds ), fractions_( fractions ) {}
+      : seconds_( seconds ),
+        fractions_( fractions ) {}
    /// Reads the generic text. Raises Kiv::RangeException naming the attribute.
    explicit NtpTimeU64( Kiv::CharRange & in );
 

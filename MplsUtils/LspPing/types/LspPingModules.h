@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MplsUtils/LspPing/platform/Kiv/TypeId.h"
+#include "MplsUtils/LspPing/platform/Velnet/ModuleTypes.h"
 
 namespace LspPing {
 
@@ -91,14 +92,15 @@ static_assert( LspPingHdrTypes::indexOf< LspPingFecStackChangeSubTlvOperType >()
 static_assert( LspPingHdrTypes::indexOf< LspPingHdrParser >() == 65 );
 
 /// The types of module LspPingTypes in their registered order.
-using LspPingTypesTypes = Kiv::TypeList<
-   LspPingVendorIana, LspPingTunnelType, LspPingMode, class LspPingConstant, LspPingMsgType,
-   LspPingHeaderFlags, LspPingReplyMode, LspPingTlvType, LspPingP2mpRespTlvType,
-   LspPingDDMappingSubTlvType, LspPingTargetFecSubTlvType, LspPingP2mpFecStackSubTlvType,
-   LspPingReturnCode, LspPingAddrType, LspPingMultipathType, LspPingDownstreamMappingType,
-   LspPingDownstreamMappingTlvIpAndIntfLen, LspPingDownstreamSignalingProtocol,
-   LspPingIntfAndLabelStackTlvIpAndIntfLen, LspPingVeloraVendorPrivateType, LspPingSrIgpProtocol,
-   class LspPingPwInfo, LspPingPadType >;
+using LspPingTypesTypes =
+   Kiv::TypeList< LspPingVendorIana, LspPingTunnelType, LspPingMode, class LspPingConstant,
+                  LspPingMsgType, LspPingHeaderFlags, LspPingReplyMode, LspPingTlvType,
+                  LspPingP2mpRespTlvType, LspPingDDMappingSubTlvType, LspPingTargetFecSubTlvType,
+                  LspPingP2mpFecStackSubTlvType, LspPingReturnCode, LspPingAddrType,
+                  LspPingMultipathType, LspPingDownstreamMappingType,
+                  LspPingDownstreamMappingTlvIpAndIntfLen, LspPingDownstreamSignalingProtocol,
+                  LspPingIntfAndLabelStackTlvIpAndIntfLen, LspPingVeloraVendorPrivateType,
+                  LspPingSrIgpProtocol, class LspPingPwInfo, LspPingPadType >;
 static_assert( LspPingTypesTypes::size == 23 );
 
 // Numbers 0 to 15 are the platform's.
@@ -106,13 +108,13 @@ inline constexpr U16 lspPingHdrModule = 16;
 inline constexpr U16 lspPingTypesModule = 17;
 
 template < class T >
-   requires LspPingHdrTypes::contains< T >
+requires LspPingHdrTypes::contains< T >
 constexpr Kiv::TypeId kivTypeId( Kiv::Of< T > ) noexcept {
    return { lspPingHdrModule, LspPingHdrTypes::indexOf< T >() };
 }
 
 template < class T >
-   requires LspPingTypesTypes::contains< T >
+requires LspPingTypesTypes::contains< T >
 constexpr Kiv::TypeId kivTypeId( Kiv::Of< T > ) noexcept {
    return { lspPingTypesModule, LspPingTypesTypes::indexOf< T >() };
 }

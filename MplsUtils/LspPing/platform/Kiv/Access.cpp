@@ -40,7 +40,7 @@ Orlo::String described( TypeRef type, std::string_view name ) {
 FoundAttribute attributeOf( TypeRef type, Field field ) noexcept {
    for( ; type; type = type.base() ) {
       TypeRecord const & record = type.record();
-      U32 const index = U32 { field.id } - record.firstId;
+      U32 const index = U32{ field.id } - record.firstId;
       if( index < record.attributeCount && ( !field.declaring || field.declaring == record.id ) )
          return { type, record.attributes + index };
    }
@@ -98,18 +98,18 @@ FoundAttribute attributeFor( TypeRef type, std::string_view name, Wanted wanted 
 void callTyped( TypeRef type, void * object, std::string_view name, TypeId result,
                 TypeId const * argumentTypes, Call const & call ) {
    FoundAttribute const found =
-      attributeFor( type, name, { TypeId {}, Reach::value, OpCode::call } );
+      attributeFor( type, name, { TypeId{}, Reach::value, OpCode::call } );
    Signature const & signature = *found.attribute->signature;
    if( call.count != signature.count )
       throw AccessException( described( type, name ) + " takes " +
                              std::to_string( signature.count ) + " arguments, not " +
                              std::to_string( call.count ) );
    for( std::size_t i = 0; i < call.count; ++i ) {
-      if( argumentTypes[ i ] != signature.arguments[ i ] )
+      if( argumentTypes[i] != signature.arguments[i] )
          throw AccessException( described( type, name ) + " takes as argument " +
                                 std::to_string( i + 1 ) + " a " +
-                                described( signature.arguments[ i ], Reach::value ) + ", not " +
-                                described( argumentTypes[ i ], Reach::value ) );
+                                described( signature.arguments[i], Reach::value ) + ", not " +
+                                described( argumentTypes[i], Reach::value ) );
    }
    if( result != signature.result )
       throw AccessException( described( type, name ) + " returns " +
@@ -120,7 +120,9 @@ void callTyped( TypeRef type, void * object, std::string_view name, TypeId resul
 }
 
 CollectionIterator::CollectionIterator( TypeRef type, void * object, std::string_view name )
-   : record_( nullptr ), owner_( nullptr ), writable_( false ) {
+   : record_( nullptr ),
+     owner_( nullptr ),
+     writable_( false ) {
    FoundAttribute const found = attributeNamed( type, name );
    if( !found || !found.attribute->collection() )
       throw AccessException( described( type, name ) + " is no collection" );
@@ -132,7 +134,9 @@ CollectionIterator::CollectionIterator( TypeRef type, void * object, std::string
 }
 
 CollectionIterator::CollectionIterator( CollectionIterator const & other )
-   : record_( other.record_ ), owner_( other.owner_ ), writable_( other.writable_ ) {
+   : record_( other.record_ ),
+     owner_( other.owner_ ),
+     writable_( other.writable_ ) {
    if( owner_ != nullptr )
       record_->iteratorCopy( other.storage_, storage_ );
 }

@@ -20,7 +20,8 @@ struct Field {
 
    constexpr Field( U16 bareId ) noexcept : id( bareId ) {} // NOLINT(google-explicit-constructor)
    constexpr Field( TypeId declaringType, U16 attributeId ) noexcept
-      : declaring( declaringType ), id( attributeId ) {}
+      : declaring( declaringType ),
+        id( attributeId ) {}
 };
 
 /// Buffer of a read or write of a collection attribute: one element, by key.
@@ -46,7 +47,7 @@ inline FoundAttribute attributeNamed( TypeRef type, std::string_view name ) noex
       if( record.attributeCount == 0 )
          continue;
       U8 const row = findName( record.attributeSlots, record.slotMask, hash, name,
-                               [ &record ]( U8 i ) { return record.attributes[ i ].name(); } );
+                               [&record]( U8 i ) { return record.attributes[i].name(); } );
       if( row != noName )
          return { type, record.attributes + row };
    }
@@ -66,8 +67,8 @@ inline Outcome access( TypeRecord const & record, Attribute const & row, void * 
                        void * buffer ) {
    if( !row.offers( op ) )
       return Outcome::notPermitted;
-   if( ( row.flags & ( Attribute::forwardedFlag | Attribute::collectionFlag |
-                       Attribute::callableFlag ) ) != 0 )
+   if( ( row.flags &
+         ( Attribute::forwardedFlag | Attribute::collectionFlag | Attribute::callableFlag ) ) != 0 )
       return accessIndirectly( record, row, object, op, buffer );
    row.access( object, op, buffer );
    return Outcome::done;
@@ -83,9 +84,9 @@ inline Outcome access( TypeRecord const & record, Attribute const & row, void * 
 inline Outcome attributeAccess( TypeRef type, void * object, Field field, OpCode op,
                                 void * buffer ) {
    TypeRecord const & record = type.record();
-   U32 const index = U32 { field.id } - record.firstId;
+   U32 const index = U32{ field.id } - record.firstId;
    if( index < record.attributeCount && ( !field.declaring || field.declaring == record.id ) )
-      return access( record, record.attributes[ index ], object, op, buffer );
+      return access( record, record.attributes[index], object, op, buffer );
    return accessInherited( type, object, field, op, buffer );
 }
 
@@ -138,8 +139,9 @@ template < class T >
 T read( TypeRef type, void const * object, std::string_view name ) {
    using Buffer = typename Buffered< T >::Buffer;
    FoundAttribute const found = attributeFor(
-      type, name, { typeIdOf< typename Buffered< T >::Type >, Buffered< T >::reach, OpCode::read } );
-   Buffer buffer {};
+      type, name,
+      { typeIdOf< typename Buffered< T >::Type >, Buffered< T >::reach, OpCode::read } );
+   Buffer buffer{};
    access( found.declaring.record(), *found.attribute, const_cast< void * >( object ), OpCode::read,
            &buffer );
    if constexpr( Buffered< T >::reach == Reach::pointer )
@@ -171,17 +173,18 @@ void write( Object & object, std::string_view name, T const & value ) {
 /// Calls an operation. Arguments and result must have its types exactly, else AccessException.
 template < class Result = void, class Object, class... A >
 Result call( Object & object, std::string_view name, A... arguments ) {
-   std::array< void *, sizeof...( A ) + 1 > places { static_cast< void * >( &arguments )...,
-                                                     nullptr };
-   static constexpr std::array< TypeId, sizeof...( A ) + 1 > types { bufferedTypeId< A >()...,
-                                                                     TypeId {} };
-   Call frame { nullptr, places.data(), sizeof...( A ) };
+   std::array< void *, sizeof...( A ) + 1 > places{ static_cast< void * >( &arguments )...,
+                                                    nullptr };
+   static constexpr std::array< TypeId, sizeof...( A ) + 1 > types{ bufferedTypeId< A >()...,
+                                                                    TypeId{} };
+   Call frame{ nullptr, places.data(), sizeof...( A ) };
    if constexpr( std::is_void_v< Result > ) {
-      callTyped( typeOf( object ), untyped( object ), name, TypeId {}, types.data(), frame );
+      callTyped( typeOf( object ), untyped( object ), name, TypeId{}, types.data(), frame );
    } else {
-      Result result {};
+      Result result{};
       frame.result = &result;
-      callTyped( typeOf( object ), untyped( object ), name, typeIdOf< Result >, types.data(), frame );
+      callTyped( typeOf( object ), untyped( object ), name, typeIdOf< Result >, types.data(),
+                 frame );
       return result;
    }
 }

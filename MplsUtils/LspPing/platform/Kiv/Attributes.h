@@ -8,7 +8,6 @@
 #include <array>
 #include <cstddef>
 #include <functional>
-#include <tuple>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -35,7 +34,7 @@ struct CallableOf {
    static constexpr std::size_t count = sizeof...( A );
    template < class F >
    static constexpr auto expand( F f ) {
-      return f( Of< std::remove_cvref_t< A > > {}... );
+      return f( Of< std::remove_cvref_t< A > >{}... );
    }
 };
 template < class C, class R, class... A >
@@ -51,8 +50,9 @@ struct Callable< R ( * )( A... ) > : CallableOf< void, R, A... > {};
 template < class R, class... A >
 struct Callable< R ( * )( A... ) noexcept > : CallableOf< void, R, A... > {};
 template < class C, class T >
-   requires std::is_object_v< T >
-struct Callable< T C::* > : CallableOf< C, T > {};
+requires std::is_object_v< T >
+struct Callable< T C::* > : CallableOf< C, T > {
+};
 
 // How the value of a C++ type lies in an attribute's buffer.
 template < class T >
@@ -99,7 +99,7 @@ void accessField( void * object, OpCode op, void * buffer ) {
    if( self != nullptr )
       value = std::invoke( getter, *self );
    else
-      value = Buffer {};
+      value = Buffer{};
 }
 
 template < auto member >
@@ -120,56 +120,58 @@ void accessConstant( void *, OpCode, void * buffer ) {
    *static_cast< Value * >( buffer ) = *value;
 }
 
+template < class T >
+T argumentAt( Call const & call, std::size_t index ) {
+   if constexpr( Buffered< T >::reach == Reach::pointer )
+      return static_cast< T >( *static_cast< void ** >( call.arguments[index] ) );
+   else
+      return *static_cast< T const * >( call.arguments[index] );
+}
+
+template < auto function, class... A, std::size_t... index >
+auto callWith( void * object, Call const & call, std::index_sequence< index... >, Of< A >... ) ->
+   typename Callable< decltype( function ) >::Result {
+   using Class = typename Callable< decltype( function ) >::Class;
+   if constexpr( std::is_void_v< Class > )
+      return function( argumentAt< A >( call, index )... );
+   else
+      return ( static_cast< Class * >( object )->*function )( argumentAt< A >( call, index )... );
+}
+
 // Arguments and result were checked against the operation's signature.
 template < auto function >
 void callOperation( void * object, OpCode, void * buffer ) {
    using Operation = Callable< decltype( function ) >;
-   using Class = typename Operation::Class;
-   auto const & call = *static_cast< Call const * >( buffer );
-   Operation::expand( [ & ]< class... A >( Of< A >... ) {
-      std::size_t next = 0;
-      auto const argument = [ & ]< class T >( Of< T > ) -> T {
-         void * place = call.arguments[ next++ ];
-         if constexpr( Buffered< T >::reach == Reach::pointer )
-            return static_cast< T >( *static_cast< void ** >( place ) );
-         else
-            return *static_cast< T const * >( place );
-      };
-      // Braces evaluate the arguments from left to right.
-      std::tuple< A... > arguments { argument( Of< A > {} )... };
-      auto const run = [ & ]( auto &... a ) -> decltype( auto ) {
-         if constexpr( std::is_void_v< Class > )
-            return function( a... );
-         else
-            return ( static_cast< Class * >( object )->*function )( a... );
-      };
-      if constexpr( std::is_void_v< typename Operation::Result > )
-         std::apply( run, arguments );
-      else
-         *static_cast< std::remove_cvref_t< typename Operation::Result > * >( call.result ) =
-            std::apply( run, arguments );
-      return 0;
-   } );
+   using Result = std::remove_cvref_t< typename Operation::Result >;
+   [[maybe_unused]] auto const & call = *static_cast< Call const * >( buffer );
+   auto const run = [&]< class... A >( Of< A >... types ) {
+      return callWith< function >( object, call, std::index_sequence_for< A... >(), types... );
+   };
+   if constexpr( std::is_void_v< Result > )
+      Operation::expand( run );
+   else
+      *static_cast< Result * >( call.result ) = Operation::expand( run );
 }
 
 template < class T >
 constexpr TypeId bufferedTypeId() {
    if constexpr( std::is_void_v< T > )
-      return TypeId {};
+      return TypeId{};
    else
       return typeIdOf< typename Buffered< std::remove_cvref_t< T > >::Type >;
 }
 
 template < auto function >
-inline constexpr auto argumentTypes =
-   Callable< decltype( function ) >::expand( []< class... A >( Of< A >... ) {
-      return std::array< TypeId, sizeof...( A ) > { bufferedTypeId< A >()... };
+inline constexpr auto
+   argumentTypes = Callable< decltype( function ) >::expand( []< class... A >( Of< A >... ) {
+      return std::array< TypeId, sizeof...( A ) >{ bufferedTypeId< A >()... };
    } );
 
 template < auto function >
-inline constexpr Signature signatureOf {
+inline constexpr Signature signatureOf{
    argumentTypes< function >.data(), static_cast< U8 >( argumentTypes< function >.size() ),
-   bufferedTypeId< typename Callable< decltype( function ) >::Result >() };
+   bufferedTypeId< typename Callable< decltype( function ) >::Result >()
+};
 
 template < class Value >
 constexpr Attribute row( std::string_view name, Attribute::Access access, unsigned flags ) {
@@ -241,9 +243,9 @@ constexpr Attribute collection( std::string_view name, bool writable = true ) {
    attribute.nameLength = static_cast< U8 >( name.size() );
    attribute.collectionRecord = &collectionRecordOf< member >;
    attribute.typeId = typeIdOf< typename ValueOf< member >::Value >;
-   attribute.flags = static_cast< U8 >( Attribute::collectionFlag | Attribute::storedFlag |
-                                        Attribute::readableFlag |
-                                        ( writable ? Attribute::writableFlag : 0 ) );
+   attribute.flags =
+      static_cast< U8 >( Attribute::collectionFlag | Attribute::storedFlag |
+                         Attribute::readableFlag | ( writable ? Attribute::writableFlag : 0 ) );
    return attribute;
 }
 
@@ -268,12 +270,12 @@ struct AttributeTable {
 
 template < class... Rows >
 constexpr auto attributes( Rows... rows ) {
-   return AttributeTable< void, sizeof...( Rows ) > { { rows... } };
+   return AttributeTable< void, sizeof...( Rows ) >{ { rows... } };
 }
 
 template < class Base, class... Rows >
 constexpr auto attributesAfter( Rows... rows ) {
-   return AttributeTable< Base, sizeof...( Rows ) > { { rows... } };
+   return AttributeTable< Base, sizeof...( Rows ) >{ { rows... } };
 }
 
 } // namespace Kiv

@@ -17,12 +17,13 @@ namespace Kiv {
 //    Iterator iterator() const;       at the first element
 //    std::size_t count() const;  U64 version() const;  bool contains( Key ) const;
 //    Value entry( Key ) const;        the default value where there is none
-//    void entryIs( Key, Value const & );  Value entryDel( Key );  Value entryDel( Iterator const & );
+//    void entryIs( Key, Value const & );  Value entryDel( Key );  Value entryDel( Iterator const &
+//    );
 
 /// Room for any collection's iterator.
 struct IteratorStorage {
    static constexpr std::size_t size = 48;
-   alignas( void * ) std::byte bytes[ size ];
+   alignas( void * ) std::byte bytes[size];
 };
 
 /// What can be done with a collection member of an object without knowing its class. `key` is
@@ -76,9 +77,9 @@ struct CollectionAccess {
       return *std::launder( reinterpret_cast< Iterator const * >( s.bytes ) );
    }
 
-   static constexpr CollectionRecord record {
+   static constexpr CollectionRecord record{
       .keyType = typeIdOf< Key >,
-      .keyLimit = static_cast< Key >( ~Key { 0 } ),
+      .keyLimit = static_cast< Key >( ~Key{ 0 } ),
       .count = []( void const * owner ) -> std::size_t { return of( owner ).count(); },
       .version = []( void const * owner ) -> U64 { return of( owner ).version(); },
       .contains = []( void const * owner, U32 key ) -> bool {
@@ -90,23 +91,21 @@ struct CollectionAccess {
          },
       .write =
          []( void * owner, U32 key, void const * value ) {
-            of( owner ).entryIs( static_cast< Key >( key ), *static_cast< Value const * >( value ) );
+            of( owner ).entryIs( static_cast< Key >( key ),
+                                 *static_cast< Value const * >( value ) );
          },
       .iterator =
          []( void const * owner, IteratorStorage & s ) {
             ::new( s.bytes ) Iterator( of( owner ).iterator() );
          },
-      .iteratorCopy =
-         []( IteratorStorage const & from, IteratorStorage & to ) {
-            ::new( to.bytes ) Iterator( in( from ) );
-         },
+      .iteratorCopy = []( IteratorStorage const & from,
+                          IteratorStorage & to ) { ::new( to.bytes ) Iterator( in( from ) ); },
       .iteratorEnd = []( IteratorStorage & s ) { std::destroy_at( &in( s ) ); },
       .iterNonnull = []( IteratorStorage const & s ) -> bool { return in( s ).nonnull(); },
       .iterObj = []( IteratorStorage const & s ) -> void const * { return &in( s ).value(); },
       .iterKey = []( IteratorStorage const & s ) -> U32 { return in( s ).key(); },
       .iterInc = []( IteratorStorage & s ) { in( s ).advance(); },
-      .iterDel =
-         []( void * owner, IteratorStorage const & s ) { of( owner ).entryDel( in( s ) ); },
+      .iterDel = []( void * owner, IteratorStorage const & s ) { of( owner ).entryDel( in( s ) ); },
    };
 };
 

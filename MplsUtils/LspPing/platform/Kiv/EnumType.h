@@ -44,12 +44,12 @@ class EnumType {
    /// The enumerator's name; empty when the value has none.
    constexpr std::string_view name( Underlying value ) const noexcept {
       if( value < EnumerationTable::directCount ) {
-         U8 const row = table_.direct[ value ];
-         return row != noName ? table_.rows[ row ].name() : std::string_view {};
+         U8 const row = table_.direct[value];
+         return row != noName ? table_.rows[row].name() : std::string_view{};
       }
       for( U16 row = 0; row < table_.count; ++row ) {
-         if( table_.rows[ row ].value == value )
-            return table_.rows[ row ].name();
+         if( table_.rows[row].value == value )
+            return table_.rows[row].name();
       }
       return {};
    }
@@ -83,7 +83,7 @@ class EnumType {
       U8 const row = find( name );
       if( row == noName )
          enumerationRangeError( table_, name );
-      return static_cast< Underlying >( table_.rows[ row ].value );
+      return static_cast< Underlying >( table_.rows[row].value );
    }
 
    /// Reads a name or a decimal number and moves the cursor behind it. Raises RangeException.
@@ -91,7 +91,7 @@ class EnumType {
       std::string_view const token = in.token();
       U8 const row = find( token );
       if( row != noName )
-         return static_cast< Underlying >( table_.rows[ row ].value );
+         return static_cast< Underlying >( table_.rows[row].value );
       U64 number = 0;
       bool decimal = !token.empty() && token.size() <= 10;
       for( char const c : token ) {
@@ -106,7 +106,7 @@ class EnumType {
  private:
    constexpr U8 find( std::string_view name ) const noexcept {
       return findName( table_.slots, table_.slotMask, nameHash( name ), name,
-                       [ this ]( U8 row ) { return table_.rows[ row ].name(); } );
+                       [this]( U8 row ) { return table_.rows[row].name(); } );
    }
 
    EnumerationTable const & table_;

@@ -13,7 +13,7 @@ namespace Kiv {
 // enumerators but that has a value without a plain decimal number does not compile.
 template < std::size_t n >
 constexpr auto enumeratorRows( std::string_view list ) {
-   std::array< Enumerator, n > rows {};
+   std::array< Enumerator, n > rows{};
    for( Enumerator & row : rows ) {
       list.remove_prefix( list.find_first_not_of( ' ' ) );
       std::size_t const nameEnd = list.find( ' ' );
@@ -42,27 +42,26 @@ constexpr std::size_t enumeratorCount( std::string_view list ) {
 
 template < class E >
 struct EnumerationOf {
-   static constexpr std::string_view list = kivEnumerators( Of< E > {} );
+   static constexpr std::string_view list = kivEnumerators( Of< E >{} );
    static constexpr auto rows = enumeratorRows< enumeratorCount( list ) >( list );
    static constexpr auto slots =
-      nameSlots< rows.size() >( []( std::size_t i ) { return rows[ i ].name(); } );
+      nameSlots< rows.size() >( []( std::size_t i ) { return rows[i].name(); } );
    static constexpr auto direct = [] {
-      std::array< U8, EnumerationTable::directCount > result {};
+      std::array< U8, EnumerationTable::directCount > result{};
       result.fill( noName );
       for( std::size_t i = 0; i < rows.size(); ++i ) {
-         if( rows[ i ].value < result.size() )
-            result[ rows[ i ].value ] = static_cast< U8 >( i );
+         if( rows[i].value < result.size() )
+            result[rows[i].value] = static_cast< U8 >( i );
       }
       return result;
    }();
-   static constexpr EnumerationTable table {
-      typeName< E >, rows.data(),   direct.data(),
-      slots.data(),  rows.size(), slots.size() - 1,
+   static constexpr EnumerationTable table{
+      typeName< E >, rows.data(), direct.data(), slots.data(), rows.size(), slots.size() - 1,
    };
 };
 
 template < class E >
-inline constexpr EnumType< std::underlying_type_t< E > > enumType { EnumerationOf< E >::table };
+inline constexpr EnumType< std::underlying_type_t< E > > enumType{ EnumerationOf< E >::table };
 
 template < class E >
 constexpr std::underlying_type_t< E > numberOf( E value ) noexcept {
@@ -80,7 +79,9 @@ constexpr std::underlying_type_t< E > numberOf( E value ) noexcept {
 ///    std::ostream & operator<<( std::ostream &, Name const & )
 ///    void sequenceToValue( Kiv::CharRange &, Name * )   name or number; raises RangeException
 #define KIV_ENUMERATION( Name, Underlying, ... )                                                   \
-   enum class Name : Underlying { __VA_ARGS__ };                                                   \
+   enum class Name : Underlying {                                                                  \
+      __VA_ARGS__                                                                                  \
+   };                                                                                              \
    KIV_ENUMERATION_FUNCTIONS( Name, __VA_ARGS__ )
 
 // A level of its own, so that a macro among the values is expanded before the list becomes text.

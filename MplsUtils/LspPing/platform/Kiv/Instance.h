@@ -30,7 +30,7 @@ class LSPPING_PLATFORM_EXPORT Instance {
 
    TypeRef type_;
    void * place_;
-   alignas( std::max_align_t ) std::byte bytes_[ room ];
+   alignas( std::max_align_t ) std::byte bytes_[room];
 };
 
 } // namespace Kiv

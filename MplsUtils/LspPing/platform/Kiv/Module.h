@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
+#include "MplsUtils/LspPing/platform/Kiv/ConstantHolder.h"
 #include "MplsUtils/LspPing/platform/Kiv/Enumeration.h"
 #include "MplsUtils/LspPing/platform/Kiv/NameTable.h"
 #include "MplsUtils/LspPing/platform/Kiv/NrcPtrInterface.h"
@@ -20,17 +21,10 @@
 
 namespace Kiv {
 
-/// Base of a class that holds constants only.
-class ConstantHolder {};
-
 template < class T >
-concept HasAttributes = requires { kivAttributesOf( Of< T > {} ); };
-
-template < class T >
-   requires requires { T::kivAttributes(); }
-constexpr auto kivAttributesOf( Of< T > ) {
-   return T::kivAttributes();
-}
+concept HasAttributes = requires {
+   T::kivAttributes();
+};
 
 template < class T >
 concept HasText = requires( Orlo::StringBuilder & out, T const & value ) {
@@ -38,7 +32,9 @@ concept HasText = requires( Orlo::StringBuilder & out, T const & value ) {
 };
 
 template < class T >
-concept ReadFromText = requires( CharRange & in, T * value ) { sequenceToValue( in, value ); };
+concept ReadFromText = requires( CharRange & in, T * value ) {
+   sequenceToValue( in, value );
+};
 
 template < class T >
 constexpr Kind kindOf() {
@@ -72,7 +68,9 @@ constexpr Operations operationsFor() {
       if constexpr( requires { T::kivTarget; } )
          o.target = T::kivTarget;
       if constexpr( requires { T::kivCreate; } ) {
-         if constexpr( requires( Orlo::Ptr< Velnet::Pkt > const & pkt ) { T::kivCreate( pkt, 0u ); } )
+         if constexpr( requires( Orlo::Ptr< Velnet::Pkt > const & pkt ) {
+                          T::kivCreate( pkt, 0u );
+                       } )
             o.create = []( Orlo::Ptr< Velnet::Pkt > const & pkt,
                            U32 offset ) -> Orlo::Ptr< Orlo::Node > {
                return T::kivCreate( pkt, offset );
@@ -162,7 +160,7 @@ constexpr void forwardAttributes( std::string_view names, std::array< Attribute,
       row.flags = static_cast< U8 >(
          ( row.flags & ( Attribute::readableFlag | Attribute::collectionFlag ) ) |
          Attribute::forwardedFlag );
-      rows[ i ] = row;
+      rows[i] = row;
       if( end != std::string_view::npos )
          names.remove_prefix( names.find_first_not_of( ", ", end ) );
    }
@@ -176,26 +174,29 @@ constexpr std::size_t nameCount( std::string_view names ) {
 }
 
 // A class that forwards names what it forwards; its own attributes come first.
-template < class T >
-   requires requires { T::kivForwarded; }
-constexpr auto kivAttributesOf( Of< T > ) {
+template < HasAttributes T >
+constexpr auto allAttributesOf() {
    constexpr auto own = T::kivAttributes();
-   AttributeTable< void, own.size + nameCount( T::kivForwarded ) > table {};
-   for( std::size_t i = 0; i < own.size; ++i )
-      table.rows[ i ] = own.rows[ i ];
-   forwardAttributes< typename T::KivForwardedFrom >( T::kivForwarded, table.rows, own.size );
-   return table;
+   if constexpr( requires { T::kivForwarded; } ) {
+      AttributeTable< void, own.size + nameCount( T::kivForwarded ) > table{};
+      for( std::size_t i = 0; i < own.size; ++i )
+         table.rows[i] = own.rows[i];
+      forwardAttributes< typename T::KivForwardedFrom >( T::kivForwarded, table.rows, own.size );
+      return table;
+   } else {
+      return own;
+   }
 }
 
 template < class T >
 constexpr U8 firstAttributeId() {
-   constexpr bool hasBase = !std::is_void_v< typename decltype( kivAttributesOf( Of< T > {} ) )::Base >;
+   constexpr bool hasBase = !std::is_void_v< typename decltype( allAttributesOf< T >() )::Base >;
    return hasBase || kindOf< T >() == Kind::object || kindOf< T >() == Kind::constant ? 130 : 2;
 }
 
 template < class T >
 inline constexpr auto attributeRows = [] {
-   auto rows = kivAttributesOf( Of< T > {} ).rows;
+   auto rows = allAttributesOf< T >().rows;
    U16 id = firstAttributeId< T >();
    for( Attribute & row : rows )
       row.id = id++;
@@ -203,8 +204,9 @@ inline constexpr auto attributeRows = [] {
 }();
 
 template < class T >
-inline constexpr auto attributeSlots = nameSlots< attributeRows< T >.size() >(
-   []( std::size_t i ) { return attributeRows< T >[ i ].name(); } );
+inline constexpr auto attributeSlots = nameSlots< attributeRows< T >.size() >( []( std::size_t i ) {
+   return attributeRows< T >[i].name();
+} );
 
 template < class T >
 constexpr TypeRecord recordOf( TypeId id ) {
@@ -222,7 +224,7 @@ constexpr TypeRecord recordOf( TypeId id ) {
       r.enumeratorCount = static_cast< U16 >( EnumerationOf< T >::rows.size() );
       r.underlying = typeIdOf< std::underlying_type_t< T > >;
    } else if constexpr( HasAttributes< T > ) {
-      using Base = typename decltype( kivAttributesOf( Of< T > {} ) )::Base;
+      using Base = typename decltype( allAttributesOf< T >() )::Base;
       if constexpr( !std::is_void_v< Base > ) {
          // Accesses that are forwarded to the base use the object's own address.
          static_assert( std::is_base_of_v< Base, T > );
@@ -237,10 +239,23 @@ constexpr TypeRecord recordOf( TypeId id ) {
    return r;
 }
 
-// A class that is declared but not defined where the table stands keeps its place only.
+// A class that is declared but not defined where the table stands keeps its place only, and so does
+// one that forwards the attributes of such a class.
 template < class T >
-concept Present = requires { sizeof( T ); } && ( !std::is_enum_v< T > ||
-                                                 requires { kivEnumerators( Of< T > {} ); } );
+constexpr bool present() {
+   if constexpr( std::is_enum_v< T > )
+      return requires {
+         kivEnumerators( Of< T >{} );
+      };
+   else if constexpr( !requires { sizeof( T ); } )
+      return false;
+   else if constexpr( requires { typename T::KivForwardedFrom; } )
+      return requires {
+         sizeof( typename T::KivForwardedFrom );
+      };
+   else
+      return true;
+}
 
 template < class List >
 struct TypeTable;
@@ -250,9 +265,9 @@ struct TypeTable< TypeList< Ts... > > {
 
    static constexpr std::array< TypeRecord, size > build( U16 module ) {
       U16 next = 0;
-      auto const one = [ & ]< class T >( Of< T > ) {
-         TypeId const id { module, next++ };
-         if constexpr( Present< T > ) {
+      auto const one = [&]< class T >( Of< T > ) {
+         TypeId const id{ module, next++ };
+         if constexpr( present< T >() ) {
             return recordOf< T >( id );
          } else {
             TypeRecord absent;
@@ -260,7 +275,7 @@ struct TypeTable< TypeList< Ts... > > {
             return absent;
          }
       };
-      return { one( Of< Ts > {} )... };
+      return { one( Of< Ts >{} )... };
    }
 };
 
@@ -269,7 +284,7 @@ template < class List, U16 module >
 struct Module {
    static constexpr std::array< TypeRecord, List::size > types = TypeTable< List >::build( module );
    static constexpr auto slots =
-      nameSlots< List::size >( []( std::size_t i ) { return types[ i ].name; } );
+      nameSlots< List::size >( []( std::size_t i ) { return types[i].name; } );
 
    static constexpr ModuleTable table( std::string_view name ) {
       return { name, types.data(), slots.data(), module, List::size, slots.size() - 1 };

@@ -11,7 +11,7 @@ using ModuleTypes = TypeList< bool, U8, U16, U32, U64, double, Orlo::String >;
 inline constexpr U16 moduleNumber = 0;
 
 template < class T >
-   requires ModuleTypes::contains< T >
+requires ModuleTypes::contains< T >
 constexpr TypeId kivTypeId( Of< T > ) noexcept {
    return { moduleNumber, ModuleTypes::indexOf< T >() };
 }

@@ -17,7 +17,7 @@ constexpr U64 nameWord( char const * bytes, std::size_t count ) noexcept {
    if( std::is_constant_evaluated() ) {
       for( std::size_t i = 0; i < count; ++i ) {
          std::size_t const place = std::endian::native == std::endian::little ? i : 7 - i;
-         word |= U64 { static_cast< U8 >( bytes[ i ] ) } << ( 8 * place );
+         word |= U64{ static_cast< U8 >( bytes[i] ) } << ( 8 * place );
       }
    } else {
       std::memcpy( &word, bytes, count );
@@ -33,8 +33,8 @@ constexpr U32 nameHash( std::string_view name ) noexcept {
    for( ; left > 8; left -= 8, bytes += 8 )
       sum = std::rotl( sum, 23 ) ^ nameWord( bytes, 8 );
    // A whole word that overlaps the one before is quicker to load than the odd bytes at the end.
-   sum = std::rotl( sum, 23 ) ^ ( name.size() >= 8 ? nameWord( bytes + left - 8, 8 )
-                                                   : nameWord( bytes, left ) );
+   sum = std::rotl( sum, 23 ) ^
+         ( name.size() >= 8 ? nameWord( bytes + left - 8, 8 ) : nameWord( bytes, left ) );
    return static_cast< U32 >( ( sum * 0x9e3779b97f4a7c15u ) >> 32 );
 }
 
@@ -50,15 +50,15 @@ inline constexpr U8 noName = 0xff;
 template < std::size_t names, class NameAt >
 constexpr auto nameSlots( NameAt nameAt ) {
    static_assert( names < noName, "the numbers of names are kept in one byte each" );
-   std::array< U8, nameSlotCount( names ) > slots {};
+   std::array< U8, nameSlotCount( names ) > slots{};
    slots.fill( noName );
    for( std::size_t i = 0; i < names; ++i ) {
       if( nameAt( i ).empty() )
          continue;
       std::size_t at = nameHash( nameAt( i ) ) % slots.size();
-      while( slots[ at ] != noName )
+      while( slots[at] != noName )
          at = ( at + 1 ) % slots.size();
-      slots[ at ] = static_cast< U8 >( i );
+      slots[at] = static_cast< U8 >( i );
    }
    return slots;
 }
@@ -68,7 +68,7 @@ template < class NameAt >
 constexpr U8 findName( U8 const * slots, U32 mask, U32 hash, std::string_view name,
                        NameAt nameAt ) noexcept {
    for( U32 at = hash & mask;; at = ( at + 1 ) & mask ) {
-      U8 const number = slots[ at ];
+      U8 const number = slots[at];
       if( number == noName || nameAt( number ) == name )
          return number;
    }

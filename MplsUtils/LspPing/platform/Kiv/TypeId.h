@@ -40,10 +40,12 @@ struct TypeList {
 };
 
 template < class T >
-concept Registered = requires { kivTypeId( Of< T > {} ); };
+concept Registered = requires {
+   kivTypeId( Of< T >{} );
+};
 
 /// The id of a registered type, known at compile time.
 template < Registered T >
-inline constexpr TypeId typeIdOf = kivTypeId( Of< T > {} );
+inline constexpr TypeId typeIdOf = kivTypeId( Of< T >{} );
 
 } // namespace Kiv

@@ -20,11 +20,11 @@ struct SpelledName {
       return text.substr( from, to - from );
    }
    static constexpr auto characters = [] {
-      std::array< char, signature().size() > result {};
+      std::array< char, signature().size() > result{};
       signature().copy( result.data(), result.size() );
       return result;
    }();
-   static constexpr std::string_view value { characters.data(), characters.size() };
+   static constexpr std::string_view value{ characters.data(), characters.size() };
 };
 
 template <>

@@ -24,7 +24,7 @@ class TypeRef {
    /// The type of that id; an empty reference when its module is not loaded.
    explicit TypeRef( TypeId id ) noexcept {
       if( id.module < moduleLimit ) {
-         ModuleTable const * module = modulesByNumber[ id.module ].load( std::memory_order_acquire );
+         ModuleTable const * module = modulesByNumber[id.module].load( std::memory_order_acquire );
          if( module != nullptr && id.index < module->count )
             record_ = module->types + id.index;
       }
@@ -34,11 +34,13 @@ class TypeRef {
    friend constexpr bool operator==( TypeRef a, TypeRef b ) noexcept { return a.id() == b.id(); }
 
    constexpr TypeRecord const & record() const noexcept { return *record_; }
-   constexpr TypeId id() const noexcept { return record_ != nullptr ? record_->id : TypeId {}; }
+   constexpr TypeId id() const noexcept { return record_ != nullptr ? record_->id : TypeId{}; }
    constexpr std::string_view name() const noexcept {
-      return record_ != nullptr ? record_->name : std::string_view {};
+      return record_ != nullptr ? record_->name : std::string_view{};
    }
-   constexpr Kind kind() const noexcept { return record_ != nullptr ? record_->kind : Kind::absent; }
+   constexpr Kind kind() const noexcept {
+      return record_ != nullptr ? record_->kind : Kind::absent;
+   }
    TypeRef base() const noexcept { return TypeRef( record_->base ); }
    /// The attributes that the type itself declares, in their order; the others belong to `base()`.
    constexpr std::span< Attribute const > attributes() const noexcept {
@@ -72,7 +74,7 @@ LSPPING_PLATFORM_EXPORT TypeRef typeNamed( std::string_view name ) noexcept;
 
 /// The registered modules, ordered by number.
 struct ModuleRange {
-   std::array< ModuleTable const *, moduleLimit > tables {};
+   std::array< ModuleTable const *, moduleLimit > tables{};
    std::size_t count = 0;
 
    ModuleTable const * const * begin() const noexcept { return tables.data(); }

@@ -1,0 +1,26 @@
+#include "MplsUtils/LspPing/LspPingHdr.h"
+
+#include "MplsUtils/LspPing/platform/Kiv/Module.h"
+#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
+#include "MplsUtils/LspPing/types/LspPingModuleTables.h"
+
+namespace LspPing {
+
+constexpr Kiv::ModuleTable lspPingHdrTable =
+   Kiv::Module< LspPingHdrTypes, lspPingHdrModule >::table( "LspPingHdr" );
+
+namespace {
+
+// What runs when the library is loaded, in this order.
+[[gnu::constructor( 201 )]] void registerLspPingHdr() noexcept {
+   Kiv::kivModuleIs( lspPingHdrTable );
+}
+
+[[gnu::constructor( 202 )]] void registerLspPingTypes() noexcept {
+   Kiv::kivModuleIs( lspPingTypesTable );
+}
+
+} // namespace
+
+} // namespace LspPing

@@ -1,0 +1,14 @@
+#include "MplsUtils/LspPing/framing/LspPingParser.h"
+
+namespace LspPing {
+
+// The packet's reference goes here, and after it the node itself.
+LspPingParser::~LspPingParser() = default;
+
+void LspPingParser::handlePlace() noexcept {
+   // Nobody may take the packet away while its data start is looked up.
+   Orlo::Ptr< Velnet::Pkt > const held = pkt_;
+   header_ = held->data() + offset_;
+}
+
+} // namespace LspPing

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "MplsUtils/LspPing/platform/Kiv/TypeRecord.h"
+
+namespace LspPing {
+
+// The two modules' tables, which loading the library registers.
+extern Kiv::ModuleTable const lspPingHdrTable;
+extern Kiv::ModuleTable const lspPingTypesTable;
+
+} // namespace LspPing
