@@ -7,3 +7,4 @@
 #include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
 #include "MplsUtils/LspPing/framing/NtpTime.h"
 #include "MplsUtils/LspPing/mapping/LspPingDdmapTlv.h"
+#include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
