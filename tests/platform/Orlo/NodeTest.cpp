@@ -56,19 +56,15 @@ TEST( Node, hasNoPublisherAndNoTypeOfItsOwn ) {
    EXPECT_EQ( noted.fwkType(), Kiv::TypeRef() );
 }
 
-// The address is a stand-in: references compare by it and nothing looks behind it here.
-int standIn = 0;
-
+// Any registered type will do.
 struct Typed : Node {
-   Kiv::TypeRef typeData() const override {
-      return Kiv::TypeRef( reinterpret_cast< Kiv::TypeRecord const * >( &standIn ) );
-   }
+   Kiv::TypeRef typeData() const override { return Kiv::typeOf< U32 >(); }
 };
 
 TEST( Node, hasTheTypeThatTheMostDerivedClassGives ) {
    Typed const typed;
    Node const & node = typed;
-   EXPECT_EQ( node.fwkType(), typed.typeData() );
+   EXPECT_EQ( node.fwkType(), Kiv::typeOf< U32 >() );
    EXPECT_NE( node.fwkType(), Kiv::TypeRef() );
 }
 
