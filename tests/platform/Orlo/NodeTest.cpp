@@ -1,4 +1,5 @@
 #include "MplsUtils/LspPing/platform/Orlo/Node.h"
+#include "MplsUtils/LspPing/platform/Kiv/ModuleTypes.h"
 #include "MplsUtils/LspPing/platform/Orlo/Ptr.h"
 #include "MplsUtils/LspPing/platform/VelSlab/Slab.h"
 
