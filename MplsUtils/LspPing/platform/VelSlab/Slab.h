@@ -108,6 +108,7 @@ class Allocated {
       return allocateTracked( size, T::memAllocationTracker_ );
    }
    static void * operator new( std::size_t, void * place ) noexcept { return place; }
+   static void operator delete( void *, void * ) noexcept {} // undoes the placement form
    static void operator delete( void * object, std::size_t size ) noexcept {
       releaseTracked( object, size, T::memAllocationTracker_ );
    }
