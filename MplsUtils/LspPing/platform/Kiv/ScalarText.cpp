@@ -106,7 +106,7 @@ void sequenceToValue( CharRange & text, Orlo::String * value ) {
          ++index;
          if( index == rest.size() || ( rest[index] != '"' && rest[index] != '\\' ) ) {
             text.take( rest.substr( 0, index - 1 ) );
-            text.failWords( "", "\\\" or \\\\" );
+            text.failWords( "", R"(\" or \\)" );
          }
       }
       read += rest[index];
