@@ -2,6 +2,7 @@
 
 // Module LspPingHdr: views, parsers, containers and value records.
 #include "MplsUtils/LspPing/fec/LspPingPrefixFec.h"
+#include "MplsUtils/LspPing/fec/LspPingPseudowireFec.h"
 #include "MplsUtils/LspPing/framing/LspPingHdr.h"
 #include "MplsUtils/LspPing/framing/LspPingParsers.h"
 #include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
