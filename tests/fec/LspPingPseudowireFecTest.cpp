@@ -373,7 +373,7 @@ TEST( LspPingFec129Ipv4SubTlv, readsNothingThatItsLengthDoesNotCover ) {
             whole.resize( 68, 0xa5 );
             for( U16 length = 0; length <= 64; ++length ) {
                // The view's own bytes are there in any case, and no byte behind what is covered.
-               std::size_t const there = std::max( 14, 4 + length );
+               std::size_t const there = std::max( 14u, 4u + length );
                U8 * const start = page.end() - there;
                std::memcpy( start, whole.data(), there );
                auto & view = *reinterpret_cast< LspPingFec129Ipv4SubTlv * >( start );
