@@ -13,6 +13,18 @@ namespace {
 
 using Kiv::CharRange;
 
+template < class T >
+concept HasScalarText = requires( Orlo::StringBuilder & out, T const & value ) {
+   Kiv::appendText( out, value );
+};
+
+// No conversion leads to another type's text.
+enum Plain : U8 {
+   plain
+};
+static_assert( HasScalarText< U8 > && HasScalarText< bool > && HasScalarText< double > );
+static_assert( !HasScalarText< int > && !HasScalarText< Plain > && !HasScalarText< int * > );
+
 template < class Value >
 Value read( std::string_view text ) {
    CharRange range{ text };

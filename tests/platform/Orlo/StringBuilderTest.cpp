@@ -63,6 +63,14 @@ TEST( StringBuilder, keepsItsTextWhereverItOutgrowsItsOwnBytes ) {
    }
 }
 
+TEST( StringBuilder, handsLongTextOverWithoutCopying ) {
+   StringBuilder out;
+   out.append( Orlo::String( 1000, 'a' ) );
+   char const * const bytes = out.view().data();
+   Orlo::String const text = std::move( out ).string();
+   EXPECT_EQ( text.data(), bytes );
+}
+
 TEST( StringBuilder, canBeUsedAfterItsTextWasTakenOver ) {
    StringBuilder out;
    out.append( Orlo::String( 1000, 'a' ) );

@@ -7,7 +7,10 @@
 
 namespace Kiv {
 
-constinit thread_local AllocationTracker::Counts * AllocationTracker::threadBlock_ = nullptr;
+// The model is repeated: g++ forgets it here otherwise, and a library opened after this one had
+// been used could then no longer be linked to it.
+constinit thread_local AllocationTracker::Counts * AllocationTracker::threadBlock_
+   __attribute__( ( tls_model( "initial-exec" ) ) ) = nullptr;
 
 /// Hands out the slots and knows every thread's block. It is never destroyed, so that objects may
 /// still come and go while the process ends.
@@ -78,7 +81,7 @@ U32 AllocationLedger::slotOf( AllocationTracker & tracker ) noexcept {
 }
 
 void AllocationLedger::blockIs() noexcept {
-   Block * const block = new( std::nothrow ) Block;
+   auto * const block = new( std::nothrow ) Block;
    if( block == nullptr ) {
       return;
    }

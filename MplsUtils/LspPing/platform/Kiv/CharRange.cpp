@@ -95,7 +95,7 @@ Orlo::String quoted( std::string_view text ) {
    Orlo::StringBuilder out;
    out.append( '"' );
    for( char const character : text.substr( 0, longestQuote ) ) {
-      unsigned char const byte = static_cast< unsigned char >( character );
+      auto const byte = static_cast< unsigned char >( character );
       if( byte < 0x20 || byte == 0x7F ) {
          out.append( byte < 0x10 ? "\\x0" : "\\x" );
          out.appendHex( byte, false );

@@ -126,6 +126,56 @@ inline char * putWithPercents( char * at, char const * literal, std::size_t leng
    return at;
 }
 
+/// A format's characters.
+struct Source {
+   char const * text;
+   U16 length;
+
+   /// Writes the literal text of one piece.
+   [[gnu::always_inline]] char * put( char * at, Piece const & piece ) const noexcept {
+      char const * const literal = text + piece.start;
+      if( piece.hasPercents ) [[unlikely]] {
+         return putWithPercents( at, literal, piece.length );
+      }
+      if( piece.length <= slack && piece.start + slack <= length ) [[likely]] {
+         // A block of fixed size, all of it inside the format, is quicker than the exact length.
+         std::memcpy( at, literal, slack );
+      } else {
+         std::memcpy( at, literal, piece.length );
+      }
+      return at + piece.length;
+   }
+};
+
+// One piece and its number. Not inlined: a format of a dozen fields would take kilobytes of code
+// to save a few nanoseconds.
+[[gnu::noinline]] inline char * putNumber( char * at, Source source, Piece const & piece,
+                                           U32 number ) noexcept {
+   at = source.put( at, piece );
+   if( piece.conversion != Conversion::decimal ) {
+      return Orlo::putHex( at, number, piece.conversion == Conversion::hexUpper );
+   }
+   if( number >= 0x80000000 ) {
+      *at++ = '-';
+      number = 0 - number;
+   }
+   return Orlo::putDecimal( at, number );
+}
+
+[[gnu::noinline]] inline char * putNumber( char * at, Source source, Piece const & piece,
+                                           U64 number ) noexcept {
+   return Orlo::putDecimal( source.put( at, piece ), number );
+}
+
+[[gnu::noinline]] inline char * putText( char * at, Source source, Piece const & piece,
+                                         std::string_view text ) noexcept {
+   at = source.put( at, piece );
+   if( !text.empty() ) {
+      std::memcpy( at, text.data(), text.size() );
+   }
+   return at + text.size();
+}
+
 } // namespace FormatDetail
 
 /// A format that fits arguments of the types Args, taken apart while compiling.
@@ -134,8 +184,7 @@ class FormatString {
  public:
    template < std::size_t size >
    consteval FormatString( char const ( &format )[size] )
-      : format_{ format },
-        length_{ static_cast< U16 >( size - 1 ) } {
+      : source_{ format, static_cast< U16 >( size - 1 ) } {
       static_assert( size <= 0x10000 );
       using enum FormatDetail::Conversion;
       std::size_t count = 0;
@@ -184,68 +233,37 @@ class FormatString {
    /// Appends the text to `out`.
    [[gnu::always_inline]] void write( Orlo::StringBuilder & out,
                                       Args const &... arguments ) const noexcept {
-      std::size_t needed = std::size_t{ length_ } + FormatDetail::slack;
+      std::size_t needed = std::size_t{ source_.length } + FormatDetail::slack;
       ( ( needed += FormatDetail::bound( arguments ) ), ... );
       char * at = out.room( needed );
       FormatDetail::Piece const * piece = pieces_.data();
-      ( ( at = putArgument( out, putLiteral( at, *piece ), *piece, needed, arguments ), ++piece ),
-        ... );
-      out.advanceTo( putLiteral( at, *piece ) );
+      ( ( at = putArgument( out, at, *piece++, needed, arguments ) ), ... );
+      out.advanceTo( source_.put( at, *piece ) );
    }
 
  private:
-   [[gnu::always_inline]] char * putLiteral( char * at,
-                                             FormatDetail::Piece const & piece ) const noexcept {
-      char const * const literal = format_ + piece.start;
-      if( piece.hasPercents ) [[unlikely]] {
-         return FormatDetail::putWithPercents( at, literal, piece.length );
-      }
-      if( piece.length <= FormatDetail::slack && piece.start + FormatDetail::slack <= length_ )
-         [[likely]] {
-         // A block of fixed size, all of it inside the format, is quicker than the exact length.
-         std::memcpy( at, literal, FormatDetail::slack );
-      } else {
-         std::memcpy( at, literal, piece.length );
-      }
-      return at + piece.length;
-   }
-
    template < class T >
-   [[gnu::always_inline]] static char *
-   putArgument( Orlo::StringBuilder & out, char * at, FormatDetail::Piece const & piece,
-                std::size_t needed, T const & argument ) noexcept {
-      using enum FormatDetail::Conversion;
+   [[gnu::always_inline]] char * putArgument( Orlo::StringBuilder & out, char * at,
+                                              FormatDetail::Piece const & piece, std::size_t needed,
+                                              T const & argument ) const noexcept {
       if constexpr( FormatDetail::Integer32< T > ) {
-         U32 number = static_cast< U32 >( argument );
-         if( piece.conversion != decimal ) {
-            // A negative number of a small type has the digits of its own width only.
-            number = static_cast< std::make_unsigned_t< T > >( argument );
-            return Orlo::putHex( at, number, piece.conversion == hexUpper );
-         }
-         if constexpr( sizeof( T ) == 4 || std::is_signed_v< T > ) {
-            if( number >= 0x80000000 ) {
-               *at++ = '-';
-               number = 0 - number;
-            }
-         }
-         return Orlo::putDecimal( at, number );
+         // In hexadecimal a negative number has the digits of its own width only.
+         U32 const number = piece.conversion == FormatDetail::Conversion::decimal
+                               ? static_cast< U32 >( argument )
+                               : static_cast< std::make_unsigned_t< T > >( argument );
+         return FormatDetail::putNumber( at, source_, piece, number );
       } else if constexpr( FormatDetail::Unsigned64< T > ) {
-         return Orlo::putDecimal( at, U64{ argument } );
+         return FormatDetail::putNumber( at, source_, piece, U64{ argument } );
       } else if constexpr( FormatDetail::Text< T > ) {
-         std::string_view const text = argument;
-         if( !text.empty() ) {
-            std::memcpy( at, text.data(), text.size() );
-         }
-         return at + text.size();
+         return FormatDetail::putText( at, source_, piece, argument );
       } else {
-         out.advanceTo( at );
+         out.advanceTo( source_.put( at, piece ) );
          appendText( out, argument );
          return out.room( needed );
       }
    }
 
-   char const * format_;
-   U16 length_;
+   FormatDetail::Source source_;
    std::array< FormatDetail::Piece, sizeof...( Args ) + 1 > pieces_;
 };
 

@@ -106,7 +106,7 @@ void sequenceToValue( CharRange & text, Orlo::String * value ) {
          ++index;
          if( index == rest.size() || ( rest[index] != '"' && rest[index] != '\\' ) ) {
             text.take( rest.substr( 0, index - 1 ) );
-            text.failWords( "", "\\\" or \\\\" );
+            text.failWords( "", R"(\" or \\)" );
          }
       }
       read += rest[index];
@@ -119,7 +119,7 @@ void sequenceToValue( CharRange & text, Orlo::String * value ) {
    *value = std::move( read );
 }
 
-void appendText( Orlo::StringBuilder & out, double value ) noexcept {
+void appendDouble( Orlo::StringBuilder & out, double value ) noexcept {
    constexpr std::size_t longest = 32; // "-2.2250738585072014e-308" has 24
    char * const at = out.room( longest );
    out.advanceTo( std::to_chars( at, at + longest, value ).ptr );

@@ -7,6 +7,7 @@
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 
 #include <concepts>
+#include <string_view>
 
 // The text of the plain types that attributes have: numbers in decimal, `true` and `false`, strings
 // in double quotes with \" and \\. Every text that is printed can be read back.
@@ -22,27 +23,26 @@ LSPPING_PLATFORM_EXPORT void sequenceToValue( CharRange & text, bool * value );
 LSPPING_PLATFORM_EXPORT void sequenceToValue( CharRange & text, double * value );
 LSPPING_PLATFORM_EXPORT void sequenceToValue( CharRange & text, Orlo::String * value );
 
-inline void appendText( Orlo::StringBuilder & out, U8 value ) noexcept {
-   out.appendDecimal( value );
-}
-inline void appendText( Orlo::StringBuilder & out, U16 value ) noexcept {
-   out.appendDecimal( value );
-}
-inline void appendText( Orlo::StringBuilder & out, U32 value ) noexcept {
-   out.appendDecimal( value );
-}
-inline void appendText( Orlo::StringBuilder & out, U64 value ) noexcept {
+// Templates, or a pointer would be taken for a bool and an enumeration for its number.
+template < class Number >
+requires std::same_as< Number, U8 > || std::same_as< Number, U16 > || std::same_as< Number, U32 > ||
+   std::same_as< Number, U64 >
+void appendText( Orlo::StringBuilder & out, Number value ) noexcept {
    out.appendDecimal( value );
 }
 
-// A template, or every pointer would be taken for a bool.
 template < std::same_as< bool > Bool >
 void appendText( Orlo::StringBuilder & out, Bool value ) noexcept {
    out.append( value ? std::string_view{ "true" } : std::string_view{ "false" } );
 }
 
 /// The shortest decimal text that reads back as the same number.
-LSPPING_PLATFORM_EXPORT void appendText( Orlo::StringBuilder & out, double value ) noexcept;
+LSPPING_PLATFORM_EXPORT void appendDouble( Orlo::StringBuilder & out, double value ) noexcept;
+
+template < std::same_as< double > Double >
+void appendText( Orlo::StringBuilder & out, Double value ) noexcept {
+   appendDouble( out, value );
+}
 
 LSPPING_PLATFORM_EXPORT void appendText( Orlo::StringBuilder & out,
                                          Orlo::String const & value ) noexcept;

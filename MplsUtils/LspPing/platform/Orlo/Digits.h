@@ -4,6 +4,7 @@
 
 #include <array>
 #include <bit>
+#include <cstddef>
 #include <cstring>
 
 namespace Orlo {
@@ -11,12 +12,17 @@ namespace Orlo {
 /// "00", "01", … "99" one after the other.
 inline constexpr std::array< char, 200 > twoDigits = [] {
    std::array< char, 200 > digits{};
-   for( unsigned number = 0; number < 100; ++number ) {
+   for( std::size_t number = 0; number < 100; ++number ) {
       digits[2 * number] = static_cast< char >( '0' + number / 10 );
       digits[2 * number + 1] = static_cast< char >( '0' + number % 10 );
    }
    return digits;
 }();
+
+/// Writes a number below 100 as two digits.
+inline void putPair( char * at, std::size_t number ) noexcept {
+   std::memcpy( at, &twoDigits[2 * number], 2 );
+}
 
 constexpr unsigned decimalDigits( U32 number ) noexcept {
    unsigned digits = 1;
@@ -32,12 +38,12 @@ inline char * putDigits( char * at, U32 number, unsigned digits ) noexcept {
    char * place = end;
    while( number >= 100 ) {
       place -= 2;
-      std::memcpy( place, &twoDigits[2 * ( number % 100 )], 2 );
+      putPair( place, number % 100 );
       number /= 100;
    }
    if( number >= 10 ) {
       place -= 2;
-      std::memcpy( place, &twoDigits[2 * number], 2 );
+      putPair( place, number );
    } else if( place != at ) {
       *--place = static_cast< char >( '0' + number );
    }

@@ -41,7 +41,7 @@ class LSPPING_PLATFORM_EXPORT Node {
    /// Users at this moment; none while the node is being destroyed.
    U32 references() const noexcept {
       U32 const count = std::atomic_ref( count_ ).load( std::memory_order_relaxed );
-      return count < destroyed ? count : 0;
+      return count < destroyedCount ? count : 0;
    }
 
    void ref() const noexcept {
@@ -77,13 +77,13 @@ class LSPPING_PLATFORM_EXPORT Node {
    /// From here on users that come and go do not destroy the node again. `lastUserGone()` does it
    /// before the destructor runs; the destructor of a node that may be destroyed in another way
    /// (in automatic storage, by `delete`) does it itself if it lends the node out.
-   void beingDestroyedIs() noexcept { count_ = destroyed; }
+   void beingDestroyedIs() noexcept { count_ = destroyedCount; }
 
  private:
    template < class T >
    friend class Ptr;
 
-   static constexpr U32 destroyed = U32{ 1 } << 31;
+   static constexpr U32 destroyedCount = U32{ 1 } << 31;
 
    static bool oneThread() noexcept { return __libc_single_threaded != 0; }
 

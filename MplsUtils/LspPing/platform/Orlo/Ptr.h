@@ -8,6 +8,10 @@
 
 namespace Orlo {
 
+/// A node type whose handles serve as handles to T.
+template < class Derived, class T >
+concept ConvertibleTo = std::convertible_to< Derived *, T * >;
+
 /// Counted pointer to a node: the node lives as long as one of them refers to it. One handle must
 /// not be changed by two threads at once; handles to the same node may be.
 template < class T >
@@ -21,13 +25,13 @@ class Ptr {
    Ptr( Ptr const & other ) noexcept : node_( other.node_ ) { ref(); }
    Ptr( Ptr && other ) noexcept : node_( std::exchange( other.node_, nullptr ) ) {}
 
-   template < class Derived >
-   requires std::convertible_to< Derived *, T * > Ptr( Ptr< Derived > const & other )
-   noexcept : node_( other.node_ ) { ref(); }
+   template < ConvertibleTo< T > Derived >
+   Ptr( Ptr< Derived > const & other ) noexcept : node_( other.node_ ) {
+      ref();
+   }
 
-   template < class Derived >
-   requires std::convertible_to< Derived *, T * > Ptr( Ptr< Derived > && other )
-   noexcept : node_( std::exchange( other.node_, nullptr ) ) {}
+   template < ConvertibleTo< T > Derived >
+   Ptr( Ptr< Derived > && other ) noexcept : node_( std::exchange( other.node_, nullptr ) ) {}
 
    ~Ptr() {
       if( node_ != nullptr ) {

@@ -3,5 +3,7 @@
 #include <string>
 
 namespace Orlo {
+
 using String = std::string;
+
 } // namespace Orlo

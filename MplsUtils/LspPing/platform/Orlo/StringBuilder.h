@@ -18,7 +18,8 @@ class StringBuilder {
  public:
    static constexpr std::size_t inlineCapacity = 512;
 
-   StringBuilder() noexcept {} // not defaulted: `{}` would then clear all the bytes
+   // Not defaulted, or `{}` would clear all the bytes.
+   StringBuilder() noexcept {} // NOLINT(modernize-use-equals-default)
    StringBuilder( StringBuilder const & ) = delete;
    StringBuilder & operator=( StringBuilder const & ) = delete;
    ~StringBuilder() = default;

@@ -255,7 +255,10 @@ bool holdsMagazines() noexcept {
 
 namespace internal {
 
-constinit thread_local std::array< void **, classCount > loaded = noTops();
+// The model is repeated: g++ forgets it here otherwise, and a library opened after this one had
+// been used could then no longer be linked to it.
+constinit thread_local std::array< void **, classCount > loaded
+   __attribute__( ( tls_model( "initial-exec" ) ) ) = noTops();
 
 void * allocateSlowly( std::size_t sizeClass ) {
    Depot & depot = depots[sizeClass];

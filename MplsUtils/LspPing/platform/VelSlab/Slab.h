@@ -23,8 +23,10 @@ inline constexpr std::size_t classCount = largestSize / sizeStep;
 /// release.
 #if defined( __SANITIZE_ADDRESS__ )
 inline constexpr bool recycles = false;
-#elif defined( __has_feature )
-inline constexpr bool recycles = !__has_feature( address_sanitizer );
+#elif !defined( __has_feature )
+inline constexpr bool recycles = true;
+#elif __has_feature( address_sanitizer )
+inline constexpr bool recycles = false;
 #else
 inline constexpr bool recycles = true;
 #endif

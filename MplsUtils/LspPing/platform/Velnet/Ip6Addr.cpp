@@ -141,7 +141,6 @@ std::optional< Ip6Addr > Ip6Addr::fromText( std::string_view text ) noexcept {
           !sides.append( static_cast< U8 >( group ) ) ) {
          return std::nullopt;
       }
-      groupNeeded = false;
       if( index == text.size() ) {
          break;
       }

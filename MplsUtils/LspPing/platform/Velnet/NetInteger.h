@@ -8,15 +8,17 @@
 #include <array>
 #include <bit>
 #include <compare>
-#include <concepts>
 #include <type_traits>
 
 namespace Velnet {
 
 /// An unsigned integer as it lies in a packet: big-endian, at any address. Its text is the host's
 /// number in decimal.
-template < std::unsigned_integral T >
-requires( sizeof( T ) == 2 || sizeof( T ) == 4 || sizeof( T ) == 8 ) class NetInteger {
+template < class T >
+class NetInteger {
+   static_assert( std::is_same_v< T, U16 > || std::is_same_v< T, U32 > ||
+                  std::is_same_v< T, U64 > );
+
  public:
    constexpr NetInteger() noexcept = default;
    constexpr explicit NetInteger( T value ) noexcept { valueIs( value ); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MplsUtils/LspPing/platform/Export.h"
+#include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
 #include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Orlo/Node.h"
 #include "MplsUtils/LspPing/platform/Orlo/Ptr.h"
@@ -59,6 +60,10 @@ class LSPPING_PLATFORM_EXPORT Pkt final : public Orlo::Node {
          offsetOutside( offset );
       }
       return data_[offset];
+   }
+
+   static consteval auto kivAttributes() {
+      return Kiv::attributes( Kiv::computed< &Pkt::size >( "size" ) );
    }
 
  private:
