@@ -4,6 +4,7 @@
 #include "MplsUtils/LspPing/fec/LspPingLabelFec.h"
 #include "MplsUtils/LspPing/fec/LspPingP2mpFec.h"
 #include "MplsUtils/LspPing/fec/LspPingPrefixFec.h"
+#include "MplsUtils/LspPing/fec/LspPingPseudowireFec.h"
 #include "MplsUtils/LspPing/fec/LspPingRsvpFec.h"
 #include "MplsUtils/LspPing/fec/LspPingSrFec.h"
 #include "MplsUtils/LspPing/fec/LspPingVpnFec.h"
