@@ -7,6 +7,7 @@
 #include "MplsUtils/LspPing/fec/LspPingRsvpFec.h"
 #include "MplsUtils/LspPing/fec/LspPingSrFec.h"
 #include "MplsUtils/LspPing/fec/LspPingVpnFec.h"
+#include "MplsUtils/LspPing/fec/LspPingPseudowireFec.h"
 #include "MplsUtils/LspPing/framing/LspPingHdr.h"
 #include "MplsUtils/LspPing/framing/LspPingParsers.h"
 #include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
