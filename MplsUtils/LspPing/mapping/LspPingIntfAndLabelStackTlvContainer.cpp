@@ -1,0 +1,71 @@
+#include "MplsUtils/LspPing/mapping/LspPingIntfAndLabelStackTlvContainer.h"
+
+#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
+
+namespace LspPing {
+
+constinit Kiv::AllocationTracker LspPingIntfAndLabelStackTlvContainer::memAllocationTracker_ =
+   Kiv::trackerOf< LspPingIntfAndLabelStackTlvContainer >();
+
+LspPingIntfAndLabelStackTlvContainer::LspPingIntfAndLabelStackTlvContainer() noexcept = default;
+
+Orlo::Ptr< LspPingIntfAndLabelStackTlvContainer >
+LspPingIntfAndLabelStackTlvContainer::LspPingIntfAndLabelStackTlvContainerIs() {
+   return lspPingIntfAndLabelStackTlvContainerFactory();
+}
+
+Orlo::Ptr< LspPingIntfAndLabelStackTlvContainer > lspPingIntfAndLabelStackTlvContainerFactory() {
+   return Orlo::Ptr< LspPingIntfAndLabelStackTlvContainer >::make();
+}
+
+Kiv::TypeRef LspPingIntfAndLabelStackTlvContainer::typeData() const {
+   return Kiv::typeOf< LspPingIntfAndLabelStackTlvContainer >();
+}
+
+void LspPingIntfAndLabelStackTlvContainer::tryCastToTlv( U8 * value, U32 len ) noexcept {
+   cast( value, len, UnknownAddrType::isRefused );
+}
+
+// Each getter asserts on its own, because the assertion names the function.
+
+bool LspPingIntfAndLabelStackTlvContainer::isIpv4() const {
+   KIV_ASSERT( valid() );
+   switch( getAddrType() ) {
+   case 1:
+   case 2:
+      return true;
+   case 3:
+   case 4:
+      return false;
+   default:
+      KIV_ASSERT( 0 && "Undefined address type" );
+   }
+}
+
+Velnet::IpGenAddr LspPingIntfAndLabelStackTlvContainer::getAddr() const {
+   KIV_ASSERT( valid() );
+   return fromView( isIpv4(),
+                    []( auto const & view ) { return Velnet::IpGenAddr( view.addr() ); } );
+}
+
+Velnet::IpGenAddr LspPingIntfAndLabelStackTlvContainer::getIntfAddr() const {
+   KIV_ASSERT( valid() );
+   if( !isNumbered() )
+      return Velnet::IpGenAddr();
+   return isIpv4() ? Velnet::IpGenAddr( ipv4Tlv()->intf() )
+                   : Velnet::IpGenAddr( ipv6Tlv()->intf() );
+}
+
+U32 LspPingIntfAndLabelStackTlvContainer::getIntfId() const {
+   KIV_ASSERT( valid() );
+   switch( getAddrType() ) {
+   case 2:
+      return ipv4UnnumberedTlv()->intfId();
+   case 4:
+      return ipv6UnnumberedTlv()->intfId();
+   default:
+      return 0;
+   }
+}
+
+} // namespace LspPing
