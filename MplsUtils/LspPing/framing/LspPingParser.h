@@ -30,7 +30,7 @@ class LSPPING_EXPORT LspPingParser : public Orlo::Node {
       : offset_( offset ),
         pkt_( pkt ),
         header_( pkt->data() + offset ) {}
-   ~LspPingParser() override;
+   ~LspPingParser() override = default;
 
    void * place() const noexcept { return header_; }
    void placeIs( void * header ) noexcept { header_ = header; }
