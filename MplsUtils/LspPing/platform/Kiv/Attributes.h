@@ -115,6 +115,15 @@ void accessStored( void * object, OpCode op, void * buffer ) {
       *static_cast< Value * >( buffer ) = stored;
 }
 
+// A part of the value's text that has no place of its own to point at.
+template < auto getter, auto setter >
+void accessStoredField( void * object, OpCode op, void * buffer ) {
+   if( op == Attribute::locate )
+      *static_cast< void ** >( buffer ) = nullptr;
+   else
+      accessField< getter, setter >( object, op, buffer );
+}
+
 template < auto value, class Value >
 void accessConstant( void *, OpCode, void * buffer ) {
    *static_cast< Value * >( buffer ) = *value;
@@ -211,6 +220,15 @@ template < auto member >
 constexpr Attribute storedReadOnly( std::string_view name ) {
    return row< ValueOf< member > >( name, &accessStored< member >,
                                     Attribute::readableFlag | Attribute::storedFlag );
+}
+
+/// An attribute read through a getter and written through a setter that is part of a value's text,
+/// such as some bits of a stored word.
+template < auto getter, auto setter >
+constexpr Attribute storedField( std::string_view name ) {
+   return row< ValueOf< getter > >( name, &accessStoredField< getter, setter >,
+                                    Attribute::readableFlag | Attribute::writableFlag |
+                                       Attribute::storedFlag );
 }
 
 /// A constant, read as a value of type Value.

@@ -73,7 +73,8 @@ struct Signature {
 /// One attribute of a type: a row of the table that stands beside its class.
 struct Attribute {
    // Requests beyond the public operation codes that rows understand: the address of a stored
-   // value, for printing and parsing in place.
+   // value, for printing and parsing in place. Null when the value has no place of its own and is
+   // read and written instead.
    static constexpr OpCode locate = static_cast< OpCode >( 2 );
 
    using Access = void ( * )( void * object, OpCode op, void * buffer );

@@ -28,11 +28,34 @@ void appendCollection( Orlo::StringBuilder & out, Kiv::CollectionRecord const & 
    out.append( '}' );
 }
 
-// The address of a stored attribute's value. Locating changes nothing, whatever the pointer says.
+// The address of a stored attribute's value, or null when it has none. Locating changes nothing,
+// whatever the pointer says.
 void * stored( Kiv::Attribute const & attribute, void const * object ) {
    void * place = nullptr;
    attribute.access( const_cast< void * >( object ), Kiv::Attribute::locate, &place );
    return place;
+}
+
+void appendStored( Orlo::StringBuilder & out, Kiv::Attribute const & attribute,
+                   void const * object ) {
+   if( void const * place = stored( attribute, object ) ) {
+      appendValue( out, attribute.type(), place );
+      return;
+   }
+   Kiv::Instance copy( attribute.type() );
+   attribute.access( const_cast< void * >( object ), Kiv::OpCode::read, copy.object() );
+   appendValue( out, attribute.type(), copy.object() );
+}
+
+void parseStored( Kiv::CharRange & in, Kiv::Attribute const & attribute, void * object ) {
+   auto const parse = attribute.type().operations().parse;
+   if( void * place = stored( attribute, object ) ) {
+      parse( in, place );
+      return;
+   }
+   Kiv::Instance parsed( attribute.type() );
+   parse( in, parsed.object() );
+   attribute.access( object, Kiv::OpCode::write, parsed.object() );
 }
 
 } // namespace
@@ -56,7 +79,7 @@ void appendValue( Orlo::StringBuilder & out, Kiv::TypeRef type, void const * val
       if( attribute.collection() )
          appendCollection( out, *attribute.collectionRecord, attribute.type(), value );
       else
-         appendValue( out, attribute.type(), stored( attribute, value ) );
+         appendStored( out, attribute, value );
    }
    if( before == '(' )
       out.append( '(' );
@@ -97,7 +120,7 @@ void parseAttributes( Kiv::CharRange & in, Kiv::TypeRef type, void * object ) {
          in.expectNext( attribute.name() );
       first = false;
       try {
-         attribute.type().operations().parse( in, stored( attribute, object ) );
+         parseStored( in, attribute, object );
       } catch( Kiv::RangeException const & e ) {
          throw e.within( attribute.name() );
       }
