@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/Module.h"
 #include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/Velnet/MplsLabelEntry.h"
 #include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
 #include "MplsUtils/LspPing/types/LspPingModuleTables.h"
 
@@ -15,6 +16,7 @@ namespace {
 // What runs when the library is loaded, in this order.
 [[gnu::constructor( 201 )]] void registerLspPingHdr() noexcept {
    Kiv::kivModuleIs( lspPingHdrTable );
+   Velnet::MplsLabelEntry::defaultEntryIs( 0 );
 }
 
 [[gnu::constructor( 202 )]] void registerLspPingTypes() noexcept {

@@ -18,5 +18,6 @@
 #include "MplsUtils/LspPing/mapping/LspPingIntfAndLabelStackTlv.h"
 #include "MplsUtils/LspPing/mapping/LspPingIntfAndLabelStackTlvContainer.h"
 #include "MplsUtils/LspPing/tlv/LspPingEchoJitterTlv.h"
+#include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
 #include "MplsUtils/LspPing/tlv/LspPingReplyTosTlv.h"
 #include "MplsUtils/LspPing/tlv/LspPingVeloraVendorPrivateTlv.h"

@@ -4,7 +4,11 @@
 #include "MplsUtils/LspPing/platform/Velnet/Ip6Addr.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpGenAddr.h"
+#include "MplsUtils/LspPing/platform/Velnet/IpGenPrefix.h"
 #include "MplsUtils/LspPing/platform/Velnet/ModuleTypes.h"
+#include "MplsUtils/LspPing/platform/Velnet/MplsLabel.h"
+#include "MplsUtils/LspPing/platform/Velnet/MplsLabelEntry.h"
+#include "MplsUtils/LspPing/platform/Velnet/MplsLabelStack.h"
 #include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
 #include "MplsUtils/LspPing/platform/Velnet/Pkt.h"
 

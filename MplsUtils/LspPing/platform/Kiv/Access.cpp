@@ -23,12 +23,30 @@ Outcome accessEntry( CollectionRecord const & collection, void * owner, OpCode o
    return Outcome::done;
 }
 
-Orlo::String described( TypeId type, Reach reach ) {
-   TypeRef const known( type );
-   Orlo::String text( known ? known.name() : std::string_view( "nothing" ) );
-   if( reach == Reach::pointer )
+Orlo::String described( BufferType wanted ) {
+   TypeRef const known( wanted.type );
+   Orlo::String const text( known ? known.name() : std::string_view( "nothing" ) );
+   switch( wanted.reach ) {
+   case Reach::value:
+      break;
+   case Reach::pointer:
       return text + " *";
-   return reach == Reach::counted ? "Orlo::Ptr< " + text + " >" : text;
+   case Reach::counted:
+      return "Orlo::Ptr< " + text + " >";
+   }
+   return text;
+}
+
+std::string_view refused( OpCode op ) {
+   switch( op ) {
+   case OpCode::read:
+      return " cannot be read";
+   case OpCode::write:
+      return " cannot be written";
+   case OpCode::call:
+      return " cannot be called";
+   }
+   return " does not offer that";
 }
 
 Orlo::String described( TypeRef type, std::string_view name ) {
@@ -75,30 +93,26 @@ U64 hashOf( TypeRef type, void const * object ) {
    return type.operations().hash( object );
 }
 
-FoundAttribute attributeFor( TypeRef type, std::string_view name, Wanted wanted ) {
+FoundAttribute attributeFor( TypeRef type, std::string_view name, OpCode op, BufferType wanted ) {
    FoundAttribute const found = attributeNamed( type, name );
    if( !found )
-      throw AccessException( Orlo::String( type.name() ) + " has no attribute \"" +
-                             Orlo::String( name ) + "\"" );
+      throw AccessException(
+         Orlo::String( type.name() ).append( " has no attribute \"" ).append( name ) + '"' );
    Attribute const & row = *found.attribute;
    if( row.collection() )
       throw AccessException( described( type, name ) + " is a collection" );
-   if( !row.offers( wanted.op ) )
-      throw AccessException( described( type, name ) +
-                             ( wanted.op == OpCode::write  ? " cannot be written"
-                               : wanted.op == OpCode::read ? " cannot be read"
-                                                           : " cannot be called" ) );
-   if( wanted.op != OpCode::call && ( row.typeId != wanted.type || row.reach != wanted.reach ) )
-      throw AccessException( described( type, name ) + " is of type " +
-                             described( row.typeId, row.reach ) + ", not " +
-                             described( wanted.type, wanted.reach ) );
+   if( !row.offers( op ) )
+      throw AccessException( described( type, name ).append( refused( op ) ) );
+   BufferType const has{ row.typeId, row.reach };
+   if( op != OpCode::call && has != wanted )
+      throw AccessException( described( type, name ) + " is of type " + described( has ) +
+                             ", not " + described( wanted ) );
    return found;
 }
 
-void callTyped( TypeRef type, void * object, std::string_view name, TypeId result,
-                TypeId const * argumentTypes, Call const & call ) {
-   FoundAttribute const found =
-      attributeFor( type, name, { TypeId{}, Reach::value, OpCode::call } );
+void callTyped( TypeRef type, void * object, std::string_view name, BufferType result,
+                BufferType const * argumentTypes, Call & call ) {
+   FoundAttribute const found = attributeFor( type, name, OpCode::call, result );
    Signature const & signature = *found.attribute->signature;
    if( call.count != signature.count )
       throw AccessException( described( type, name ) + " takes " +
@@ -106,17 +120,14 @@ void callTyped( TypeRef type, void * object, std::string_view name, TypeId resul
                              std::to_string( call.count ) );
    for( std::size_t i = 0; i < call.count; ++i ) {
       if( argumentTypes[i] != signature.arguments[i] )
-         throw AccessException( described( type, name ) + " takes as argument " +
-                                std::to_string( i + 1 ) + " a " +
-                                described( signature.arguments[i], Reach::value ) + ", not " +
-                                described( argumentTypes[i], Reach::value ) );
+         throw AccessException(
+            described( type, name ) + " takes as argument " + std::to_string( i + 1 ) + " " +
+            described( signature.arguments[i] ) + ", not " + described( argumentTypes[i] ) );
    }
    if( result != signature.result )
-      throw AccessException( described( type, name ) + " returns " +
-                             described( signature.result, Reach::value ) + ", not " +
-                             described( result, Reach::value ) );
-   Call frame = call;
-   access( found.declaring.record(), *found.attribute, object, OpCode::call, &frame );
+      throw AccessException( described( type, name ) + " returns " + described( signature.result ) +
+                             ", not " + described( result ) );
+   access( found.declaring.record(), *found.attribute, object, OpCode::call, &call );
 }
 
 CollectionIterator::CollectionIterator( TypeRef type, void * object, std::string_view name )

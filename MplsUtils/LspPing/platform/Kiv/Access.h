@@ -9,6 +9,7 @@
 
 #include <exception>
 #include <string_view>
+#include <tuple>
 
 namespace Kiv {
 
@@ -106,17 +107,12 @@ class LSPPING_PLATFORM_EXPORT AccessException : public std::exception {
    Orlo::String text_;
 };
 
-// What a typed access asks of the attribute that it found.
-struct Wanted {
-   TypeId type;
-   Reach reach;
-   OpCode op;
-};
-LSPPING_PLATFORM_EXPORT FoundAttribute attributeFor( TypeRef type, std::string_view name,
-                                                     Wanted wanted );
+// What a typed access asks of the attribute that it finds; it raises AccessException otherwise.
+LSPPING_PLATFORM_EXPORT FoundAttribute attributeFor( TypeRef type, std::string_view name, OpCode op,
+                                                     BufferType wanted );
 LSPPING_PLATFORM_EXPORT void callTyped( TypeRef type, void * object, std::string_view name,
-                                        TypeId result, TypeId const * argumentTypes,
-                                        Call const & call );
+                                        BufferType result, BufferType const * argumentTypes,
+                                        Call & call );
 
 /// The type of an object: what it says itself if it is a node, else its class.
 template < class T >
@@ -137,11 +133,8 @@ void * untyped( T & object ) noexcept {
 /// another type or cannot be read.
 template < class T >
 T read( TypeRef type, void const * object, std::string_view name ) {
-   using Buffer = typename Buffered< T >::Buffer;
-   FoundAttribute const found = attributeFor(
-      type, name,
-      { typeIdOf< typename Buffered< T >::Type >, Buffered< T >::reach, OpCode::read } );
-   Buffer buffer{};
+   FoundAttribute const found = attributeFor( type, name, OpCode::read, bufferType< T >() );
+   typename Buffered< T >::Buffer buffer{};
    access( found.declaring.record(), *found.attribute, const_cast< void * >( object ), OpCode::read,
            &buffer );
    if constexpr( Buffered< T >::reach == Reach::pointer )
@@ -161,30 +154,30 @@ T read( Object const & object, std::string_view name ) {
 /// type or cannot be written; nothing is changed then.
 template < class T, class Object >
 void write( Object & object, std::string_view name, T const & value ) {
-   using Buffer = typename Buffered< T >::Buffer;
-   FoundAttribute const found = attributeFor(
-      typeOf( object ), name,
-      { typeIdOf< typename Buffered< T >::Type >, Buffered< T >::reach, OpCode::write } );
-   Buffer buffer = const_cast< std::conditional_t< Buffered< T >::reach == Reach::pointer,
-                                                   std::remove_const_t< T >, T const > & >( value );
-   access( found.declaring.record(), *found.attribute, untyped( object ), OpCode::write, &buffer );
+   TypeRef const type = typeOf( object );
+   FoundAttribute const found = attributeFor( type, name, OpCode::write, bufferType< T >() );
+   typename Buffered< T >::Buffer buffer = value;
+   access( found.declaring.record(), *found.attribute, &object, OpCode::write, &buffer );
 }
 
 /// Calls an operation. Arguments and result must have its types exactly, else AccessException.
 template < class Result = void, class Object, class... A >
-Result call( Object & object, std::string_view name, A... arguments ) {
-   std::array< void *, sizeof...( A ) + 1 > places{ static_cast< void * >( &arguments )...,
-                                                    nullptr };
-   static constexpr std::array< TypeId, sizeof...( A ) + 1 > types{ bufferedTypeId< A >()...,
-                                                                    TypeId{} };
+Result call( Object & object, std::string_view name, A const &... arguments ) {
+   static constexpr std::array< BufferType, sizeof...( A ) > types{ bufferType< A >()... };
+   std::tuple< typename Buffered< A >::Buffer... > buffers( arguments... );
+   auto const places = std::apply(
+      []( auto &... buffer ) {
+         return std::array< void *, sizeof...( A ) >{ static_cast< void * >( &buffer )... };
+      },
+      buffers );
    Call frame{ nullptr, places.data(), sizeof...( A ) };
+   TypeRef const type = typeOf( object );
    if constexpr( std::is_void_v< Result > ) {
-      callTyped( typeOf( object ), untyped( object ), name, TypeId{}, types.data(), frame );
+      callTyped( type, untyped( object ), name, bufferType< void >(), types.data(), frame );
    } else {
       Result result{};
       frame.result = &result;
-      callTyped( typeOf( object ), untyped( object ), name, typeIdOf< Result >, types.data(),
-                 frame );
+      callTyped( type, untyped( object ), name, bufferType< Result >(), types.data(), frame );
       return result;
    }
 }

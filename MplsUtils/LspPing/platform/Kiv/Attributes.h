@@ -163,23 +163,24 @@ void callOperation( void * object, OpCode, void * buffer ) {
 }
 
 template < class T >
-constexpr TypeId bufferedTypeId() {
+constexpr BufferType bufferType() {
+   using Bare = std::remove_cvref_t< T >;
    if constexpr( std::is_void_v< T > )
-      return TypeId{};
+      return {};
    else
-      return typeIdOf< typename Buffered< std::remove_cvref_t< T > >::Type >;
+      return { typeIdOf< typename Buffered< Bare >::Type >, Buffered< Bare >::reach };
 }
 
 template < auto function >
 inline constexpr auto
    argumentTypes = Callable< decltype( function ) >::expand( []< class... A >( Of< A >... ) {
-      return std::array< TypeId, sizeof...( A ) >{ bufferedTypeId< A >()... };
+      return std::array< BufferType, sizeof...( A ) >{ bufferType< A >()... };
    } );
 
 template < auto function >
 inline constexpr Signature signatureOf{
    argumentTypes< function >.data(), static_cast< U8 >( argumentTypes< function >.size() ),
-   bufferedTypeId< typename Callable< decltype( function ) >::Result >()
+   bufferType< typename Callable< decltype( function ) >::Result >()
 };
 
 template < class Value >
@@ -188,8 +189,8 @@ constexpr Attribute row( std::string_view name, Attribute::Access access, unsign
    attribute.nameText = name.data();
    attribute.nameLength = static_cast< U8 >( name.size() );
    attribute.access = access;
-   attribute.typeId = typeIdOf< typename Buffered< Value >::Type >;
-   attribute.reach = Buffered< Value >::reach;
+   attribute.typeId = bufferType< Value >().type;
+   attribute.reach = bufferType< Value >().reach;
    attribute.flags = static_cast< U8 >( flags );
    return attribute;
 }
@@ -247,7 +248,8 @@ constexpr Attribute operation( std::string_view name, char const * argumentNames
    attribute.access = &callOperation< function >;
    attribute.signature = &signatureOf< function >;
    attribute.argumentNames = argumentNames;
-   attribute.typeId = signatureOf< function >.result;
+   attribute.typeId = signatureOf< function >.result.type;
+   attribute.reach = signatureOf< function >.result.reach;
    attribute.flags = Attribute::callableFlag;
    return attribute;
 }

@@ -14,11 +14,12 @@ namespace Kiv {
 // class offers:
 //
 //    using Key, Value, Iterator;      Iterator: nonnull(), key(), value(), advance(); copyable
+//    static constexpr U32 keyLimit;   the highest key
 //    Iterator iterator() const;       at the first element
 //    std::size_t count() const;  U64 version() const;  bool contains( Key ) const;
 //    Value entry( Key ) const;        the default value where there is none
-//    void entryIs( Key, Value const & );  Value entryDel( Key );  Value entryDel( Iterator const &
-//    );
+//    void entryIs( Key, Value const & );
+//    Value entryDel( Key );  Value entryDel( Iterator const & );  void entryDelAll();
 
 /// Room for any collection's iterator.
 struct IteratorStorage {
@@ -27,7 +28,7 @@ struct IteratorStorage {
 };
 
 /// What can be done with a collection member of an object without knowing its class. `key` is
-/// given as a number and must fit the collection's key type.
+/// given as a number of at most `keyLimit`.
 struct CollectionRecord {
    TypeId keyType;
    U32 keyLimit; ///< the highest key
@@ -79,7 +80,7 @@ struct CollectionAccess {
 
    static constexpr CollectionRecord record{
       .keyType = typeIdOf< Key >,
-      .keyLimit = static_cast< Key >( ~Key{ 0 } ),
+      .keyLimit = Collection::keyLimit,
       .count = []( void const * owner ) -> std::size_t { return of( owner ).count(); },
       .version = []( void const * owner ) -> U64 { return of( owner ).version(); },
       .contains = []( void const * owner, U32 key ) -> bool {

@@ -59,15 +59,23 @@ enum class Reach : U8 {
 /// Arguments and result of an operation, the buffer of `OpCode::call`.
 struct Call {
    void * result = nullptr;            ///< object of the result's type; unused without a result
-   void * const * arguments = nullptr; ///< one object of the argument's type each
+   void * const * arguments = nullptr; ///< one buffer of the argument's type each
    std::size_t count = 0;              ///< must equal the operation's number of arguments
+};
+
+/// A registered type, and how a buffer holds an object of it.
+struct BufferType {
+   TypeId type; ///< none for the result of an operation that returns nothing
+   Reach reach = Reach::value;
+
+   friend constexpr bool operator==( BufferType, BufferType ) noexcept = default;
 };
 
 /// Types of an operation's arguments and result.
 struct Signature {
-   TypeId const * arguments = nullptr;
+   BufferType const * arguments = nullptr;
    U8 count = 0;
-   TypeId result; ///< none when the operation returns nothing
+   BufferType result;
 };
 
 /// One attribute of a type: a row of the table that stands beside its class.

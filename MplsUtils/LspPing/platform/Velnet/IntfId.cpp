@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
 #include "MplsUtils/LspPing/platform/Kiv/ScalarText.h"
+#include "MplsUtils/LspPing/platform/Velnet/NoneText.h"
 
 #include <charconv>
 #include <string>
@@ -33,8 +34,7 @@ void appendText( Orlo::StringBuilder & out, IntfId const & id ) noexcept {
 }
 
 void sequenceToValue( Kiv::CharRange & text, IntfId * id ) {
-   if( Kiv::CharRange{ text }.token() == "none" ) {
-      text.token();
+   if( takeNone( text ) ) {
       *id = IntfId{};
    } else {
       U32 value = 0;

@@ -1,0 +1,61 @@
+#include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
+
+#include "MplsUtils/LspPing/framing/LspPingParsers.h"
+#include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+
+#include <utility>
+
+namespace LspPing {
+
+constinit Kiv::AllocationTracker LspPingPadTlv::memAllocationTracker_ =
+   Kiv::trackerOf< LspPingPadTlv >();
+
+std::unique_ptr< LspPingPadTlv > LspPingPadTlv::LspPingPadTlvIs() {
+   return lspPingPadTlvFactory();
+}
+
+std::unique_ptr< LspPingPadTlv > lspPingPadTlvFactory() {
+   return std::make_unique< LspPingPadTlv >();
+}
+
+Orlo::String LspPingPadTlv::stringValue() const {
+   if( !valid() )
+      return "Invalid LspPingPadTlv";
+   Orlo::StringBuilder text;
+   text.append( "PadTlv( PadType: " );
+   text.appendDecimal( padType() );
+   text.append( ", Size: " );
+   text.appendDecimal( length() );
+   text.append( ", Padding: " );
+   for( U32 i = 0; i + 1 < length(); ++i ) {
+      text.append( "0x" );
+      text.appendHex( padding( i ), true );
+      text.append( ' ' );
+   }
+   text.append( ')' );
+   return std::move( text ).string();
+}
+
+LspPingPadTlvParser::LspPingPadTlvParser( Orlo::Ptr< Velnet::Pkt > const & pkt, U32 offset )
+   : LspPingParser( pkt, offset ) {
+   handleHeader();
+}
+
+// Copies as many bytes as the length tells. One outside the packet's data raises an error that
+// ends the process here. The object of an earlier call is left to whoever took it.
+void LspPingPadTlvParser::handleHeader() noexcept {
+   Orlo::Ptr< Velnet::Pkt > const held = pkt();
+   auto const byte = [&]( U32 index ) { return held->rawByte( offset() + index ); };
+   auto const word = [&]( U32 index ) {
+      return static_cast< U16 >( byte( index ) << 8 | byte( index + 1 ) );
+   };
+   LspPingPadTlv * const tlv = lspPingPadTlvFactory().release();
+   placeIs( tlv );
+   tlv->typeIs( word( 0 ) );
+   tlv->lengthIs( word( 2 ) );
+   tlv->padTypeIs( byte( 4 ) );
+   for( U32 i = 0; i + 1 < tlv->length(); ++i )
+      tlv->paddingIs( i, byte( 5 + i ) );
+}
+
+} // namespace LspPing
