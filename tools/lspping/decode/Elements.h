@@ -25,17 +25,17 @@ enum class Context : U8 {
 /// What stands behind an element's fixed part.
 enum class Body : U8 {
    none,
-   tlvs,            ///< copies of TLVs of the request
-   fecs,            ///< the stack of FECs
-   ddmapSubTlvs,    ///< as many bytes as the word before them says
-   stackChangeFec,  ///< one FEC, as many bytes as the byte at 6 says
-   responderTlvs,   ///< who answers for a point-to-multipoint LSP
-   vendorTlvs,      ///< if the vendor is ours
-   opaqueValue,     ///< of a multipoint LDP FEC, behind its root address
-   multipath,       ///< multipath information
-   mappingLabels,   ///< multipath information, then labels with their protocols
-   protocolLabels,  ///< labels with their protocols
-   labelStack,      ///< label stack entries as they are sent
+   tlvs,           ///< copies of TLVs of the request
+   fecs,           ///< the stack of FECs
+   ddmapSubTlvs,   ///< as many bytes as the word before them says
+   stackChangeFec, ///< one FEC, as many bytes as the byte at 6 says
+   responderTlvs,  ///< who answers for a point-to-multipoint LSP
+   vendorTlvs,     ///< if the vendor is ours
+   opaqueValue,    ///< of a multipoint LDP FEC, behind its root address
+   multipath,      ///< multipath information
+   mappingLabels,  ///< multipath information, then labels with their protocols
+   protocolLabels, ///< labels with their protocols
+   labelStack,     ///< label stack entries as they are sent
 };
 
 /// A view of the library over bytes that are known to be there.
