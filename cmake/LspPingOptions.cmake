@@ -31,10 +31,16 @@ if( LSPPING_SANITIZE STREQUAL "" )
 endif()
 # Types stay registered while the process runs, so a library that was loaded is never unmapped.
 target_link_options( LspPingHardening INTERFACE
-   LINKER:-z,relro,-z,now,-z,nodelete LINKER:-z,pack-relative-relocs LINKER:--as-needed )
+   LINKER:-z,relro,-z,now,-z,nodelete LINKER:-z,pack-relative-relocs LINKER:--as-needed
+   LINKER:--version-script=${CMAKE_CURRENT_LIST_DIR}/foreignSymbols.map )
 
 if( NOT LSPPING_SANITIZE STREQUAL "" )
    add_compile_options( -fsanitize=${LSPPING_SANITIZE} -fno-omit-frame-pointer
                         -fno-sanitize-recover=all )
    add_link_options( -fsanitize=${LSPPING_SANITIZE} )
+endif()
+if( LSPPING_BUILD_FUZZ )
+   # The fuzzer is led by what the library's code reaches, too.
+   add_compile_options( -fsanitize=fuzzer-no-link )
+   add_link_options( -fsanitize=fuzzer-no-link )
 endif()

@@ -9,6 +9,9 @@ int main( int argc, char ** argv ) {
    app.footer( "Exit status: 0 done, 1 malformed input was met, 2 wrong usage, 3 a file failed." );
    int status = LspPingTool::exitDone;
    LspPingTool::addDecode( app, status );
+   LspPingTool::addTypes( app, status );
+   LspPingTool::addView( app, status );
+   LspPingTool::addValue( app, status );
    try {
       app.parse( argc, argv );
    } catch( CLI::ParseError const & error ) {

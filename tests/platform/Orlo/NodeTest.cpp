@@ -1,4 +1,5 @@
 #include "MplsUtils/LspPing/platform/Orlo/Node.h"
+#include "MplsUtils/LspPing/platform/Kiv/ModuleTypes.h"
 #include "MplsUtils/LspPing/platform/Orlo/Ptr.h"
 #include "MplsUtils/LspPing/platform/VelSlab/Slab.h"
 
@@ -56,19 +57,15 @@ TEST( Node, hasNoPublisherAndNoTypeOfItsOwn ) {
    EXPECT_EQ( noted.fwkType(), Kiv::TypeRef() );
 }
 
-// The address is a stand-in: references compare by it and nothing looks behind it here.
-int standIn = 0;
-
+// Any registered type will do.
 struct Typed : Node {
-   Kiv::TypeRef typeData() const override {
-      return Kiv::TypeRef( reinterpret_cast< Kiv::TypeRecord const * >( &standIn ) );
-   }
+   Kiv::TypeRef typeData() const override { return Kiv::typeOf< U32 >(); }
 };
 
 TEST( Node, hasTheTypeThatTheMostDerivedClassGives ) {
    Typed const typed;
    Node const & node = typed;
-   EXPECT_EQ( node.fwkType(), typed.typeData() );
+   EXPECT_EQ( node.fwkType(), Kiv::typeOf< U32 >() );
    EXPECT_NE( node.fwkType(), Kiv::TypeRef() );
 }
 

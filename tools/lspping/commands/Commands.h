@@ -9,5 +9,8 @@ class App;
 namespace LspPingTool {
 
 void addDecode( CLI::App & app, int & status );
+void addTypes( CLI::App & app, int & status );
+void addView( CLI::App & app, int & status );
+void addValue( CLI::App & app, int & status );
 
 } // namespace LspPingTool

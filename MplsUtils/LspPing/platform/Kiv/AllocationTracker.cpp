@@ -81,7 +81,7 @@ U32 AllocationLedger::slotOf( AllocationTracker & tracker ) noexcept {
 }
 
 void AllocationLedger::blockIs() noexcept {
-   Block * const block = new( std::nothrow ) Block;
+   auto * const block = new( std::nothrow ) Block;
    if( block == nullptr ) {
       return;
    }

@@ -7,7 +7,8 @@ namespace Kiv {
 
 void assertionFailed( char const * file, int line, char const * function,
                       char const * condition ) noexcept {
-   std::fprintf( stderr, "%s:%d: %s: assertion \"%s\" failed\n", file, line, function, condition );
+   static_cast< void >( std::fprintf( stderr, "%s:%d: %s: assertion \"%s\" failed\n", file, line,
+                                      function, condition ) );
    std::abort();
 }
 

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/Orlo/Ptr.h"
+#include "MplsUtils/LspPing/platform/Velnet/Pkt.h"
+
+#include <memory>
+#include <span>
+
+namespace LspPingTool {
+
+/// A view, parser or container over bytes. The element begins at an odd address, as elements in
+/// packets do; zeros that are not part of the bytes follow them, so that what a view reads behind
+/// its fixed part is defined.
+class Subject {
+ public:
+   /// Raises UsageError for a type that is not laid over bytes, InputError for too few of them.
+   Subject( Kiv::TypeRef type, std::span< U8 const > bytes, U32 offset );
+   Subject( Subject const & ) = delete;
+   Subject & operator=( Subject const & ) = delete;
+   ~Subject();
+
+   Kiv::TypeRef type() const noexcept { return type_; }
+   void * object() const noexcept { return object_; }
+   /// All bytes, as the writes have left them.
+   std::span< U8 const > bytes() const noexcept { return bytes_; }
+
+ private:
+   void packetIs( std::span< U8 const > bytes );
+   void parserIs();
+   void containerIs();
+
+   // More than any view reads behind its fixed part, which says of itself how long it is.
+   static constexpr std::size_t slack = 256;
+
+   Kiv::TypeRef type_;
+   U32 offset_;
+   Orlo::Ptr< Velnet::Pkt > pkt_;
+   std::span< U8 > bytes_;
+   Orlo::Ptr< Orlo::Node > node_;
+   void * object_ = nullptr;
+};
+
+} // namespace LspPingTool

@@ -1,0 +1,176 @@
+#include "MplsUtils/LspPing/platform/Kiv/Collections.h"
+#include "tools/lspping/inspect/Commands.h"
+#include "tools/lspping/inspect/Output.h"
+#include "tools/lspping/inspect/Registry.h"
+
+namespace LspPingTool {
+
+namespace {
+
+void writeNamed( JsonWriter & json, std::string_view key, std::string_view text ) {
+   writeKey( json, key );
+   writeString( json, text );
+}
+
+void writeNamed( JsonWriter & json, std::string_view key, bool value ) {
+   writeKey( json, key );
+   json.Bool( value );
+}
+
+// A type's name, or null where there is none.
+void writeTypeName( JsonWriter & json, std::string_view key, Kiv::TypeId id ) {
+   writeKey( json, key );
+   if( Kiv::TypeRef const type{ id } )
+      writeString( json, type.name() );
+   else
+      json.Null();
+}
+
+void writeAttributeRow( JsonWriter & json, Kiv::Attribute const & attribute ) {
+   json.StartObject();
+   writeNamed( json, "name", attribute.name() );
+   writeKey( json, "id" );
+   json.Uint( attribute.id );
+   writeTypeName( json, "type", attribute.typeId );
+   writeNamed( json, "readable", attribute.readable() );
+   writeNamed( json, "writable", attribute.writable() );
+   writeNamed( json, "callable", attribute.callable() );
+   writeNamed( json, "collection", attribute.collection() );
+   if( attribute.callable() ) {
+      writeKey( json, "arguments" );
+      json.StartArray();
+      for( ArgumentShown const & argument : argumentsShown( attribute ) ) {
+         json.StartObject();
+         writeNamed( json, "name", argument.name );
+         writeNamed( json, "type", typeText( argument.type ) );
+         json.EndObject();
+      }
+      json.EndArray();
+   }
+   if( attribute.collection() )
+      writeTypeName( json, "key", attribute.collectionRecord->keyType );
+   json.EndObject();
+}
+
+void writeType( JsonWriter & json, Kiv::TypeRef type ) {
+   Kiv::TypeRecord const & record = type.record();
+   json.StartObject();
+   writeKey( json, "index" );
+   json.Uint( record.id.index );
+   writeNamed( json, "name", record.name );
+   writeNamed( json, "kind", kindText( record.kind ) );
+   writeTypeName( json, "base", record.base );
+   writeNamed( json, "hashable", type.hashable() );
+   writeKey( json, "attributes" );
+   json.StartArray();
+   for( Kiv::Attribute const & attribute : type.attributes() )
+      writeAttributeRow( json, attribute );
+   json.EndArray();
+   writeTypeName( json, "underlying", record.underlying );
+   writeKey( json, "enumerators" );
+   json.StartArray();
+   for( Kiv::Enumerator const & enumerator : type.enumerators() ) {
+      json.StartObject();
+      writeNamed( json, "name", enumerator.name() );
+      writeKey( json, "value" );
+      json.Uint( enumerator.value );
+      json.EndObject();
+   }
+   json.EndArray();
+   json.EndObject();
+}
+
+std::string registryJson( std::vector< ModuleShown > const & modules ) {
+   return jsonLine( [&]( JsonWriter & json ) {
+             json.StartObject();
+             writeKey( json, "modules" );
+             json.StartArray();
+             for( ModuleShown const & shown : modules ) {
+                json.StartObject();
+                writeNamed( json, "name", shown.module->name );
+                writeKey( json, "types" );
+                json.StartArray();
+                for( Kiv::TypeRef const type : shown.types )
+                   writeType( json, type );
+                json.EndArray();
+                json.EndObject();
+             }
+             json.EndArray();
+             json.EndObject();
+          } ) +
+          '\n';
+}
+
+std::string accessText( Kiv::Attribute const & attribute ) {
+   std::string text = "---";
+   if( attribute.readable() )
+      text[0] = 'r';
+   if( attribute.writable() )
+      text[1] = 'w';
+   if( attribute.callable() )
+      text[2] = 'c';
+   return text;
+}
+
+void appendDetails( std::string & out, Kiv::TypeRef type ) {
+   for( Kiv::Attribute const & attribute : type.attributes() ) {
+      out += "    " + std::to_string( attribute.id ) + " " + accessText( attribute ) + " " +
+             std::string( attribute.name() );
+      if( attribute.collection() )
+         out +=
+            "[" + std::string( Kiv::TypeRef( attribute.collectionRecord->keyType ).name() ) + "]";
+      out += ": " + typeText( { attribute.typeId, attribute.reach } );
+      if( attribute.callable() ) {
+         std::string_view separator = "(";
+         for( ArgumentShown const & argument : argumentsShown( attribute ) ) {
+            out.append( separator ).append( typeText( argument.type ) ).append( " " );
+            out.append( argument.name );
+            separator = ", ";
+         }
+         out += separator == "(" ? "()" : ")";
+      }
+      out += '\n';
+   }
+   for( Kiv::Enumerator const & enumerator : type.enumerators() )
+      out += "    " + std::string( enumerator.name() ) + " = " +
+             std::to_string( enumerator.value ) + '\n';
+}
+
+// The attributes only for what was asked for by name: all of them fill many screens.
+std::string registryText( std::vector< ModuleShown > const & modules, bool details ) {
+   std::string out;
+   for( ModuleShown const & shown : modules ) {
+      out += std::string( shown.module->name ) + '\n';
+      for( Kiv::TypeRef const type : shown.types ) {
+         out += "  " + std::to_string( type.id().index ) + " " + std::string( type.name() ) + ", " +
+                std::string( kindText( type.kind() ) );
+         if( Kiv::TypeRef const base = type.base() )
+            out += ", base " + std::string( base.name() );
+         out += '\n';
+         if( details )
+            appendDetails( out, type );
+      }
+   }
+   return out;
+}
+
+} // namespace
+
+int runTypes( TypesOptions const & options, std::FILE * out, std::FILE * err ) {
+   try {
+      std::vector< ModuleShown > const modules = modulesShown( options.name );
+      std::string text;
+      if( options.json )
+         text = registryJson( modules );
+      else if( options.markdown )
+         text = registryMarkdown( modules );
+      else
+         text = registryText( modules, !options.name.empty() );
+      return put( out, text ) ? 0 : 3;
+   } catch( UsageError const & e ) {
+      static_cast< void >( put( err, "lspping: " + std::string( e.what() ) + '\n' ) );
+      return 2;
+   }
+}
+
+} // namespace LspPingTool

@@ -1,0 +1,74 @@
+#include "MplsUtils/LspPing/platform/Kiv/Instance.h"
+#include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
+#include "tools/lspping/inspect/Commands.h"
+#include "tools/lspping/inspect/Output.h"
+
+#include <optional>
+
+namespace LspPingTool {
+
+namespace {
+
+// Whether a value differs from the default one, by its own judgement where it has one.
+std::optional< bool > isSet( Kiv::TypeRef type, void const * value ) {
+   Kiv::Operations const & operations = type.operations();
+   if( operations.isSet != nullptr )
+      return operations.isSet( value );
+   if( operations.equal == nullptr )
+      return std::nullopt;
+   Kiv::Instance const byDefault( type );
+   return !operations.equal( value, byDefault.object() );
+}
+
+std::string answerValue( std::vector< std::string > const & arguments, bool json ) {
+   if( arguments.empty() )
+      throw UsageError( "value wants TYPE [TEXT] [NAME=VALUE]..." );
+   Kiv::TypeRef const type = typeGiven( arguments[0] );
+   if( type.kind() != Kiv::Kind::value && type.kind() != Kiv::Kind::enumeration )
+      throw UsageError( std::string( type.name() ) + " is no value type" );
+
+   // A value without attributes has nothing to write, so what follows can only be its text.
+   bool const hasText =
+      arguments.size() > 1 && ( type.attributes().empty() || !writeGiven( arguments[1] ) );
+   std::vector< WriteGiven > const writes = writesGiven( arguments, hasText ? 2 : 1 );
+   Kiv::Instance value( type );
+   if( hasText )
+      valueFromText( type, arguments[1], value.object(), std::string( type.name() ) );
+   std::vector< WriteDone > const done = applyWrites( type, value.object(), writes );
+
+   Orlo::String const text = KivOrlo::valueToStrep( type, value.object() );
+   std::optional< bool > const set = isSet( type, value.object() );
+   if( json )
+      return jsonLine( [&]( JsonWriter & line ) {
+                line.StartObject();
+                writeKey( line, "type" );
+                writeString( line, type.name() );
+                writeKey( line, "text" );
+                writeString( line, text );
+                writeKey( line, "attributes" );
+                writeAttributes( line, type, value.object() );
+                writeKey( line, "isSet" );
+                if( set )
+                   line.Bool( *set );
+                else
+                   line.Null();
+                if( !done.empty() )
+                   writeOutcomes( line, done );
+                line.EndObject();
+             } ) +
+             '\n';
+   std::string answer = text + '\n';
+   appendAttributes( answer, type, value.object() );
+   appendOutcomes( answer, done );
+   if( set )
+      answer += *set ? "set\n" : "empty\n";
+   return answer;
+}
+
+} // namespace
+
+int runValue( ObjectOptions const & options, std::FILE * in, std::FILE * out, std::FILE * err ) {
+   return answerAll( options, in, out, err, answerValue );
+}
+
+} // namespace LspPingTool
