@@ -200,6 +200,8 @@ constexpr auto rows = [] {
       view< LspPingVpnIpv4SubTlv >( fec, number( Fec::VPNIpv4 ), Body::none, 13 ),
       view< LspPingVpnIpv6SubTlv >( fec, number( Fec::VPNIpv6 ), Body::none, 25 ),
       bytes( fec, number( Fec::L2VPNEndpoint ), 14 ),
+      view< LspPingFec128Ipv4SubTlv >( fec, number( Fec::FEC128Pseudowire ), Body::none, 14 ),
+      view< LspPingFec129Ipv4SubTlv, 0, true >( fec, number( Fec::FEC129Pseudowire ), Body::none, 16 ),
       view< LspPingBgpLuIpv4SubTlv >( fec, number( Fec::BGPLabeledIpv4 ), Body::none, 5 ),
       view< LspPingBgpLuIpv6SubTlv >( fec, number( Fec::BGPLabeledIpv6 ), Body::none, 17 ),
       view< LspPingGenericIpv4SubTlv >( fec, number( Fec::GenericIpv4 ), Body::none, 5 ),

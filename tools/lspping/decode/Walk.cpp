@@ -270,22 +270,24 @@ void Walk::invalid( Element const & element ) {
    // Another vendor's TLV is as good as any: only, nobody here can read it.
    if( row.body == Body::vendorTlvs )
       return;
-   if( element.length == row.valueLength || element.length != roundedUp( row.valueLength ) ) {
-      problem( element.offset, &element, ": not valid" );
-      return;
+   // Routers are seen to count the padding: what would the element be without?
+   View const & view = *row.view;
+   if( element.length > row.valueLength && element.length == roundedUp( row.valueLength ) &&
+       !view.readsValue ) {
+      std::array< U8, 64 > corrected;
+      std::memcpy( corrected.data(), message_.at( element ), view.size );
+      corrected[2] = static_cast< U8 >( row.valueLength >> 8 );
+      corrected[3] = static_cast< U8 >( row.valueLength );
+      if( view.valid( corrected.data(), row.valueLength ) ) {
+         Orlo::StringBuilder reading;
+         view.appendText( reading, corrected.data(), row.valueLength );
+         problem( element.offset, &element, ": length ", element.length,
+                  " counts the padding, expected ", U32{ row.valueLength },
+                  "; without it: ", reading.view() );
+         return;
+      }
    }
-   // Said to be longer by its padding, which routers are seen to do: what it would be without.
-   std::array< U8, 64 > corrected;
-   std::memcpy( corrected.data(), message_.at( element ), row.view->size );
-   corrected[2] = static_cast< U8 >( row.valueLength >> 8 );
-   corrected[3] = static_cast< U8 >( row.valueLength );
-   Orlo::StringBuilder reading;
-   if( row.view->valid( corrected.data(), row.valueLength ) ) {
-      reading.append( "; without it: " );
-      row.view->appendText( reading, corrected.data(), row.valueLength );
-   }
-   problem( element.offset, &element, ": length ", element.length, " counts the padding, expected ",
-            U32{ row.valueLength }, reading.view() );
+   problem( element.offset, &element, ": not valid" );
 }
 
 void Walk::body( std::size_t index, U8 depth ) {
