@@ -293,9 +293,11 @@ TEST( LspPingDownstreamMappingTlvContainer, namesItsAttributes ) {
    Kiv::Attribute const & cast = Kiv::typeOf< Container >().attributes()[0];
    EXPECT_STREQ( cast.argumentNames, "value, len" );
    ASSERT_EQ( cast.signature->count, 2 );
-   EXPECT_EQ( cast.signature->arguments[0], Kiv::typeIdOf< U8 > );
-   EXPECT_EQ( cast.signature->arguments[1], Kiv::typeIdOf< U32 > );
-   EXPECT_FALSE( cast.signature->result );
+   Kiv::BufferType const pointerToBytes{ Kiv::typeIdOf< U8 >, Kiv::Reach::pointer };
+   Kiv::BufferType const number{ Kiv::typeIdOf< U32 >, Kiv::Reach::value };
+   EXPECT_EQ( cast.signature->arguments[0], pointerToBytes );
+   EXPECT_EQ( cast.signature->arguments[1], number );
+   EXPECT_FALSE( cast.signature->result.type );
 }
 
 TEST( LspPingDownstreamMappingTlvContainer, isCastAndAskedThroughItsAttributes ) {
