@@ -17,6 +17,7 @@ namespace {
 [[gnu::constructor( 201 )]] void registerLspPingHdr() noexcept {
    Kiv::kivModuleIs( lspPingHdrTable );
    Velnet::MplsLabelEntry::defaultEntryIs( 0 );
+   LspPingDownstreamLabelEntry::defaultEntryIs( 0 );
 }
 
 [[gnu::constructor( 202 )]] void registerLspPingTypes() noexcept {

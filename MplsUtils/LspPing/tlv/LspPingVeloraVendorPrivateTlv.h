@@ -6,7 +6,7 @@
 
 namespace LspPing {
 
-// A TLV of the range for vendors' private use, RFC 8029 section 6.2.3. The sub-TLVs follow
+// A TLV of the range for vendors' private use, RFC 8029 section 6.2.2. The sub-TLVs follow
 // the enterprise number and are not part of the view.
 //
 //  0                   1                   2                   3

@@ -110,22 +110,26 @@ void strepToValue( std::string_view text, Kiv::TypeRef type, void * value ) {
 }
 
 void parseAttributes( Kiv::CharRange & in, Kiv::TypeRef type, void * object ) {
-   bool first = true;
+   std::string_view last;
    for( Kiv::Attribute const & attribute : type.attributes() ) {
       if( !attribute.stored() )
          continue;
-      if( first )
+      if( last.empty() )
          in.expectOpen( type.name(), attribute.name() );
       else
          in.expectNext( attribute.name() );
-      first = false;
+      last = attribute.name();
       try {
          parseStored( in, attribute, object );
       } catch( Kiv::RangeException const & e ) {
          throw e.within( attribute.name() );
       }
    }
-   in.expectClose();
+   try {
+      in.expectClose();
+   } catch( Kiv::RangeException const & e ) {
+      throw e.within( last );
+   }
 }
 
 } // namespace KivOrlo

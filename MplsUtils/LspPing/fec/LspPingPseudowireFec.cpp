@@ -1,0 +1,101 @@
+#include "MplsUtils/LspPing/fec/LspPingPseudowireFec.h"
+
+#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
+#include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
+
+namespace LspPing {
+
+constinit Kiv::AllocationTracker LspPingFec128Ipv4SubTlv::memAllocationTracker_ =
+   Kiv::trackerOf< LspPingFec128Ipv4SubTlv >();
+constinit Kiv::AllocationTracker LspPingFec129Ipv4SubTlv::memAllocationTracker_ =
+   Kiv::trackerOf< LspPingFec129Ipv4SubTlv >();
+
+namespace {
+
+using Pseudowire::PseudowireAttachmentIdentifier;
+using Pseudowire::PseudowireGenId;
+
+constexpr U8 maxLength = PseudowireAttachmentIdentifier::maxLength;
+
+U16 valueBytes( PseudowireGenId const & id ) noexcept {
+   return static_cast< U16 >( id.agi().length() + id.saii().length() + id.taii().length() );
+}
+
+// Writes type, length and value and returns the place behind them.
+U8 * put( U8 * at, PseudowireAttachmentIdentifier const & id ) noexcept {
+   *at++ = id.type();
+   *at++ = id.length();
+   for( U8 index = 0; index < id.length(); ++index )
+      *at++ = id.value( index );
+   return at;
+}
+
+} // namespace
+
+Orlo::String LspPingFec128Ipv4SubTlv::stringValue() const {
+   if( !valid() )
+      return "Invalid Fec128Ipv4SubTlv";
+   return Kiv::_fmt( "Fec128Ipv4:\tsender(%s),\treceiver(%s),\tpwId(%d),\tpwType(%d)", senderAddr(),
+                     receiverAddr(), pwId(), pwType() );
+}
+
+PseudowireGenId LspPingFec129Ipv4SubTlv::pwGenId() const noexcept {
+   U16 const coveredLength = length();
+   if( coveredLength < minTlvLength )
+      return {};
+   // Whoever laid the view knows that the bytes covered by its length field are there, so the
+   // identifiers lie right behind the view. `neededLength` is the least length that covers the
+   // values read so far and the types and lengths of all three identifiers.
+   U8 const * at = reinterpret_cast< U8 const * >( this ) + sizeof( *this );
+   U32 neededLength = minTlvLength;
+   PseudowireAttachmentIdentifier ids[3];
+   for( PseudowireAttachmentIdentifier & id : ids ) {
+      id.typeIs( *at++ );
+      id.lengthIs( *at++ );
+      neededLength += id.length();
+      if( id.length() > maxLength || coveredLength < neededLength )
+         return {};
+      for( U8 index = 0; index < id.length(); ++index )
+         id.valueIs( index, *at++ );
+   }
+   return { ids[0], ids[1], ids[2] };
+}
+
+void LspPingFec129Ipv4SubTlv::pwGenIdIs( PseudowireGenId const & pwGenId ) noexcept {
+   PseudowireAttachmentIdentifier const & agi = pwGenId.agi();
+   PseudowireAttachmentIdentifier const & saii = pwGenId.saii();
+   PseudowireAttachmentIdentifier const & taii = pwGenId.taii();
+   KIV_ASSERT( agi.length() <= maxLength );
+   KIV_ASSERT( saii.length() <= maxLength );
+   KIV_ASSERT( taii.length() <= maxLength );
+   U32 const tlvLength = ( minTlvLength + valueBytes( pwGenId ) + 3u ) & ~3u;
+   KIV_ASSERT( length() >= tlvLength );
+   // The bytes covered by the length field are there, as for reading, and it covers all that is
+   // written: what lies behind the view's own bytes starts at value offset 10.
+   U8 * at = reinterpret_cast< U8 * >( this ) + sizeof( *this );
+   U8 const * const end =
+      reinterpret_cast< U8 const * >( this ) + sizeof( LspPingTlvHdr ) + tlvLength;
+   at = put( put( put( at, agi ), saii ), taii );
+   while( at != end )
+      *at++ = 0;
+}
+
+U16 LspPingFec129Ipv4SubTlv::additionalTlvLength() const noexcept {
+   return valueBytes( pwGenId() );
+}
+
+bool LspPingFec129Ipv4SubTlv::valid() const noexcept {
+   if( type() != 11 || length() < minTlvLength )
+      return false;
+   // Identifiers are decoded only if the length covers them; what does not decode is the default.
+   return !PseudowireGenId::isEq( pwGenId(), PseudowireGenId{} ) && isEthernet( pwType() );
+}
+
+Orlo::String LspPingFec129Ipv4SubTlv::stringValue() const {
+   if( !valid() )
+      return "Invalid Fec129Ipv4SubTlv";
+   return Kiv::_fmt( "Fec129Ipv4:\tsender(%s),\treceiver(%s),\tpwType(%d),\tpwGenId(%s)",
+                     senderAddr(), receiverAddr(), pwType(), pwGenId() );
+}
+
+} // namespace LspPing
