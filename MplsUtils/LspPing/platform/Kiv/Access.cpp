@@ -25,7 +25,7 @@ Outcome accessEntry( CollectionRecord const & collection, void * owner, OpCode o
 
 Orlo::String described( BufferType wanted ) {
    TypeRef const known( wanted.type );
-   Orlo::String const text( known ? known.name() : std::string_view( "nothing" ) );
+   Orlo::String text( known ? known.name() : std::string_view( "nothing" ) );
    switch( wanted.reach ) {
    case Reach::value:
       break;
@@ -130,10 +130,7 @@ void callTyped( TypeRef type, void * object, std::string_view name, BufferType r
    access( found.declaring.record(), *found.attribute, object, OpCode::call, &call );
 }
 
-CollectionIterator::CollectionIterator( TypeRef type, void * object, std::string_view name )
-   : record_( nullptr ),
-     owner_( nullptr ),
-     writable_( false ) {
+CollectionIterator::CollectionIterator( TypeRef type, void * object, std::string_view name ) {
    FoundAttribute const found = attributeNamed( type, name );
    if( !found || !found.attribute->collection() )
       throw AccessException( described( type, name ) + " is no collection" );

@@ -202,9 +202,9 @@ class LSPPING_PLATFORM_EXPORT CollectionIterator {
    Outcome iterDel();
 
  private:
-   CollectionRecord const * record_;
-   void * owner_;
-   bool writable_;
+   CollectionRecord const * record_ = nullptr;
+   void * owner_ = nullptr;
+   bool writable_ = false;
    IteratorStorage storage_;
 };
 

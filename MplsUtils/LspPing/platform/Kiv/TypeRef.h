@@ -50,10 +50,12 @@ class TypeRef {
       return { record_->enumerators, record_->enumeratorCount };
    }
    constexpr bool hashable() const noexcept { return record_->operations->hash != nullptr; }
+   /// The reference must not be empty.
+   // NOLINTNEXTLINE(clang-analyzer-core.NullDereference)
    constexpr Operations const & operations() const noexcept { return *record_->operations; }
 
    /// True when this is `other` or derives from it.
-   bool isA( TypeRef other ) const noexcept;
+   LSPPING_PLATFORM_EXPORT bool isA( TypeRef other ) const noexcept;
 
  private:
    TypeRecord const * record_ = nullptr;

@@ -216,6 +216,7 @@ Magazine * unloaded( std::size_t sizeClass ) noexcept {
       return nullptr;
    }
    // The byte below the top lies in the magazine, which is aligned to its size.
+   // NOLINTNEXTLINE(performance-no-int-to-ptr)
    auto * const magazine = reinterpret_cast< Magazine * >(
       ( reinterpret_cast< std::uintptr_t >( top ) - 1 ) & ~( internal::magazineSize - 1 ) );
    magazine->top = top;

@@ -104,6 +104,8 @@ LSPPING_PLATFORM_EXPORT U64 depotVisits( std::size_t size );
 template < class T >
 class Allocated {
  public:
+   // Its counterpart is the sized one below, which the check does not look for.
+   // NOLINTNEXTLINE(cert-dcl54-cpp,misc-new-delete-overloads)
    static void * operator new( std::size_t size ) {
       return allocateTracked( size, T::memAllocationTracker_ );
    }
