@@ -26,6 +26,7 @@ add_library( LspPingHardening INTERFACE )
 target_compile_options( LspPingHardening INTERFACE
    -fstack-protector-strong
    $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
+   $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition> # our own functions are called, not looked up
    $<$<CXX_COMPILER_ID:Clang>:-Werror=global-constructors> )
 if( LSPPING_SANITIZE STREQUAL "" )
    target_link_options( LspPingHardening INTERFACE LINKER:-z,defs )

@@ -2,9 +2,6 @@
 
 namespace LspPing {
 
-// The packet's reference goes here, and after it the node itself.
-LspPingParser::~LspPingParser() = default;
-
 void LspPingParser::handlePlace() noexcept {
    // Nobody may take the packet away while its data start is looked up.
    Orlo::Ptr< Velnet::Pkt > const held = pkt_;

@@ -25,21 +25,22 @@ class LSPPING_EXPORT LspPingParser : public Orlo::Node {
    static constexpr bool usuallyOneUser = true;
 
  protected:
-   /// The packet must not be null.
+   /// Points at the packet's current data start plus the offset. The packet must not be null.
    LspPingParser( Orlo::Ptr< Velnet::Pkt > const & pkt, U32 offset ) noexcept
       : offset_( offset ),
-        pkt_( pkt ) {}
-   ~LspPingParser() override;
+        pkt_( pkt ),
+        header_( pkt->data() + offset ) {}
+   ~LspPingParser() override = default;
 
    void * place() const noexcept { return header_; }
    void placeIs( void * header ) noexcept { header_ = header; }
-   /// Points at the packet's current data start plus the offset.
+   /// Finds that place again.
    void handlePlace() noexcept;
 
  private:
    U32 offset_;
    Orlo::Ptr< Velnet::Pkt > pkt_;
-   void * header_ = nullptr;
+   void * header_;
 };
 static_assert( sizeof( LspPingParser ) <= 40 );
 

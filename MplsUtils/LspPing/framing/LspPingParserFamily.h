@@ -66,9 +66,7 @@
 #define LSPPING_PARSER_DEFINITIONS( X )                                                            \
    LSPPING_PARSER_SHARED_DEFINITIONS( X );                                                         \
    LspPing##X##Parser::LspPing##X##Parser( Orlo::Ptr< Velnet::Pkt > const & pkt, U32 offset )      \
-      : LspPingParser( pkt, offset ) {                                                             \
-      handlePlace();                                                                               \
-   }                                                                                               \
+      : LspPingParser( pkt, offset ) {}                                                            \
    void LspPing##X##Parser::handleHeader() noexcept {                                              \
       handlePlace();                                                                               \
    }                                                                                               \

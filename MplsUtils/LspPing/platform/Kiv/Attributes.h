@@ -187,7 +187,7 @@ template < class Value >
 constexpr Attribute row( std::string_view name, Attribute::Access access, unsigned flags ) {
    Attribute attribute;
    attribute.nameText = name.data();
-   attribute.nameLength = static_cast< U8 >( name.size() );
+   attribute.nameLength = static_cast< U32 >( name.size() );
    attribute.access = access;
    attribute.typeId = bufferType< Value >().type;
    attribute.reach = bufferType< Value >().reach;
@@ -244,7 +244,7 @@ template < auto function >
 constexpr Attribute operation( std::string_view name, char const * argumentNames = "" ) {
    Attribute attribute;
    attribute.nameText = name.data();
-   attribute.nameLength = static_cast< U8 >( name.size() );
+   attribute.nameLength = static_cast< U32 >( name.size() );
    attribute.access = &callOperation< function >;
    attribute.signature = &signatureOf< function >;
    attribute.argumentNames = argumentNames;
@@ -260,7 +260,7 @@ template < auto member >
 constexpr Attribute collection( std::string_view name, bool writable = true ) {
    Attribute attribute;
    attribute.nameText = name.data();
-   attribute.nameLength = static_cast< U8 >( name.size() );
+   attribute.nameLength = static_cast< U32 >( name.size() );
    attribute.collectionRecord = &collectionRecordOf< member >;
    attribute.typeId = typeIdOf< typename ValueOf< member >::Value >;
    attribute.flags =

@@ -45,10 +45,21 @@ std::string_view CharRange::token() noexcept {
    return text_.substr( start, position_ - start );
 }
 
+// Quicker than taking any word and comparing it afterwards.
+bool CharRange::takeWord( std::string_view expected ) noexcept {
+   std::string_view const text = rest();
+   if( !text.starts_with( expected ) ||
+       ( text.size() != expected.size() && continuesWord( text[expected.size()] ) ) ) {
+      return false;
+   }
+   position_ += expected.size();
+   return true;
+}
+
 void CharRange::expectName( std::string_view name ) {
    skip();
    std::size_t const start = position_;
-   if( word() == name && take( '=' ) ) {
+   if( takeWord( name ) && take( '=' ) ) {
       return;
    }
    position_ = start;
@@ -57,9 +68,7 @@ void CharRange::expectName( std::string_view name ) {
 
 void CharRange::expectOpen( std::string_view type, std::string_view firstName ) {
    skip();
-   std::size_t const start = position_;
-   if( word() != type ) {
-      position_ = start;
+   if( !takeWord( type ) ) {
       fail( type, type );
    }
    if( !take( '(' ) ) {

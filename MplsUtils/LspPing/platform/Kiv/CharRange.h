@@ -33,6 +33,9 @@ class LSPPING_PLATFORM_EXPORT CharRange {
    constexpr std::size_t position() const noexcept { return position_; }
    constexpr std::string_view rest() const noexcept { return text_.substr( position_ ); }
 
+   /// Moves over that many characters of `rest()`.
+   constexpr void advance( std::size_t count ) noexcept { position_ += count; }
+
    /// The next character that is not blank, or 0 at the end.
    constexpr char peek() noexcept { return atEnd() ? '\0' : text_[position_]; }
 
@@ -76,6 +79,7 @@ class LSPPING_PLATFORM_EXPORT CharRange {
 
  private:
    void expectName( std::string_view name );
+   bool takeWord( std::string_view expected ) noexcept;
 
    std::string_view text_;
    std::size_t position_ = 0;

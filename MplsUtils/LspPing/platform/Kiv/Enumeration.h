@@ -18,7 +18,7 @@ constexpr auto enumeratorRows( std::string_view list ) {
       list.remove_prefix( list.find_first_not_of( ' ' ) );
       std::size_t const nameEnd = list.find( ' ' );
       row.nameText = list.data();
-      row.nameLength = static_cast< U8 >( nameEnd );
+      row.nameLength = static_cast< U32 >( nameEnd );
       list.remove_prefix( list.find( '=' ) + 1 );
       list.remove_prefix( list.find_first_not_of( ' ' ) );
       std::size_t const numberEnd = list.find( ',' );

@@ -11,31 +11,56 @@
 
 namespace Kiv {
 
-// Up to eight bytes of a name as one word, the missing ones zero.
-constexpr U64 nameWord( char const * bytes, std::size_t count ) noexcept {
-   U64 word = 0;
+// Bytes of a name as one word, the same at compile time and at run time of one machine.
+template < class Word >
+constexpr U64 nameWord( char const * bytes ) noexcept {
+   Word word = 0;
    if( std::is_constant_evaluated() ) {
-      for( std::size_t i = 0; i < count; ++i ) {
-         std::size_t const place = std::endian::native == std::endian::little ? i : 7 - i;
-         word |= U64{ static_cast< U8 >( bytes[i] ) } << ( 8 * place );
+      for( std::size_t i = 0; i < sizeof word; ++i ) {
+         std::size_t const place =
+            std::endian::native == std::endian::little ? i : sizeof word - 1 - i;
+         word |= Word{ static_cast< U8 >( bytes[i] ) } << ( 8 * place );
       }
    } else {
-      std::memcpy( &word, bytes, count );
+      std::memcpy( &word, bytes, sizeof word );
    }
    return word;
 }
 
-/// Hash of a name, the same at compile time and at run time of one machine; every byte counts.
+/// Hash of a name: its length and three words of it. Names of one table differ in their second
+/// half, if anywhere, so the words lie in the middle, behind it and at the end; that they do not
+/// cover long names costs one more comparison at the worst.
 constexpr U32 nameHash( std::string_view name ) noexcept {
-   char const * bytes = name.data();
-   std::size_t left = name.size();
-   U64 sum = left;
-   for( ; left > 8; left -= 8, bytes += 8 )
-      sum = std::rotl( sum, 23 ) ^ nameWord( bytes, 8 );
-   // A whole word that overlaps the one before is quicker to load than the odd bytes at the end.
-   sum = std::rotl( sum, 23 ) ^
-         ( name.size() >= 8 ? nameWord( bytes + left - 8, 8 ) : nameWord( bytes, left ) );
+   char const * const bytes = name.data();
+   std::size_t const size = name.size();
+   U64 sum = size;
+   if( size >= 8 ) {
+      std::size_t const last = size - 8;
+      sum ^= std::rotl( nameWord< U64 >( bytes + last / 2 ), 23 ) ^
+             std::rotl( nameWord< U64 >( bytes + last - last / 4 ), 46 ) ^
+             nameWord< U64 >( bytes + last );
+   } else if( size >= 4 ) {
+      sum ^= nameWord< U32 >( bytes ) << 32 ^ nameWord< U32 >( bytes + size - 4 );
+   } else if( size > 0 ) {
+      sum ^= nameWord< U8 >( bytes ) << 24 ^ nameWord< U8 >( bytes + size / 2 ) << 16 ^
+             nameWord< U8 >( bytes + size - 1 ) << 8;
+   }
    return static_cast< U32 >( ( sum * 0x9e3779b97f4a7c15u ) >> 32 );
+}
+
+/// Equality of names. They are short, and a call of memcmp would take longer than the comparison.
+constexpr bool sameName( std::string_view a, std::string_view b ) noexcept {
+   std::size_t const size = a.size();
+   if( size != b.size() )
+      return false;
+   if( size < 8 || std::is_constant_evaluated() )
+      return a == b;
+   std::size_t const last = size - 8;
+   for( std::size_t at = 0; at < last; at += 8 ) {
+      if( nameWord< U64 >( a.data() + at ) != nameWord< U64 >( b.data() + at ) )
+         return false;
+   }
+   return nameWord< U64 >( a.data() + last ) == nameWord< U64 >( b.data() + last );
 }
 
 constexpr std::size_t nameSlotCount( std::size_t names ) noexcept {
@@ -69,7 +94,7 @@ constexpr U8 findName( U8 const * slots, U32 mask, U32 hash, std::string_view na
                        NameAt nameAt ) noexcept {
    for( U32 at = hash & mask;; at = ( at + 1 ) & mask ) {
       U8 const number = slots[at];
-      if( number == noName || nameAt( number ) == name )
+      if( number == noName || sameName( nameAt( number ), name ) )
          return number;
    }
 }

@@ -38,8 +38,14 @@ void readNumber( CharRange & text, Number * value ) {
    std::size_t length = 0;
    for( ; length != rest.size() && isDigit( rest[length] ); ++length ) {
       U64 const digit = static_cast< U64 >( rest[length] - '0' );
-      fits = fits && number <= ( most - digit ) / 10;
-      number = number * 10 + digit;
+      if constexpr( sizeof( Number ) < sizeof( U64 ) ) {
+         // Once too large it stays so, and far from where 64 bits would wrap.
+         number = fits ? number * 10 + digit : number;
+         fits = number <= most;
+      } else {
+         fits = fits && number <= ( most - digit ) / 10;
+         number = number * 10 + digit;
+      }
    }
    if( length == 0 || ( length != rest.size() && spoilsNumber( rest[length] ) ) ) {
       text.failWords( "", "a decimal number" );
@@ -49,7 +55,7 @@ void readNumber( CharRange & text, Number * value ) {
                                       quoted( rest.substr( 0, length ) ), U64{ text.position() },
                                       most ) };
    }
-   text.take( rest.substr( 0, length ) );
+   text.advance( length );
    *value = static_cast< Number >( number );
 }
 

@@ -104,8 +104,10 @@ struct Attribute {
    Signature const * signature = nullptr;
    char const * argumentNames = nullptr; // "time0, time1"
    TypeId typeId;
+   // 32 bits although names are short: g++ 12 copies what it knows to be at most 255 bytes by
+   // string instructions, which take five times as long as a call of memcpy.
+   U32 nameLength = 0;
    U16 id = 0;
-   U8 nameLength = 0;
    U8 flags = 0;
    Reach reach = Reach::value;
 
@@ -135,7 +137,7 @@ struct Attribute {
 struct Enumerator {
    char const * nameText = nullptr;
    U32 value = 0;
-   U8 nameLength = 0;
+   U32 nameLength = 0; // as wide as it is: see Attribute
 
    constexpr std::string_view name() const noexcept { return { nameText, nameLength }; }
 };

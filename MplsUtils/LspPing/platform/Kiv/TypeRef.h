@@ -55,7 +55,7 @@ class TypeRef {
    constexpr Operations const & operations() const noexcept { return *record_->operations; }
 
    /// True when this is `other` or derives from it.
-   bool isA( TypeRef other ) const noexcept;
+   LSPPING_PLATFORM_EXPORT bool isA( TypeRef other ) const noexcept;
 
  private:
    TypeRecord const * record_ = nullptr;

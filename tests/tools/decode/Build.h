@@ -1,0 +1,86 @@
+#pragma once
+
+#include <algorithm>
+#include <cstring>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tools/lspping/decode/JsonPrinter.h"
+#include "tools/lspping/decode/TextPrinter.h"
+#include "tools/lspping/decode/Walk.h"
+
+// Messages put together by hand, and what the tool makes of them.
+
+using Bytes = std::vector< U8 >;
+
+inline Bytes operator+( Bytes left, Bytes const & right ) {
+   left.insert( left.end(), right.begin(), right.end() );
+   return left;
+}
+
+inline Bytes word( std::size_t value ) {
+   return { static_cast< U8 >( value >> 8 ), static_cast< U8 >( value ) };
+}
+
+/// An echo request of version 1, reply mode 2, handle 0x1234, sequence number 1, no time stamps.
+inline Bytes const request = Bytes{ 0, 1, 0, 0, 1, 2, 0, 0, 0, 0, 0x12, 0x34, 0, 0, 0, 1 } +
+                             Bytes( 16, 0 );
+
+/// Type, length and value as they are told, without padding.
+inline Bytes raw( std::size_t type, std::size_t length, Bytes const & value ) {
+   return word( type ) + word( length ) + value;
+}
+/// A well-formed TLV or sub-TLV, padded.
+inline Bytes tlv( std::size_t type, Bytes const & value ) {
+   Bytes result = raw( type, value.size(), value );
+   result.resize( ( result.size() + 3 ) / 4 * 4 );
+   return result;
+}
+
+/// LDP IPv4 FEC 10.1.2.0/24, and the Nil FEC with label 3.
+inline Bytes const ldp = tlv( 1, { 10, 1, 2, 0, 24 } );
+inline Bytes const nil = tlv( 16, { 0, 0, 0x30, 0 } );
+
+/// The message in a block of the heap of just its size, at an odd address, walked.
+class Decoded {
+ public:
+   explicit Decoded( Bytes const & bytes, std::size_t possiblePadding = 0 )
+      : block_( new U8[bytes.size() + 1] ) {
+      std::copy( bytes.begin(), bytes.end(), block_.get() + 1 );
+      packet_.number = 1;
+      packet_.payload = { block_.get() + 1, bytes.size() };
+      LspPingTool::walk( packet_.payload, possiblePadding, message_ );
+   }
+
+   LspPingTool::EchoPacket & packet() { return packet_; }
+   LspPingTool::Message const & message() const { return message_; }
+   std::vector< LspPingTool::Problem > const & problems() const { return message_.problems; }
+
+   std::string text() const {
+      LspPingTool::TextPrinter printer( LspPingTool::TextPrinter::Colour::off );
+      printer.print( packet_, message_ );
+      return std::string( printer.pending() );
+   }
+   /// Without the message's own line.
+   std::string elements() const {
+      std::string const all = text();
+      return all.substr( all.find( '\n' ) + 1 );
+   }
+   std::string json() const {
+      LspPingTool::JsonPrinter printer;
+      printer.print( packet_, message_ );
+      return std::string( printer.pending() );
+   }
+
+ private:
+   std::unique_ptr< U8[] > block_;
+   LspPingTool::EchoPacket packet_;
+   LspPingTool::Message message_;
+};
+
+inline std::string elementsOf( Bytes const & tlvs ) {
+   return Decoded( request + tlvs ).elements();
+}

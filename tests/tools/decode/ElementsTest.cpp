@@ -1,0 +1,175 @@
+#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "tests/tools/decode/Build.h"
+
+#include <set>
+
+namespace {
+
+using LspPingTool::elementRows;
+
+TEST( Elements, haveRegisteredViewsThatNeedNoMoreThanThePaddedValue ) {
+   for( LspPingTool::ElementRow const & row : elementRows() ) {
+      U32 const header = LspPingTool::headerSize( row.context );
+      EXPECT_FALSE( LspPingTool::codeName( row.context, row.code ).empty() ) << row.code;
+      if( row.view == nullptr )
+         continue;
+      EXPECT_TRUE( Kiv::TypeRef( row.view->id ) ) << row.code;
+      EXPECT_LE( row.view->offset + row.view->size, header + ( row.valueLength + 3u ) / 4 * 4 )
+         << row.code;
+      EXPECT_GE( row.bodyOffset, header ) << row.code;
+   }
+}
+
+// Rows of one code stand together, and only the last of them takes everything.
+TEST( Elements, areFoundByTheirSelector ) {
+   std::set< std::pair< int, int > > closed;
+   for( std::size_t i = 0; i < elementRows().size(); ++i ) {
+      LspPingTool::ElementRow const & row = elementRows()[i];
+      std::pair< int, int > const key{ static_cast< int >( row.context ), row.code };
+      EXPECT_FALSE( closed.contains( key ) ) << row.code;
+      if( row.selectorOffset == 0 )
+         closed.insert( key );
+      Bytes bytes( 12, 0 );
+      if( row.selectorOffset != 0 )
+         bytes[row.selectorOffset] = row.selector;
+      else
+         bytes[4] = bytes[5] = bytes[6] = 99;
+      EXPECT_EQ( LspPingTool::elementRow( row.context, row.code, bytes ), &row ) << row.code;
+   }
+}
+
+TEST( Elements, showTheDetailedMappingOfEveryAddressType ) {
+   Bytes const v6{ 0x20, 1, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1 };
+   Bytes const tail{ 8, 1, 0, 0 };
+   EXPECT_EQ( elementsOf( tlv( 20, Bytes{ 5, 0xdc, 1, 0, 10, 0, 0, 2, 10, 0, 0, 1 } + tail ) ),
+              "   DDMAPTlv( Downstream Address: '10.0.0.2', Downstream Interface Address: "
+              "'10.0.0.1', RetCode: 8, RetSubCode: 1 )\n" );
+   EXPECT_EQ( elementsOf( tlv( 20, Bytes{ 5, 0xdc, 2, 0, 10, 0, 0, 2, 0, 0, 0, 7 } + tail ) ),
+              "   DDMAPUnnumberedTlv( Downstream Address: '10.0.0.2', Downstream Interface Index: "
+              "7, RetCode: 8, RetSubCode: 1 )\n" );
+   EXPECT_EQ( elementsOf( tlv( 20, Bytes{ 5, 0xdc, 3, 0 } + v6 + v6 + tail ) ),
+              "   DDMAPV6Tlv( Downstream Address: '2001:db8::1', Downstream Interface Address: "
+              "'2001:db8::1', RetCode: 8, RetSubCode: 1 )\n" );
+   EXPECT_EQ( elementsOf( tlv( 20, Bytes{ 5, 0xdc, 4, 0 } + v6 + Bytes{ 0, 0, 0, 7 } + tail ) ),
+              "   DDMAPV6UnnumberedTlv( Downstream Address: '2001:db8::1', Downstream Interface "
+              "Index: 7, RetCode: 8, RetSubCode: 1 )\n" );
+}
+
+TEST( Elements, tellAnAddressTypeThatIsNotKnown ) {
+   EXPECT_EQ( elementsOf( tlv( 20, { 5, 0xdc, 9, 0, 1, 2, 3, 4 } ) + tlv( 12, { 0, 0, 0, 9 } ) ),
+              "   DdmapHdr( mtu: 1500, addrType: 9, dsFlags: 0 )( Code: 20, Length: 8, Bytes: "
+              "0014000805dc090001020304 )\n"
+              "   EchoJitterTlv( jittertime(9) )\n"
+              "   ! offset 32: DownstreamDetailedMapping: address type 9 is not known\n" );
+}
+
+TEST( Elements, showTheSubTlvsOfADetailedMapping ) {
+   Bytes const multipath = tlv( 1, { 8, 0, 8, 0, 127, 2, 1, 0, 0x87, 0xff, 0x0f, 0xfc } );
+   Bytes const labels = tlv( 2, { 0x18, 0x96, 0x0e, 3, 0, 6, 0x41, 9 } );
+   Bytes const change = tlv( 3, Bytes{ 1, 1, 12, 0, 10, 0, 0, 9 } + ldp );
+   Bytes const pop = tlv( 3, { 2, 0, 0, 0 } );
+   Bytes const subTlvs = multipath + labels + change + pop;
+   EXPECT_EQ( elementsOf( tlv( 20, Bytes{ 5, 0xdc, 1, 0, 10, 0, 0, 2, 10, 0, 0, 1, 8, 1 } +
+                                      word( subTlvs.size() ) + subTlvs ) ),
+              "   DDMAPTlv( Downstream Address: '10.0.0.2', Downstream Interface Address: "
+              "'10.0.0.1', RetCode: 8, RetSubCode: 1 )\n"
+              "      MultipathSubTlv( multipathType: 8, multipathLength: 8, mbz: 0 )\n"
+              "         Multipath( maskedIpSetMultipath: 127.2.1.0, 127.2.1.5-127.2.1.15, "
+              "127.2.1.20-127.2.1.29 )\n"
+              "      LabelStack\n"
+              "         Label( 100704, TC: 7, S: 0, Protocol: dsInfoSignalingProtocolLdp )\n"
+              "         Label( 100, TC: 0, S: 1, Protocol: 9 )\n"
+              "      FecStackChangeV4SubTlv( operType: 1, addrType: 1, fecTlvLen: 12, reserved: 0, "
+              "peerAddr: '10.0.0.9' )\n"
+              "         LdpIpv4( '10.1.2.0/24' )\n"
+              "      FecStackChangeUnspecifiedSubTlv( operType: 2, addrType: 0, fecTlvLen: 0, "
+              "reserved: 0 )\n" );
+}
+
+TEST( Elements, takeTheWholeStackInAStackChange ) {
+   Bytes const change = tlv( 3, Bytes{ 1, 0, 16, 0 } + tlv( 1, ldp ) );
+   EXPECT_EQ( elementsOf( tlv( 20, Bytes{ 5, 0xdc, 1, 0, 10, 0, 0, 2, 10, 0, 0, 1, 8, 1 } +
+                                      word( change.size() ) + change ) ),
+              "   DDMAPTlv( Downstream Address: '10.0.0.2', Downstream Interface Address: "
+              "'10.0.0.1', RetCode: 8, RetSubCode: 1 )\n"
+              "      FecStackChangeUnspecifiedSubTlv( operType: 1, addrType: 0, fecTlvLen: 16, "
+              "reserved: 0 )\n"
+              "         TargetFecStack\n"
+              "            LdpIpv4( '10.1.2.0/24' )\n" );
+}
+
+std::string multipathOf( U8 type, Bytes const & information ) {
+   Bytes const sub = tlv( 1, Bytes{ type } + word( information.size() ) + Bytes{ 0 } + information );
+   std::string const all =
+      elementsOf( tlv( 20, Bytes{ 5, 0xdc, 1, 0, 10, 0, 0, 2, 10, 0, 0, 1, 8, 1 } +
+                              word( sub.size() ) + sub ) );
+   std::size_t const at = all.find( "         Multipath(" );
+   return at == std::string::npos ? "" : all.substr( at );
+}
+
+TEST( Elements, showMultipathInformationByItsType ) {
+   EXPECT_EQ( multipathOf( 0, {} ), "" );
+   EXPECT_EQ( multipathOf( 2, { 127, 0, 0, 1, 127, 0, 0, 9 } ),
+              "         Multipath( ipMultipath: 127.0.0.1, 127.0.0.9 )\n" );
+   EXPECT_EQ( multipathOf( 4, { 127, 0, 0, 1, 127, 0, 0, 9 } ),
+              "         Multipath( ipRangeMultipath: 127.0.0.1-127.0.0.9 )\n" );
+   EXPECT_EQ( multipathOf( 9, { 0, 0, 4, 0x80, 0x50, 0, 0, 1 } ),
+              "         Multipath( maskedLabelSetMultipath: 1153, 1155, 1183 )\n" );
+   Bytes const mapped{ 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff, 127, 2, 1, 0 };
+   EXPECT_EQ( multipathOf( 8, mapped + Bytes{ 0xc0, 0, 0, 0 } ),
+              "         Multipath( maskedIpSetMultipath: ::ffff:127.2.1.0-::ffff:127.2.1.1 )\n" );
+   EXPECT_EQ( multipathOf( 4, { 127, 0, 0, 1, 127, 0 } ),
+              "         Multipath( ipRangeMultipath: 127.0.0.1 )\n"
+              "   ! offset 60: MultipathData: multipath information of 6 bytes for type 4\n" );
+}
+
+TEST( Elements, showTheOldMappingWithItsLabels ) {
+   EXPECT_EQ( elementsOf( tlv( 2, { 5,  0xdc, 1, 0, 10, 0, 0, 2, 10,  0,   0, 1,    2, 0, 0,
+                                    4,  127,  0, 0, 1,  0, 6, 0x41, 3, 0, 0, 0x31, 4 } ) ),
+              "   DownstreamMappingIpv4Tlv( mtu: 1500, addrType: 1, dsFlags: 0, dsIpAddr: "
+              "'10.0.0.2', dsIntfAddr: '10.0.0.1', multipathType: 2, depthLimit: 0, "
+              "multipathLength: 4 )\n"
+              "      Multipath( ipMultipath: 127.0.0.1 )\n"
+              "      Label( 100, TC: 0, S: 1, Protocol: dsInfoSignalingProtocolLdp )\n"
+              "      Label( 3, TC: 0, S: 1, Protocol: dsInfoSignalingProtocolRsvpTe )\n" );
+}
+
+TEST( Elements, showTheStackThatARequestCameWith ) {
+   EXPECT_EQ( elementsOf( tlv( 7, { 2, 0, 0, 0, 10, 0, 0, 1, 0, 0, 1, 0, 0x18, 0x96, 0x0f, 0xff } ) ),
+              "   IntfAndLabelStackIpv4UnnumberedTlv( addrType: 2, mbz0: 0, mbz1: 0, addr: "
+              "'10.0.0.1', intfId: 256 )\n"
+              "      Label( 100704, TC: 7, S: 1, TTL: 255 )\n" );
+}
+
+TEST( Elements, showMultipointFecsWithTheirOpaqueValue ) {
+   Bytes const root{ 0, 1, 4, 10, 0, 0, 1 };
+   EXPECT_EQ( elementsOf( tlv( 1, tlv( 19, root + word( 7 ) + Bytes{ 1, 0, 4, 0, 0, 0, 7 } ) ) ),
+              "   TargetFecStack\n"
+              "      P2mpFecStackSubTlv( RootAddr: '10.0.0.1' )\n"
+              "         OpaqueValGenSubTlv( lspId: 7 )\n" );
+   EXPECT_EQ( elementsOf( tlv( 1, tlv( 19, root + word( 11 ) +
+                                              Bytes{ 3, 0, 8, 10, 0, 0, 5, 232, 0, 0, 1 } ) ) ),
+              "   TargetFecStack\n"
+              "      P2mpFecStackSubTlv( RootAddr: '10.0.0.1' )\n"
+              "         OpaqueValSGSubTlv( SourceAddr: '10.0.0.5' GroupAddr: '232.0.0.1' )\n" );
+}
+
+TEST( Elements, showAResponderByItsViewOrByItsSubTlv ) {
+   EXPECT_EQ( elementsOf( tlv( 11, tlv( 3, { 10, 0, 0, 1 } ) ) ),
+              "   NodeAddr( Addr: '10.0.0.1' )\n" );
+   EXPECT_EQ( elementsOf( tlv( 11, tlv( 1, { 10, 0, 0, 1 } ) ) ),
+              "   P2mpRespId\n"
+              "      EgrAddr4( Code: 1, Length: 4, Bytes: 000100040a000001 )\n" );
+}
+
+TEST( Elements, showSubTlvsOfOurVendorOnly ) {
+   Bytes const label = tlv( 1, { 0, 2, 0x80, 0 } );
+   EXPECT_EQ( elementsOf( tlv( 65261, Bytes{ 0, 0, 0x7e, 0xd9 } + label ) ),
+              "   VeloraVendorPrivate()\n"
+              "      MultiLabel( LookupLabelCount: 2, Flags: 32768 )\n" );
+   EXPECT_EQ( elementsOf( tlv( 65261, { 0, 0, 0, 9, 1, 2 } ) ),
+              "   Invalid Velora Vendor Private TLV( Code: 65261, Length: 6, Bytes: "
+              "feed0006000000090102 )\n" );
+}
+
+} // namespace

@@ -1,0 +1,49 @@
+#include "tools/lspping/commands/Commands.h"
+#include "tools/lspping/inspect/Commands.h"
+
+#include <CLI/CLI.hpp>
+#include <memory>
+
+namespace LspPingTool {
+
+namespace {
+
+void addObjectArguments( CLI::App * command, std::shared_ptr< ObjectOptions > const & options,
+                         std::string const & what ) {
+   command->add_option( "ARGUMENT", options->arguments, what )->required();
+   command->add_flag( "--json", options->json, "One line of JSON" );
+}
+
+} // namespace
+
+void addTypes( CLI::App & app, int & status ) {
+   auto options = std::make_shared< TypesOptions >();
+   CLI::App * const command =
+      app.add_subcommand( "types", "Show the registered types and their attributes" );
+   command->add_option( "NAME", options->name, "A type or a module; all of them without it" );
+   command->add_flag( "--json", options->json, "The registry as one JSON object" );
+   command->add_flag( "--markdown", options->markdown, "The reference documentation" );
+   command->callback( [options, &status] { status = runTypes( *options, stdout, stderr ); } );
+}
+
+void addView( CLI::App & app, int & status ) {
+   auto options = std::make_shared< ObjectOptions >();
+   CLI::App * const command =
+      app.add_subcommand( "view", "Lay a view, a parser or a container over bytes" );
+   addObjectArguments( command, options,
+                       "TYPE[@OFFSET] HEX [NAME=VALUE]..., or - for a line of them each on "
+                       "standard input" );
+   command->callback( [options, &status] { status = runView( *options, stdin, stdout, stderr ); } );
+}
+
+void addValue( CLI::App & app, int & status ) {
+   auto options = std::make_shared< ObjectOptions >();
+   CLI::App * const command = app.add_subcommand( "value", "Build a value from its text" );
+   addObjectArguments( command, options,
+                       "TYPE [TEXT] [NAME=VALUE]..., or - for a line of them each on standard "
+                       "input" );
+   command->callback(
+      [options, &status] { status = runValue( *options, stdin, stdout, stderr ); } );
+}
+
+} // namespace LspPingTool

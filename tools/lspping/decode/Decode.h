@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace LspPingTool {
+
+struct DecodeOptions {
+   std::vector< std::string > files;
+   bool isJson = false;
+   /// The files hold hexadecimal text, one message a line.
+   bool isHex = false;
+};
+
+/// Decodes the files one after the other to standard output, and tells standard error about what
+/// is wrong with them. The answer is the exit status: of all that was met, the highest of
+/// ExitStatus.
+int decode( DecodeOptions const & options );
+
+} // namespace LspPingTool

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "tools/lspping/decode/Printer.h"
+
+namespace LspPingTool {
+
+/// For people: one line a message, then one line an element, indented as nested, then the problems.
+class TextPrinter final : public Printer {
+ public:
+   enum class Colour : bool {
+      off,
+      on,
+   };
+   explicit TextPrinter( Colour colour ) : hasColour_( colour == Colour::on ) {}
+
+   void print( EchoPacket const & packet, Message const & message ) override;
+   std::string_view pending() const override { return out_.view(); }
+   void clear() override { out_.clear(); }
+
+ private:
+   void messageLine( EchoPacket const & packet, Message const & message );
+   void endpoint( std::span< U8 const > address, std::optional< U16 > port );
+   void elementLine( Message const & message, Element const & element );
+   void labelLines( Message const & message, Element const & element );
+   void multipathLine( Message const & message, Element const & element );
+   void problemLine( Problem const & problem );
+   void indent( U32 level );
+   void colour( std::string_view sequence );
+
+   Orlo::StringBuilder out_;
+   bool hasColour_;
+};
+
+} // namespace LspPingTool
