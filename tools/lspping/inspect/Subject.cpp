@@ -1,8 +1,10 @@
 #include "tools/lspping/inspect/Subject.h"
 
+#include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "tools/lspping/inspect/Arguments.h"
 
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -57,7 +59,16 @@ void Subject::packetIs( std::span< U8 const > bytes ) {
 
 void Subject::parserIs() {
    Kiv::TypeRef const view = Kiv::attributeNamed( type_, "header" ).attribute->type();
-   needBytes( type_.name(), view.record().size, bytes_.size() - offset_ );
+   std::size_t const had = bytes_.size() - offset_;
+   if( isLaidOverBytes( view ) ) {
+      needBytes( type_.name(), view.record().size, had );
+   } else {
+      // The one parser that copies reads the pad type and as much padding as the length says.
+      LspPing::LspPingTlvHdr header;
+      needBytes( type_.name(), sizeof( header ) + 1, had );
+      std::memcpy( &header, bytes_.data() + offset_, sizeof( header ) );
+      needBytes( type_.name(), sizeof( header ) + header.length(), had );
+   }
    node_ = type_.operations().create( pkt_, offset_ );
    object_ = node_.get();
 }
