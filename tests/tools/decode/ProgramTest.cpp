@@ -81,8 +81,9 @@ TEST_F( Program, decodesStandardInput ) {
 }
 
 TEST_F( Program, printsAnObjectALine ) {
-   EXPECT_EQ( run( "printf '" + requestHex + "\\n" + requestHex + "\\n' | "
-                                                                   "$lspping decode --hex --json -" ),
+   EXPECT_EQ( run( "printf '" + requestHex + "\\n" + requestHex +
+                   "\\n' | "
+                   "$lspping decode --hex --json -" ),
               0 );
    EXPECT_EQ( std::count( out().begin(), out().end(), '\n' ), 2 );
    EXPECT_THAT( out(), testing::StartsWith( R"({"packet":1,"time":null,)" ) );
