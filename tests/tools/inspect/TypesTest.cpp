@@ -13,21 +13,21 @@ using InspectTest::runTypes;
 
 TEST( Types, showsOneTypeAsJson ) {
    EXPECT_EQ( runTypes( "LspPingTlvU8Hdr", true ).out,
-              R"({"modules":[{"name":"LspPingHdr","types":[{"index":1,)"
-              R"("name":"LspPing::LspPingTlvU8Hdr","kind":"pointer-interface","base":null,)"
-              R"("hashable":true,"attributes":[)"
-              R"({"name":"type","id":2,"type":"U8","readable":true,"writable":true,)"
-              R"("callable":false,"collection":false},)"
-              R"({"name":"length","id":3,"type":"U16","readable":true,"writable":true,)"
-              R"("callable":false,"collection":false},)"
-              R"({"name":"totalLength","id":4,"type":"U16","readable":true,"writable":false,)"
-              R"("callable":false,"collection":false}],"underlying":null,"enumerators":[]}]}]})"
+              R"j({"modules":[{"name":"LspPingHdr","types":[{"index":1,)j"
+              R"j("name":"LspPing::LspPingTlvU8Hdr","kind":"pointer-interface","base":null,)j"
+              R"j("hashable":true,"attributes":[)j"
+              R"j({"name":"type","id":2,"type":"U8","readable":true,"writable":true,)j"
+              R"j("callable":false,"collection":false},)j"
+              R"j({"name":"length","id":3,"type":"U16","readable":true,"writable":true,)j"
+              R"j("callable":false,"collection":false},)j"
+              R"j({"name":"totalLength","id":4,"type":"U16","readable":true,"writable":false,)j"
+              R"j("callable":false,"collection":false}],"underlying":null,"enumerators":[]}]}]})j"
               "\n" );
    EXPECT_EQ( runTypes( "LspPing::LspPingPadType", true ).out,
-              R"({"modules":[{"name":"LspPingTypes","types":[{"index":22,)"
-              R"("name":"LspPing::LspPingPadType","kind":"enumeration","base":null,)"
-              R"("hashable":false,"attributes":[],"underlying":"U32","enumerators":[)"
-              R"({"name":"dropPadding","value":1},{"name":"copyPadding","value":2}]}]}]})"
+              R"j({"modules":[{"name":"LspPingTypes","types":[{"index":22,)j"
+              R"j("name":"LspPing::LspPingPadType","kind":"enumeration","base":null,)j"
+              R"j("hashable":false,"attributes":[],"underlying":"U32","enumerators":[)j"
+              R"j({"name":"dropPadding","value":1},{"name":"copyPadding","value":2}]}]}]})j"
               "\n" );
 }
 

@@ -17,9 +17,9 @@ std::string zeros( std::size_t bytes ) {
 
 TEST( View, showsEveryReadableAttributeAndTheBytes ) {
    Ran const ran = view( { "LspPing::LspPingTlvHdr", "00010005" } );
-   EXPECT_EQ( ran.out, R"({"type":"LspPing::LspPingTlvHdr","attributes":{"typeNbo":256,)"
-                       R"("lengthNbo":1280,"type":1,"length":5,"totalLength":12},"writes":[],)"
-                       R"("hex":"00010005"})"
+   EXPECT_EQ( ran.out, R"j({"type":"LspPing::LspPingTlvHdr","attributes":{"typeNbo":256,)j"
+                       R"j("lengthNbo":1280,"type":1,"length":5,"totalLength":12},"writes":[],)j"
+                       R"j("hex":"00010005"})j"
                        "\n" );
    EXPECT_EQ( ran.status, 0 );
    EXPECT_EQ( ran.err, "" );
@@ -35,12 +35,13 @@ TEST( View, takesTypesWithoutTheirNamespaceAndBytesInAnyDress ) {
 TEST( View, writesInOrderAndReportsEachOutcome ) {
    Ran const ran = view( { "LspPingTlvHdr", "00010005", "length=7", "nothing=1", "totalLength=3",
                            "length=8", "typeNbo=513" } );
-   EXPECT_EQ( ran.out,
-              R"({"type":"LspPing::LspPingTlvHdr","attributes":{"typeNbo":513,"lengthNbo":2048,)"
-              R"("type":258,"length":8,"totalLength":12},"writes":[{"name":"length","outcome":0},)"
-              R"({"name":"nothing","outcome":2},{"name":"totalLength","outcome":1},)"
-              R"({"name":"length","outcome":0},{"name":"typeNbo","outcome":0}],"hex":"01020008"})"
-              "\n" );
+   EXPECT_EQ(
+      ran.out,
+      R"j({"type":"LspPing::LspPingTlvHdr","attributes":{"typeNbo":513,"lengthNbo":2048,)j"
+      R"j("type":258,"length":8,"totalLength":12},"writes":[{"name":"length","outcome":0},)j"
+      R"j({"name":"nothing","outcome":2},{"name":"totalLength","outcome":1},)j"
+      R"j({"name":"length","outcome":0},{"name":"typeNbo","outcome":0}],"hex":"01020008"})j"
+      "\n" );
    EXPECT_EQ( ran.status, 0 );
 }
 
@@ -49,12 +50,11 @@ TEST( View, showsInheritedAttributesFirst ) {
                                                    "0a010200"
                                                    "18000000" } );
    EXPECT_EQ( ran.out,
-              R"({"type":"LspPing::LspPingLdpIpv4SubTlv","attributes":{"typeNbo":256,)"
-              R"("lengthNbo":1280,"type":1,"length":5,"totalLength":12,"ipPrefix":"10.1.2.0",)"
-              R"("prefixLen":24,"mbz0":0,"mbz1":0,"valid":true,)"
-              R"("stringValue":"LdpIpv4( '10.1.2.0/24' )"
-},"writes":[],)"
-              R"("hex":"000100050a01020018000000"})"
+              R"j({"type":"LspPing::LspPingLdpIpv4SubTlv","attributes":{"typeNbo":256,)j"
+              R"j("lengthNbo":1280,"type":1,"length":5,"totalLength":12,"ipPrefix":"10.1.2.0",)j"
+              R"j("prefixLen":24,"mbz0":0,"mbz1":0,"valid":true,)j"
+              R"j("stringValue":"LdpIpv4( '10.1.2.0/24' )"},"writes":[],)j"
+              R"j("hex":"000100050a01020018000000"})j"
               "\n" );
 }
 
@@ -72,9 +72,9 @@ TEST( View, printsTextForPeople ) {
 
 TEST( View, laysAViewAtAnOffset ) {
    Ran const ran = view( { "LspPingTlvU8Hdr@2", "ffff030004ff", "type=9" } );
-   EXPECT_EQ( ran.out, R"({"type":"LspPing::LspPingTlvU8Hdr","attributes":{"type":9,"length":4,)"
-                       R"("totalLength":8},"writes":[{"name":"type","outcome":0}],)"
-                       R"("hex":"ffff090004ff"})"
+   EXPECT_EQ( ran.out, R"j({"type":"LspPing::LspPingTlvU8Hdr","attributes":{"type":9,"length":4,)j"
+                       R"j("totalLength":8},"writes":[{"name":"type","outcome":0}],)j"
+                       R"j("hex":"ffff090004ff"})j"
                        "\n" );
 }
 
@@ -86,37 +86,35 @@ TEST( View, buildsParsersInAPacketAndForwardsTheirViews ) {
                            "a5",
                            "jitter=1", "handleHeader=1" } );
    EXPECT_EQ( ran.out,
-              R"({"type":"LspPing::LspPingEchoJitterTlvParser","attributes":{"pkt":{"size":12},)"
-              R"("offset":3,"header":{"typeNbo":3072,"lengthNbo":1024,"type":12,"length":4,)"
-              R"("totalLength":8,"jitter":500,"valid":true,)"
-              R"("stringValue":"EchoJitterTlv( jittertime(500) )"
-},"type":12,"length":4,)"
-              R"("jitter":500,"valid":true,"totalLength":8,)"
-              R"("stringValue":"EchoJitterTlv( jittertime(500) )"
-},)"
-              R"("writes":[{"name":"jitter","outcome":1},{"name":"handleHeader","outcome":1}],)"
-              R"("hex":"a5a5a5000c0004000001f4a5"})"
+              R"j({"type":"LspPing::LspPingEchoJitterTlvParser","attributes":{"pkt":{"size":12},)j"
+              R"j("offset":3,"header":{"typeNbo":3072,"lengthNbo":1024,"type":12,"length":4,)j"
+              R"j("totalLength":8,"jitter":500,"valid":true,)j"
+              R"j("stringValue":"EchoJitterTlv( jittertime(500) )"},"type":12,"length":4,)j"
+              R"j("jitter":500,"valid":true,"totalLength":8,)j"
+              R"j("stringValue":"EchoJitterTlv( jittertime(500) )"},)j"
+              R"j("writes":[{"name":"jitter","outcome":1},{"name":"handleHeader","outcome":1}],)j"
+              R"j("hex":"a5a5a5000c0004000001f4a5"})j"
               "\n" );
 }
 
 TEST( View, castsContainersAndLeavesOutWhatTheirStateForbids ) {
    Ran const empty = view( { "LspPingIntfAndLabelStackTlvContainer", "" } );
    EXPECT_EQ( empty.out,
-              R"({"type":"LspPing::LspPingIntfAndLabelStackTlvContainer","attributes":{)"
-              R"("isIpv4":null,"getAddrType":null,"getAddr":null,"getIntfAddr":null,)"
-              R"("getIntfId":null,"valid":false,"header":null,"ipv4Tlv":null,"ipv6Tlv":null,)"
-              R"("ipv4UnnumberedTlv":null,"ipv6UnnumberedTlv":null},"writes":[],"hex":""})"
+              R"j({"type":"LspPing::LspPingIntfAndLabelStackTlvContainer","attributes":{)j"
+              R"j("isIpv4":null,"getAddrType":null,"getAddr":null,"getIntfAddr":null,)j"
+              R"j("getIntfId":null,"valid":false,"header":null,"ipv4Tlv":null,"ipv6Tlv":null,)j"
+              R"j("ipv4UnnumberedTlv":null,"ipv6UnnumberedTlv":null},"writes":[],"hex":""})j"
               "\n" );
    Ran const cast = view( { "LspPingIntfAndLabelStackTlvContainer", "020000000a00000100000007",
                             "tryCastToTlv=1", "header=null" } );
    EXPECT_EQ( cast.out,
-              R"({"type":"LspPing::LspPingIntfAndLabelStackTlvContainer","attributes":{)"
-              R"("isIpv4":null,"getAddrType":null,"getAddr":null,"getIntfAddr":null,)"
-              R"("getIntfId":null,"valid":true,"header":null,"ipv4Tlv":null,"ipv6Tlv":null,)"
-              R"("ipv4UnnumberedTlv":{"addrType":2,"mbz0":0,"mbz1":0,"addr":"10.0.0.1",)"
-              R"("intfId":7},"ipv6UnnumberedTlv":null},)"
-              R"("writes":[{"name":"tryCastToTlv","outcome":1},{"name":"header","outcome":0}],)"
-              R"("hex":"020000000a00000100000007"})"
+              R"j({"type":"LspPing::LspPingIntfAndLabelStackTlvContainer","attributes":{)j"
+              R"j("isIpv4":null,"getAddrType":null,"getAddr":null,"getIntfAddr":null,)j"
+              R"j("getIntfId":null,"valid":true,"header":null,"ipv4Tlv":null,"ipv6Tlv":null,)j"
+              R"j("ipv4UnnumberedTlv":{"addrType":2,"mbz0":0,"mbz1":0,"addr":"10.0.0.1",)j"
+              R"j("intfId":7},"ipv6UnnumberedTlv":null},)j"
+              R"j("writes":[{"name":"tryCastToTlv","outcome":1},{"name":"header","outcome":0}],)j"
+              R"j("hex":"020000000a00000100000007"})j"
               "\n" );
 }
 
@@ -124,20 +122,19 @@ TEST( View, showsThePadTlvThatItsParserCopies ) {
    std::string const pad = "00030004"
                            "01ab000c";
    Ran const parser = view( { "LspPingPadTlvParser", pad, "padding[0]=1" } );
-   EXPECT_NE( parser.out.find( R"("padding":{"0":171,"1":0,"2":12},"valid":true,)"
-                               R"("stringValue":"PadTlv( PadType: 1, Size: 4, Padding: )"
-                               R"(0xAB 0x0 0xC )","totalLength":8
-},)"
-                               R"("writes":[{"name":"padding[0]","outcome":1}])" ),
+   EXPECT_NE( parser.out.find( R"j("padding":{"0":171,"1":0,"2":12},"valid":true,)j"
+                               R"j("stringValue":"PadTlv( PadType: 1, Size: 4, Padding: )j"
+                               R"j(0xAB 0x0 0xC )","totalLength":8},)j"
+                               R"j("writes":[{"name":"padding[0]","outcome":1}])j" ),
               std::string::npos )
       << parser.out;
-Ran const object = view( { "LspPingPadTlv", pad, "padding[4]=9", "padType=2" } );
-EXPECT_NE( object.out.find( R"("padType":2,"padding":{"0":171,"1":0,"2":12,"3":0,"4":9})" ),
-           std::string::npos )
-   << object.out;
-EXPECT_EQ( view( { "LspPingPadTlvParser", "0003000501ab000c" } ).err,
-           "lspping: LspPing::LspPingPadTlvParser needs 9 bytes, there are 8\n" );
-EXPECT_EQ( view( { "LspPingPadTlvParser@1", "0003000501" } ).status, 1 );
+   Ran const object = view( { "LspPingPadTlv", pad, "padding[4]=9", "padType=2" } );
+   EXPECT_NE( object.out.find( R"j("padType":2,"padding":{"0":171,"1":0,"2":12,"3":0,"4":9})j" ),
+              std::string::npos )
+      << object.out;
+   EXPECT_EQ( view( { "LspPingPadTlvParser", "0003000501ab000c" } ).err,
+              "lspping: LspPing::LspPingPadTlvParser needs 9 bytes, there are 8\n" );
+   EXPECT_EQ( view( { "LspPingPadTlvParser@1", "0003000501" } ).status, 1 );
 }
 
 TEST( View, wantsAsManyBytesAsTheViewHas ) {
@@ -194,20 +191,20 @@ TEST( View, answersLineByLine ) {
                          "Nothing 00\n"
                          "LspPingTlvU8Hdr 030004" );
    EXPECT_EQ( ran.out,
-              R"({"type":"LspPing::LspPingTlvU8Hdr","attributes":{"type":3,"length":4,)"
-              R"("totalLength":8},"writes":[],"hex":"030004"})"
+              R"j({"type":"LspPing::LspPingTlvU8Hdr","attributes":{"type":3,"length":4,)j"
+              R"j("totalLength":8},"writes":[],"hex":"030004"})j"
               "\n"
-              R"({"error":"LspPing::LspPingHdr needs 32 bytes, there are 1"})"
+              R"j({"error":"LspPing::LspPingHdr needs 32 bytes, there are 1"})j"
               "\n"
-              R"({"error":"view wants TYPE[@OFFSET] HEX [NAME=VALUE]..."})"
+              R"j({"error":"view wants TYPE[@OFFSET] HEX [NAME=VALUE]..."})j"
               "\n"
-              R"({"type":"LspPing::LspPingTlvU8Hdr","attributes":{"type":3,"length":1,)"
-              R"("totalLength":4},"writes":[{"name":"length","outcome":0}],"hex":"00030001"})"
+              R"j({"type":"LspPing::LspPingTlvU8Hdr","attributes":{"type":3,"length":1,)j"
+              R"j("totalLength":4},"writes":[{"name":"length","outcome":0}],"hex":"00030001"})j"
               "\n"
-              R"({"error":"no type \"Nothing\" is registered"})"
+              R"j({"error":"no type \"Nothing\" is registered"})j"
               "\n"
-              R"({"type":"LspPing::LspPingTlvU8Hdr","attributes":{"type":3,"length":4,)"
-              R"("totalLength":8},"writes":[],"hex":"030004"})"
+              R"j({"type":"LspPing::LspPingTlvU8Hdr","attributes":{"type":3,"length":4,)j"
+              R"j("totalLength":8},"writes":[],"hex":"030004"})j"
               "\n" );
    EXPECT_EQ( ran.status, 1 );
    EXPECT_EQ( ran.err, "" );
