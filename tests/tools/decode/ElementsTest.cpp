@@ -120,8 +120,7 @@ TEST( Elements, showMultipathInformationByItsType ) {
               "         Multipath( maskedIpSetMultipath: ::ffff:127.2.1.0-::ffff:127.2.1.1 )\n" );
    EXPECT_EQ( multipathOf( 4, { 127, 0, 0, 1, 127, 0 } ),
               "         Multipath( ipRangeMultipath: 127.0.0.1 )\n"
-              "   ! offset 60: MultipathData: multipath information of 6 bytes for type 4\n"
-              "   ! offset 66: MultipathData: 2 bytes left over\n" );
+              "   ! offset 60: MultipathData: multipath information of 6 bytes for type 4\n" );
 }
 
 TEST( Elements, showTheOldMappingWithItsLabels ) {

@@ -1,0 +1,43 @@
+#include "tools/lspping/capture/CaptureReader.h"
+#include "tools/lspping/capture/HexReader.h"
+#include "tools/lspping/decode/Walk.h"
+
+#include <cstdlib>
+#include <string>
+#include <sys/mman.h>
+#include <unistd.h>
+
+// Any bytes are a file: it is read as a capture and as hexadecimal text to its end, and every
+// message in it is walked.
+
+namespace {
+
+void readAll( LspPingTool::EchoSource && source ) {
+   static LspPingTool::Message message;
+   for( ;; ) {
+      switch( source.next() ) {
+      case LspPingTool::EchoSource::Step::message:
+         LspPingTool::walk( source.packet().payload, source.packet().possiblePadding, message );
+         break;
+      case LspPingTool::EchoSource::Step::error:
+         if( source.error().message().empty() )
+            std::abort();
+         break;
+      case LspPingTool::EchoSource::Step::end:
+         return;
+      }
+   }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput( U8 const * data, std::size_t size ) {
+   static int const file = ::memfd_create( "input", 0 );
+   static std::string const path = "/proc/self/fd/" + std::to_string( file );
+   if( file < 0 || ::ftruncate( file, 0 ) != 0 ||
+       ::pwrite( file, data, size, 0 ) != static_cast< ssize_t >( size ) )
+      std::abort();
+   readAll( LspPingTool::CaptureReader( path ) );
+   readAll( LspPingTool::HexReader( path ) );
+   return 0;
+}
