@@ -174,7 +174,7 @@ constexpr ExpectedType hdrTypes[] = {
      "dsMultipathBaseAddr Velnet::IpGenAddr r, dsMultipathBitset LspPingMultipathBitset r, "
      "labelStack LspPingDownstreamLabelStack r, fecStackChangeInfo LspPingFecStackChangeInfo r, "
      "intf Velnet::IntfId r, retCode LspPingReturnCode r, retSubcode U8 r, valid bool r, "
-     "intfIndex U32 r, checkMultipathType() void c" },
+     "intfIndex Velnet::IntfId r, checkMultipathType() void c" },
    { 61, "LspPingDownstreamMappingInfoSet", value, "", 0,
      "lspPingDownstreamMappingInfo[U8] LspPingDownstreamMappingInfo rw, "
      "mappingTlv LspPingDownstreamMappingType r" },

@@ -8,6 +8,10 @@
 #include <memory>
 #include <span>
 
+namespace LspPing {
+class LspPingPadTlv;
+}
+
 namespace LspPingTool {
 
 /// A view, parser or container over bytes. The element begins at an odd address, as elements in
@@ -28,7 +32,7 @@ class Subject {
 
  private:
    void packetIs( std::span< U8 const > bytes );
-   void parserIs();
+   void parserIs( Kiv::TypeRef parser );
    void containerIs();
 
    // More than any view reads behind its fixed part, which says of itself how long it is.
@@ -39,6 +43,7 @@ class Subject {
    Orlo::Ptr< Velnet::Pkt > pkt_;
    std::span< U8 > bytes_;
    Orlo::Ptr< Orlo::Node > node_;
+   std::unique_ptr< LspPing::LspPingPadTlv > pad_; ///< what the Pad TLV's parser leaves to its user
    void * object_ = nullptr;
 };
 

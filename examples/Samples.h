@@ -1,0 +1,22 @@
+#pragma once
+
+#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace Examples {
+
+/// One frame of a sample file.
+struct Frame {
+   std::vector< U8 > bytes;
+   std::size_t wireLength = 0; ///< more than the bytes when the capture cut it
+};
+
+/// Requests and replies with every element that has a view, in several encapsulations.
+std::vector< Frame > echoSamples();
+
+/// Messages that break a rule each: cut, with lengths that do not fit, with bytes left over.
+std::vector< Frame > malformedSamples();
+
+} // namespace Examples
