@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/framing/LspPingParsers.h"
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
+#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
 #include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
 #include "tools/lspping/inspect/Arguments.h"
 
@@ -28,7 +29,7 @@ std::size_t padBytes( std::span< U8 const > element ) {
    std::size_t const shortest = 5;
    if( element.size() < shortest )
       return shortest;
-   std::size_t const length = static_cast< std::size_t >( element[2] << 8 | element[3] );
+   auto const length = static_cast< std::size_t >( element[2] << 8 | element[3] );
    return std::max( shortest, 4 + length );
 }
 
@@ -89,6 +90,7 @@ void Subject::parserIs( Kiv::TypeRef parser ) {
 void Subject::containerIs() {
    node_ = type_.operations().createEmpty();
    object_ = node_.get();
+   KIV_ASSERT( object_ != nullptr );
    U8 * const value = bytes_.data() + offset_;
    Kiv::call( *node_, "tryCastToTlv", value, static_cast< U32 >( bytes_.size() - offset_ ) );
 }
