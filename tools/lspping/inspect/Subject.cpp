@@ -75,12 +75,10 @@ void Subject::packetIs( std::span< U8 const > bytes ) {
 void Subject::parserIs( Kiv::TypeRef parser ) {
    std::span< U8 const > const element = bytes_.subspan( offset_ );
    bool const isPad = parser == Kiv::typeOf< LspPing::LspPingPadTlvParser >();
-   if( isPad )
-      needBytes( parser.name(), padBytes( element ), element.size() );
-   else
-      needBytes( parser.name(),
-                 Kiv::attributeNamed( parser, "header" ).attribute->type().record().size,
-                 element.size() );
+   Kiv::FoundAttribute const header = Kiv::attributeNamed( parser, "header" );
+   KIV_ASSERT( header ); // every parser has one
+   needBytes( parser.name(), isPad ? padBytes( element ) : header.attribute->type().record().size,
+              element.size() );
    node_ = parser.operations().create( pkt_, offset_ );
    object_ = node_.get();
    if( isPad )
@@ -90,7 +88,6 @@ void Subject::parserIs( Kiv::TypeRef parser ) {
 void Subject::containerIs() {
    node_ = type_.operations().createEmpty();
    object_ = node_.get();
-   KIV_ASSERT( object_ != nullptr );
    U8 * const value = bytes_.data() + offset_;
    Kiv::call( *node_, "tryCastToTlv", value, static_cast< U32 >( bytes_.size() - offset_ ) );
 }
