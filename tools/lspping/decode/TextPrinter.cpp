@@ -166,7 +166,8 @@ void TextPrinter::multipathLine( Message const & message, Element const & elemen
 
 void TextPrinter::labelLines( Message const & message, Element const & element ) {
    for( U32 i = 0; i < element.labelCount; ++i ) {
-      Label const label = labelAt( message.bytes.data() + element.labelsOffset + 4 * i );
+      Label const label =
+         labelAt( message.bytes.data() + element.labelsOffset + std::size_t{ 4 } * i );
       indent( element.depth + 2u );
       out_.append( "Label( " );
       out_.appendDecimal( label.label );
