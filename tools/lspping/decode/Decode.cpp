@@ -65,8 +65,8 @@ class Decoder {
       if( output_.state() == Output::State::closed )
          return exitDone;
       if( output_.state() == Output::State::failed ) {
-         std::fprintf( stderr, "lspping: standard output: %s\n",
-                       systemText( output_.failure() ).c_str() );
+         (void)std::fprintf( stderr, "lspping: standard output: %s\n",
+                             systemText( output_.failure() ).c_str() );
          return exitFileFailed;
       }
       return status_;
@@ -98,7 +98,7 @@ class Decoder {
 
    void tell( std::string const & text ) {
       progress_.hide();
-      std::fprintf( stderr, "lspping: %s\n", text.c_str() );
+      (void)std::fprintf( stderr, "lspping: %s\n", text.c_str() );
    }
 
    void flush() {

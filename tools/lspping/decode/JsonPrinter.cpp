@@ -154,7 +154,8 @@ void JsonPrinter::labels( Message const & message, Element const & element ) {
    writeKey( json_, "labels" );
    json_.StartArray();
    for( U32 i = 0; i < element.labelCount; ++i ) {
-      Label const label = labelAt( message.bytes.data() + element.labelsOffset + 4 * i );
+      Label const label =
+         labelAt( message.bytes.data() + element.labelsOffset + std::size_t{ 4 } * i );
       json_.StartObject();
       member( "label", label.label );
       member( "tc", label.trafficClass );

@@ -1,4 +1,5 @@
 #include "MplsUtils/LspPing/platform/Kiv/Collections.h"
+#include "tools/lspping/ExitStatus.h"
 #include "tools/lspping/inspect/Commands.h"
 #include "tools/lspping/inspect/Output.h"
 #include "tools/lspping/inspect/Registry.h"
@@ -166,10 +167,10 @@ int runTypes( TypesOptions const & options, std::FILE * out, std::FILE * err ) {
          text = registryMarkdown( modules );
       else
          text = registryText( modules, !options.name.empty() );
-      return put( out, text ) ? 0 : 3;
+      return put( out, text ) ? exitDone : exitFileFailed;
    } catch( UsageError const & e ) {
       static_cast< void >( put( err, "lspping: " + std::string( e.what() ) + '\n' ) );
-      return 2;
+      return exitWrongUsage;
    }
 }
 
