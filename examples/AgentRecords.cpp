@@ -48,7 +48,7 @@ EchoRecords::Records recordsOf( Bytes message ) {
    return records;
 }
 
-/// A transit router's reply: one next hop for half of the addresses, reached with one label.
+/// A transit router's reply: one next hop for some addresses, reached with one label.
 Examples::Bytes builtReply() {
    Examples::MessageBuilder reply;
    reply.view< LspPingHdr >( []( LspPingHdr & header ) {
@@ -139,8 +139,8 @@ int main( int count, char ** arguments ) {
       // A stack of 256 labels without an end would keep valid() for ever.
       LspPingDownstreamLabelStack const & labels = mapping.labelStack();
       bool const isStack = labels.validEnds() && labels.valid();
-      std::cout << "next hop " << mapping.dsIpAddr().stringValue() << ": " << labels.size()
-                << ( isStack ? " labels" : " labels that are no stack" ) << ", any multipath: "
+      std::cout << "next hop " << mapping.dsIpAddr().stringValue() << ", labels: " << labels.size()
+                << ( isStack ? "" : " (no stack)" ) << ", any address: "
                 << ( mapping.dsMultipathBitset().hasAnyBitsSet() ? "yes" : "no" ) << '\n';
    }
    return 0;
