@@ -173,4 +173,38 @@ TEST( Elements, showSubTlvsOfOurVendorOnly ) {
               "      Bytes( feed0006000000090102 )\n" );
 }
 
+// The generalized FEC is read as far as its length says: never beyond the bytes that are there.
+TEST( Elements, showPseudowires ) {
+   EXPECT_EQ( elementsOf( tlv( 1, tlv( 10, { 10, 0, 0, 1, 10, 0, 0, 2, 0, 0, 0, 7, 0, 5 } ) ) ),
+              "   TargetFecStack\n"
+              "      Fec128Ipv4:\tsender(10.0.0.1),\treceiver(10.0.0.2),\tpwId(7),\tpwType(5)\n" );
+   Bytes const value{ 10, 0, 0, 1, 10, 0, 0, 2, 0, 5, 1, 0, 1, 4, 0, 0, 0, 1, 1, 0 };
+   std::string const whole = elementsOf( tlv( 1, tlv( 11, value ) ) );
+   EXPECT_THAT( whole,
+                testing::StartsWith( "   TargetFecStack\n      Fec129Ipv4:\tsender(10.0.0.1),"
+                                     "\treceiver(10.0.0.2),\tpwType(5),\tpwGenId(" ) );
+   EXPECT_EQ( std::count( whole.begin(), whole.end(), '\n' ), 2 );
+   Bytes const cut( value.begin(), value.end() - 4 );
+   EXPECT_EQ( elementsOf( tlv( 1, raw( 11, 20, cut ) ) ),
+              "   TargetFecStack\n"
+              "      FEC129Pseudowire( Code: 11, Length: 20, Bytes: "
+              "000b00140a0000010a0000020005010001040000 )\n"
+              "   ! offset 36: FEC129Pseudowire: length 20 needs 24 bytes, had 20\n" );
+}
+
+TEST( Elements, takeTheFamilyOfAMappingForItsMultipathInformation ) {
+   Bytes const v6{ 0x20, 1, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1 };
+   Bytes const six = tlv( 1, Bytes{ 2 } + word( 16 ) + Bytes{ 0 } + v6 );
+   Bytes const four = tlv( 1, Bytes{ 2 } + word( 16 ) + Bytes{ 0 } +
+                                 Bytes{ 127, 0, 0, 1, 127, 0, 0, 2, 127, 0, 0, 3, 127, 0, 0, 4 } );
+   EXPECT_EQ( elementsOf( tlv( 20, Bytes{ 5, 0xdc, 4, 0 } + v6 + Bytes{ 0, 0, 0, 7, 8, 1 } +
+                                      word( six.size() + four.size() ) + six + four ) ),
+              "   DDMAPV6UnnumberedTlv( Downstream Address: '2001:db8::1', Downstream Interface "
+              "Index: 7, RetCode: 8, RetSubCode: 1 )\n"
+              "      MultipathSubTlv( multipathType: 2, multipathLength: 16, mbz: 0 )\n"
+              "         Multipath( ipMultipath: 2001:db8::1 )\n"
+              "      MultipathSubTlv( multipathType: 2, multipathLength: 16, mbz: 0 )\n"
+              "         Multipath( ipMultipath: 127.0.0.1, 127.0.0.2, 127.0.0.3, 127.0.0.4 )\n" );
+}
+
 } // namespace

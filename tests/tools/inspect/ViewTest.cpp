@@ -137,6 +137,24 @@ TEST( View, showsThePadTlvThatItsParserCopies ) {
    EXPECT_EQ( view( { "LspPingPadTlvParser@1", "0003000501" } ).status, 1 );
 }
 
+// What is behind the fixed part is read and written as far as the length tells; the setter's own
+// check of the length would end the program.
+TEST( View, writesThePseudowireIdentifiersWhereThereIsRoom ) {
+   std::string const id = "pwGenId=agi 1:0a0b saii 2: taii 3:0c";
+   std::string const head = "000b00140a0000010a0000020005";
+   Ran const written = view( { "LspPingFec129Ipv4SubTlv", head + zeros( 10 ), id } );
+   EXPECT_TRUE(
+      written.out.ends_with( R"j("hex":"000b00140a0000010a000002000501020a0b020003010c00"})j"
+                             "\n" ) )
+      << written.out << written.err;
+   Ran const tooShort =
+      view( { "LspPingFec129Ipv4SubTlv", "000b0010" + head.substr( 8 ) + zeros( 10 ), id } );
+   EXPECT_EQ( tooShort.status, 1 );
+   EXPECT_TRUE( tooShort.err.ends_with( "needs 20 bytes of value, the length is 16\n" ) )
+      << tooShort.err;
+   EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlv", head + zeros( 9 ), id } ).status, 1 );
+}
+
 TEST( View, wantsAsManyBytesAsTheViewHas ) {
    for( std::size_t bytes = 0; bytes < 32; ++bytes ) {
       Ran const ran = view( { "LspPingHdr", zeros( bytes ) } );
@@ -180,6 +198,17 @@ TEST( View, saysWhatIsWrongWithItsArguments ) {
    EXPECT_EQ( view( { "LspPingHdr", "0x00" } ).status, 1 );
    EXPECT_EQ( view( { "LspPingTlvHdr", "0001000" } ).err,
               "lspping: no byte of two hexadecimal digits at character 7 of the bytes\n" );
+}
+
+TEST( View, takesBlanksInTheLastArgumentOfALine ) {
+   Ran const ran = view( { "-" }, false,
+                         "LspPingFec129Ipv4SubTlv 000b0014 0a000001 0a000002 0005 0000000000"
+                         "0000000000 pwGenId=agi 1:0a0b saii 2: taii 3:0c pwType=4\n" );
+   EXPECT_TRUE( ran.out.ends_with( R"j("writes":[{"name":"pwGenId","outcome":0},)j"
+                                   R"j({"name":"pwType","outcome":0}],)j"
+                                   R"j("hex":"000b00140a0000010a000002000401020a0b020003010c00"})j"
+                                   "\n" ) )
+      << ran.out;
 }
 
 TEST( View, answersLineByLine ) {

@@ -27,6 +27,8 @@ class Subject {
 
    Kiv::TypeRef type() const noexcept { return type_; }
    void * object() const noexcept { return object_; }
+   /// Bytes from the element's first one on.
+   std::size_t room() const noexcept { return bytes_.size() - offset_; }
    /// All bytes, as the writes have left them.
    std::span< U8 const > bytes() const noexcept { return bytes_; }
 
