@@ -28,11 +28,12 @@ class Decoder {
         // On one terminal the text itself shows the problems, right below their message.
         tellsProblems_( options.isJson || !output_.isTerminal() ||
                         ::isatty( STDERR_FILENO ) != 1 ) {
+      ShowRecords const records = options.hasRecords ? ShowRecords::yes : ShowRecords::no;
       if( options.isJson ) {
-         printer_ = std::make_unique< JsonPrinter >();
+         printer_ = std::make_unique< JsonPrinter >( records );
       } else {
          printer_ = std::make_unique< TextPrinter >(
-            mayColour( output_ ) ? TextPrinter::Colour::on : TextPrinter::Colour::off );
+            mayColour( output_ ) ? TextPrinter::Colour::on : TextPrinter::Colour::off, records );
       }
    }
 
