@@ -84,7 +84,7 @@ bool pseudowireFec( Bytes bytes, LspPingFecInfo & info ) {
 // Multipoint LDP, RFC 6425 section 3.1.2.1. The view knows a root of IPv4 only, so what is behind
 // the root is found by its length.
 bool multipointLdpFec( Bytes value, LspPingFecInfo & info ) {
-   if( value.size() < 5 )
+   if( value.size() < 6 )
       return false;
    auto const family = valueAt< Velnet::NetU16 >( value, 4 ).value();
    std::size_t const addressSize = family == 1 ? 4 : family == 2 ? 16 : 0;

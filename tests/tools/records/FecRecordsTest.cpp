@@ -156,6 +156,11 @@ TEST( FecRecords, keepNothingOfWhatIsNotWellFormed ) {
    EXPECT_EQ( linesOfFec( 19, { 0, 1, 4, 10, 0, 0, 1, 0, 8, 1, 0, 4, 0, 0, 0x12, 0x67 } ), "" );
    EXPECT_EQ( linesOfFec( 19, { 0, 1, 16, 10, 0, 0, 1, 0, 7, 1, 0, 4, 0, 0, 0x12, 0x67 } ), "" );
    EXPECT_EQ( linesOfFec( 34, { 10, 0, 0, 9, 33, 1, 0, 0 } ), "" );
+   for( std::size_t length = 0; length < 16; ++length ) {
+      Bytes root{ 0, 1, 4, 10, 0, 0, 1, 0, 7, 1, 0, 4, 0, 0, 0x12, 0x67 };
+      root.resize( length );
+      EXPECT_EQ( recordLines( raw( 1, 4 + length, raw( 19, length, root ) ) ), "" ) << length;
+   }
    // Cut by the end of the message, which cuts the stack as well.
    EXPECT_EQ( recordLines( raw( 1, 24, ldp + raw( 16, 4, { 0, 0 } ) ) ), "" );
 }
