@@ -64,6 +64,9 @@ TYPED_TEST( LabelWord, keepsTheOtherBitsWhenTheLabelIsSet ) {
    EXPECT_EQ( hexOfWord( word ), "000035a5" );
    word.labelNboIs( 0xfffff );
    EXPECT_EQ( hexOfWord( word ), "fffff5a5" );
+   word = wordOf< TypeParam >( "ffffffff" );
+   word.labelNboIs( 0 );
+   EXPECT_EQ( hexOfWord( word ), "00000fff" );
 }
 
 TYPED_TEST( LabelWord, dropsLabelBitsAboveTheTwentieth ) {
@@ -82,6 +85,9 @@ TYPED_TEST( LabelWord, keepsTheLabelWhenMustBeZeroBitsAreSet ) {
    EXPECT_EQ( hexOfWord( word ), "a5a5afff" );
    word.mbzIs( 0 );
    EXPECT_EQ( hexOfWord( word ), "a5a5a000" );
+   word = wordOf< TypeParam >( "ffffffff" );
+   word.mbzIs( 0 );
+   EXPECT_EQ( hexOfWord( word ), "fffff000" );
 }
 
 TYPED_TEST( LabelWord, isWrittenByName ) {

@@ -1,6 +1,7 @@
 #include "MplsUtils/LspPing/LspPingHdr.h"
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "MplsUtils/LspPing/platform/Velnet/Pkt.h"
+#include "tests/WireBytes.h"
 
 #include <gtest/gtest.h>
 #include <sys/mman.h>
@@ -26,23 +27,22 @@ static_assert( std::is_trivially_copyable_v< LspPingFec128Ipv4SubTlv > );
 static_assert( std::is_trivially_copyable_v< LspPingFec129Ipv4SubTlv > );
 static_assert( !LspPingFec128Ipv4SubTlv{}.valid() );
 
-/// The bytes at an odd address, with the block's end right behind them.
+/// Given bytes at an odd address, the heap block's end right behind them.
 class OddBlock {
  public:
-   explicit OddBlock( Bytes const & bytes )
-      : block_{ std::make_unique< U8[] >( bytes.size() + 1 ) },
-        size_{ bytes.size() } {
-      std::copy( bytes.begin(), bytes.end(), block_.get() + 1 );
+   explicit OddBlock( Bytes const & bytes ) : wire_( bytes.size(), 0 ) {
+      for( U32 index = 0; index < wire_.size(); ++index ) {
+         wire_.data()[index] = bytes[index];
+      }
    }
    template < class View >
    View & view() {
-      return *reinterpret_cast< View * >( block_.get() + 1 ); // as many bytes as the test put there
+      return wire_.as< View >();
    }
-   Bytes bytes() const { return { block_.get() + 1, block_.get() + 1 + size_ }; }
+   Bytes bytes() { return { wire_.data(), wire_.data() + wire_.size() }; }
 
  private:
-   std::unique_ptr< U8[] > block_;
-   std::size_t size_;
+   WireBytes wire_;
 };
 
 Bytes const fec128Bytes = {
@@ -52,6 +52,15 @@ Bytes const fec128Bytes = {
    0x00, 0x01, 0x02, 0x03, // PW ID 66051
    0x00, 0x05, 0x00, 0x00, // Ethernet
 };
+
+TEST( LspPingFec128Ipv4SubTlv, isAllZeroWhenConstructed ) {
+   EXPECT_EQ( hexOfNew< LspPingFec128Ipv4SubTlv >(),
+              "00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00" );
+}
+
+TEST( LspPingFec129Ipv4SubTlv, isAllZeroWhenConstructed ) {
+   EXPECT_EQ( hexOfNew< LspPingFec129Ipv4SubTlv >(), "00 00 00 00 00 00 00 00 00 00 00 00 00 00" );
+}
 
 TEST( LspPingFec128Ipv4SubTlv, readsItsBytes ) {
    Bytes bytes = fec128Bytes;

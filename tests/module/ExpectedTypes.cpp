@@ -76,7 +76,7 @@ constexpr ExpectedType hdrTypes[] = {
    { 24, "LspPingFec128Ipv4SubTlv", view, "LspPingTlvHdr", 20,
      "senderAddr Velnet::IpAddr rw, receiverAddr Velnet::IpAddr rw, pwId U32 rw, pwType U16 rw, "
      "mbz U16 rw, valid bool r, stringValue Orlo::String r" },
-   { 25, "LspPingFec129Ipv4SubTlv", view, "LspPingTlvHdr", 0,
+   { 25, "LspPingFec129Ipv4SubTlv", view, "LspPingTlvHdr", 14,
      "senderAddr Velnet::IpAddr rw, receiverAddr Velnet::IpAddr rw, pwType U16 rw, "
      "pwGenId Pseudowire::PseudowireGenId rw, minTlvLength U16 r, additionalTlvLength U16 r, "
      "valid bool r, stringValue Orlo::String r" },
@@ -174,7 +174,7 @@ constexpr ExpectedType hdrTypes[] = {
      "dsMultipathBaseAddr Velnet::IpGenAddr r, dsMultipathBitset LspPingMultipathBitset r, "
      "labelStack LspPingDownstreamLabelStack r, fecStackChangeInfo LspPingFecStackChangeInfo r, "
      "intf Velnet::IntfId r, retCode LspPingReturnCode r, retSubcode U8 r, valid bool r, "
-     "intfIndex U32 r, checkMultipathType() void c" },
+     "intfIndex Velnet::IntfId r, checkMultipathType() void c" },
    { 61, "LspPingDownstreamMappingInfoSet", value, "", 0,
      "lspPingDownstreamMappingInfo[U8] LspPingDownstreamMappingInfo rw, "
      "mappingTlv LspPingDownstreamMappingType r" },

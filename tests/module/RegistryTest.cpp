@@ -14,25 +14,6 @@
 
 namespace {
 
-// Types whose classes do not stand yet; their places are kept.
-std::set< std::string_view > const missingTypes = {
-   "LspPingDownstreamLabelEntry",
-   "LspPingDownstreamLabelStack",
-   "LspPingDownstreamMappingInfo",
-   "LspPingDownstreamMappingInfoSet",
-   "LspPingFec128Ipv4SubTlv",
-   "LspPingFec128Ipv4SubTlvParser",
-   "LspPingFec129Ipv4SubTlv",
-   "LspPingFec129Ipv4SubTlvParser",
-   "LspPingFecInfo",
-   "LspPingFecStack",
-   "LspPingFecStackChangeInfo",
-   "LspPingIntfAndLabelStackInfo",
-   "LspPingMultipathBitset",
-   "LspPingPadInfo",
-   "LspPingPwInfo",
-};
-
 std::string shortName( Kiv::TypeId id ) {
    Kiv::TypeRef const type( id );
    std::string const name( type ? type.name() : "void" );
@@ -133,8 +114,8 @@ std::string expectedAttributes( ExpectedType const & expected ) {
    return text;
 }
 
-void expectModule( std::string_view name, U16 number, std::span< ExpectedType const > expectedTypes,
-                   std::set< std::string_view > & absent ) {
+void expectModule( std::string_view name, U16 number,
+                   std::span< ExpectedType const > expectedTypes ) {
    Kiv::ModuleTable const * module = nullptr;
    for( Kiv::ModuleTable const * one : Kiv::modules() )
       module = one->name == name ? one : module;
@@ -147,10 +128,7 @@ void expectModule( std::string_view name, U16 number, std::span< ExpectedType co
       ASSERT_EQ( expected.index, index );
       Kiv::TypeRef const type( module->types + index );
       EXPECT_EQ( type.id(), ( Kiv::TypeId{ number, index } ) );
-      if( type.kind() == Kiv::Kind::absent ) {
-         absent.insert( expected.name );
-         continue;
-      }
+      ASSERT_NE( type.kind(), Kiv::Kind::absent );
       EXPECT_EQ( type.name(), "LspPing::" + std::string( expected.name ) );
       EXPECT_EQ( kindText( type.kind() ), expected.kind );
       EXPECT_EQ( type.base() ? shortName( type.base().id() ) : "", expected.base );
@@ -163,10 +141,8 @@ void expectModule( std::string_view name, U16 number, std::span< ExpectedType co
 }
 
 TEST( Registry, holdsEveryTypeAtItsPlaceWithItsAttributes ) {
-   std::set< std::string_view > absent;
-   expectModule( "LspPingHdr", 16, expectedHdrTypes, absent );
-   expectModule( "LspPingTypes", 17, expectedTypesTypes, absent );
-   EXPECT_EQ( absent, missingTypes );
+   expectModule( "LspPingHdr", 16, expectedHdrTypes );
+   expectModule( "LspPingTypes", 17, expectedTypesTypes );
 }
 
 TEST( Registry, hasNinetyFiveAndTwentyThreeTypes ) {
@@ -181,8 +157,6 @@ TEST( Registry, countsOwnIdsFromTwoOrFromOneHundredAndThirty ) {
         { std::pair{ expectedHdrTypes, U16{ 16 } }, std::pair{ expectedTypesTypes, U16{ 17 } } } ) {
       for( ExpectedType const & expected : expectedTypes ) {
          Kiv::TypeRef const type( Kiv::TypeId{ number, expected.index } );
-         if( type.kind() == Kiv::Kind::absent )
-            continue;
          bool const high =
             !expected.base.empty() || expected.kind == "object" || expected.kind == "constant";
          U16 id = high ? 130 : 2;
@@ -196,6 +170,7 @@ TEST( Registry, findsEveryTypeByItsName ) {
    for( Kiv::ModuleTable const * module : Kiv::modules() ) {
       for( U16 index = 0; index < module->count; ++index ) {
          Kiv::TypeRef const type( module->types + index );
+         // Another module may keep a place for a class that is only declared.
          if( type.kind() == Kiv::Kind::absent )
             continue;
          EXPECT_EQ( Kiv::typeNamed( type.name() ), type ) << type.name();

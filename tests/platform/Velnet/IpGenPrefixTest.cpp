@@ -39,7 +39,7 @@ TEST( IpGenPrefix, printsAddressAndLengthOrNone ) {
 TEST( IpGenPrefix, takesEveryLengthOfItsFamilyAndNoOther ) {
    for( unsigned length = 0; length < 256; ++length ) {
       U8 const bits = static_cast< U8 >( length );
-      Orlo::String const behind = "/" + std::to_string( length );
+      Orlo::String const behind = Kiv::_fmt( "/%d", length );
       ASSERT_EQ( IpGenPrefix::fromText( "10.0.0.0" + behind ).has_value(), length <= 32 );
       ASSERT_EQ( IpGenPrefix::fromText( "2001:db8::" + behind ).has_value(), length <= 128 );
       if( length <= 32 ) {

@@ -26,8 +26,8 @@ inline Bytes word( std::size_t value ) {
 }
 
 /// An echo request of version 1, reply mode 2, handle 0x1234, sequence number 1, no time stamps.
-inline Bytes const request = Bytes{ 0, 1, 0, 0, 1, 2, 0, 0, 0, 0, 0x12, 0x34, 0, 0, 0, 1 } +
-                             Bytes( 16, 0 );
+inline Bytes const request =
+   Bytes{ 0, 1, 0, 0, 1, 2, 0, 0, 0, 0, 0x12, 0x34, 0, 0, 0, 1 } + Bytes( 16, 0 );
 
 /// Type, length and value as they are told, without padding.
 inline Bytes raw( std::size_t type, std::size_t length, Bytes const & value ) {

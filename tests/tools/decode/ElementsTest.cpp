@@ -57,8 +57,8 @@ TEST( Elements, showTheDetailedMappingOfEveryAddressType ) {
 
 TEST( Elements, tellAnAddressTypeThatIsNotKnown ) {
    EXPECT_EQ( elementsOf( tlv( 20, { 5, 0xdc, 9, 0, 1, 2, 3, 4 } ) + tlv( 12, { 0, 0, 0, 9 } ) ),
-              "   DdmapHdr( mtu: 1500, addrType: 9, dsFlags: 0 )( Code: 20, Length: 8, Bytes: "
-              "0014000805dc090001020304 )\n"
+              "   DdmapHdr( mtu: 1500, addrType: 9, dsFlags: 0 )\n"
+              "      Bytes( 0014000805dc090001020304 )\n"
               "   EchoJitterTlv( jittertime(9) )\n"
               "   ! offset 32: DownstreamDetailedMapping: address type 9 is not known\n" );
 }
@@ -99,10 +99,10 @@ TEST( Elements, takeTheWholeStackInAStackChange ) {
 }
 
 std::string multipathOf( U8 type, Bytes const & information ) {
-   Bytes const sub = tlv( 1, Bytes{ type } + word( information.size() ) + Bytes{ 0 } + information );
-   std::string const all =
-      elementsOf( tlv( 20, Bytes{ 5, 0xdc, 1, 0, 10, 0, 0, 2, 10, 0, 0, 1, 8, 1 } +
-                              word( sub.size() ) + sub ) );
+   Bytes const sub =
+      tlv( 1, Bytes{ type } + word( information.size() ) + Bytes{ 0 } + information );
+   std::string const all = elementsOf( tlv(
+      20, Bytes{ 5, 0xdc, 1, 0, 10, 0, 0, 2, 10, 0, 0, 1, 8, 1 } + word( sub.size() ) + sub ) );
    std::size_t const at = all.find( "         Multipath(" );
    return at == std::string::npos ? "" : all.substr( at );
 }
@@ -124,8 +124,8 @@ TEST( Elements, showMultipathInformationByItsType ) {
 }
 
 TEST( Elements, showTheOldMappingWithItsLabels ) {
-   EXPECT_EQ( elementsOf( tlv( 2, { 5,  0xdc, 1, 0, 10, 0, 0, 2, 10,  0,   0, 1,    2, 0, 0,
-                                    4,  127,  0, 0, 1,  0, 6, 0x41, 3, 0, 0, 0x31, 4 } ) ),
+   EXPECT_EQ( elementsOf( tlv( 2, { 5, 0xdc, 1,   0, 10, 0, 0, 2, 10,   0, 0, 1, 2,    0,
+                                    0, 4,    127, 0, 0,  1, 0, 6, 0x41, 3, 0, 0, 0x31, 4 } ) ),
               "   DownstreamMappingIpv4Tlv( mtu: 1500, addrType: 1, dsFlags: 0, dsIpAddr: "
               "'10.0.0.2', dsIntfAddr: '10.0.0.1', multipathType: 2, depthLimit: 0, "
               "multipathLength: 4 )\n"
@@ -135,10 +135,11 @@ TEST( Elements, showTheOldMappingWithItsLabels ) {
 }
 
 TEST( Elements, showTheStackThatARequestCameWith ) {
-   EXPECT_EQ( elementsOf( tlv( 7, { 2, 0, 0, 0, 10, 0, 0, 1, 0, 0, 1, 0, 0x18, 0x96, 0x0f, 0xff } ) ),
-              "   IntfAndLabelStackIpv4UnnumberedTlv( addrType: 2, mbz0: 0, mbz1: 0, addr: "
-              "'10.0.0.1', intfId: 256 )\n"
-              "      Label( 100704, TC: 7, S: 1, TTL: 255 )\n" );
+   EXPECT_EQ(
+      elementsOf( tlv( 7, { 2, 0, 0, 0, 10, 0, 0, 1, 0, 0, 1, 0, 0x18, 0x96, 0x0f, 0xff } ) ),
+      "   IntfAndLabelStackIpv4UnnumberedTlv( addrType: 2, mbz0: 0, mbz1: 0, addr: "
+      "'10.0.0.1', intfId: 256 )\n"
+      "      Label( 100704, TC: 7, S: 1, TTL: 255 )\n" );
 }
 
 TEST( Elements, showMultipointFecsWithTheirOpaqueValue ) {
@@ -147,8 +148,8 @@ TEST( Elements, showMultipointFecsWithTheirOpaqueValue ) {
               "   TargetFecStack\n"
               "      P2mpFecStackSubTlv( RootAddr: '10.0.0.1' )\n"
               "         OpaqueValGenSubTlv( lspId: 7 )\n" );
-   EXPECT_EQ( elementsOf( tlv( 1, tlv( 19, root + word( 11 ) +
-                                              Bytes{ 3, 0, 8, 10, 0, 0, 5, 232, 0, 0, 1 } ) ) ),
+   EXPECT_EQ( elementsOf( tlv(
+                 1, tlv( 19, root + word( 11 ) + Bytes{ 3, 0, 8, 10, 0, 0, 5, 232, 0, 0, 1 } ) ) ),
               "   TargetFecStack\n"
               "      P2mpFecStackSubTlv( RootAddr: '10.0.0.1' )\n"
               "         OpaqueValSGSubTlv( SourceAddr: '10.0.0.5' GroupAddr: '232.0.0.1' )\n" );
@@ -168,8 +169,42 @@ TEST( Elements, showSubTlvsOfOurVendorOnly ) {
               "   VeloraVendorPrivate()\n"
               "      MultiLabel( LookupLabelCount: 2, Flags: 32768 )\n" );
    EXPECT_EQ( elementsOf( tlv( 65261, { 0, 0, 0, 9, 1, 2 } ) ),
-              "   Invalid Velora Vendor Private TLV( Code: 65261, Length: 6, Bytes: "
-              "feed0006000000090102 )\n" );
+              "   Invalid Velora Vendor Private TLV\n"
+              "      Bytes( feed0006000000090102 )\n" );
+}
+
+// The generalized FEC is read as far as its length says: never beyond the bytes that are there.
+TEST( Elements, showPseudowires ) {
+   EXPECT_EQ( elementsOf( tlv( 1, tlv( 10, { 10, 0, 0, 1, 10, 0, 0, 2, 0, 0, 0, 7, 0, 5 } ) ) ),
+              "   TargetFecStack\n"
+              "      Fec128Ipv4:\tsender(10.0.0.1),\treceiver(10.0.0.2),\tpwId(7),\tpwType(5)\n" );
+   Bytes const value{ 10, 0, 0, 1, 10, 0, 0, 2, 0, 5, 1, 0, 1, 4, 0, 0, 0, 1, 1, 0 };
+   std::string const whole = elementsOf( tlv( 1, tlv( 11, value ) ) );
+   EXPECT_THAT( whole,
+                testing::StartsWith( "   TargetFecStack\n      Fec129Ipv4:\tsender(10.0.0.1),"
+                                     "\treceiver(10.0.0.2),\tpwType(5),\tpwGenId(" ) );
+   EXPECT_EQ( std::count( whole.begin(), whole.end(), '\n' ), 2 );
+   Bytes const cut( value.begin(), value.end() - 4 );
+   EXPECT_EQ( elementsOf( tlv( 1, raw( 11, 20, cut ) ) ),
+              "   TargetFecStack\n"
+              "      FEC129Pseudowire( Code: 11, Length: 20, Bytes: "
+              "000b00140a0000010a0000020005010001040000 )\n"
+              "   ! offset 36: FEC129Pseudowire: length 20 needs 24 bytes, had 20\n" );
+}
+
+TEST( Elements, takeTheFamilyOfAMappingForItsMultipathInformation ) {
+   Bytes const v6{ 0x20, 1, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1 };
+   Bytes const six = tlv( 1, Bytes{ 2 } + word( 16 ) + Bytes{ 0 } + v6 );
+   Bytes const four = tlv( 1, Bytes{ 2 } + word( 16 ) + Bytes{ 0 } +
+                                 Bytes{ 127, 0, 0, 1, 127, 0, 0, 2, 127, 0, 0, 3, 127, 0, 0, 4 } );
+   EXPECT_EQ( elementsOf( tlv( 20, Bytes{ 5, 0xdc, 4, 0 } + v6 + Bytes{ 0, 0, 0, 7, 8, 1 } +
+                                      word( six.size() + four.size() ) + six + four ) ),
+              "   DDMAPV6UnnumberedTlv( Downstream Address: '2001:db8::1', Downstream Interface "
+              "Index: 7, RetCode: 8, RetSubCode: 1 )\n"
+              "      MultipathSubTlv( multipathType: 2, multipathLength: 16, mbz: 0 )\n"
+              "         Multipath( ipMultipath: 2001:db8::1 )\n"
+              "      MultipathSubTlv( multipathType: 2, multipathLength: 16, mbz: 0 )\n"
+              "         Multipath( ipMultipath: 127.0.0.1, 127.0.0.2, 127.0.0.3, 127.0.0.4 )\n" );
 }
 
 } // namespace

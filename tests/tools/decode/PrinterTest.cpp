@@ -62,9 +62,8 @@ TEST( TextPrinter, colours ) {
    LspPingTool::Message message;
    LspPingTool::walk( {}, 0, message );
    printer.print( packet, message );
-   EXPECT_EQ( printer.pending(),
-              "\033[1m0 no LspPingHdr( Bytes:  )\033[0m\n"
-              "   \033[31m! offset 0: header: needed 32 bytes, had 0\033[0m\n" );
+   EXPECT_EQ( printer.pending(), "\033[1m0 no LspPingHdr( Bytes:  )\033[0m\n"
+                                 "   \033[31m! offset 0: header: needed 32 bytes, had 0\033[0m\n" );
 }
 
 std::string const headerText =
@@ -110,8 +109,8 @@ TEST( JsonPrinter, printsWhatIsNotThereAsNull ) {
 TEST( JsonPrinter, printsTheLabelsAndAddressesOfAReply ) {
    Bytes reply = request;
    reply[4] = 2;
-   Bytes const subTlvs = tlv( 1, { 8, 0, 8, 0, 127, 2, 1, 0, 0x87, 0xff, 0x0f, 0xfc } ) +
-                         tlv( 2, { 0, 6, 0x41, 3 } );
+   Bytes const subTlvs =
+      tlv( 1, { 8, 0, 8, 0, 127, 2, 1, 0, 0x87, 0xff, 0x0f, 0xfc } ) + tlv( 2, { 0, 6, 0x41, 3 } );
    std::string const line =
       Decoded( reply + tlv( 20, Bytes{ 5, 0xdc, 1, 0, 10, 0, 0, 2, 10, 0, 0, 1, 8, 1 } +
                                    word( subTlvs.size() ) + subTlvs ) )
@@ -137,6 +136,23 @@ TEST( JsonPrinter, printsTheLabelsAndAddressesOfAReply ) {
       R"x("labels":[{"label":100,"tc":0,"bos":true,"protocol":"dsInfoSignalingProtocolLdp"}]}]}],)x"
       R"x("problems":[]})x"
       "\n" );
+}
+
+// Every character that has an escape, at every place within and behind the first eight bytes.
+TEST( JsonWriter, escapesWhatJsonAsksFor ) {
+   for( int code = 0; code < 256; ++code ) {
+      for( std::size_t place = 0; place < 11; ++place ) {
+         std::string text = "abcdefghijk";
+         text[place] = static_cast< char >( code );
+         rapidjson::StringBuffer expected;
+         rapidjson::Writer< rapidjson::StringBuffer >( expected )
+            .String( text.data(), static_cast< rapidjson::SizeType >( text.size() ) );
+         rapidjson::StringBuffer written;
+         LspPingTool::JsonWriter writer( written );
+         LspPingTool::writeString( writer, text );
+         EXPECT_EQ( std::string( written.GetString() ), expected.GetString() ) << code;
+      }
+   }
 }
 
 } // namespace

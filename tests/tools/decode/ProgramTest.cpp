@@ -81,8 +81,9 @@ TEST_F( Program, decodesStandardInput ) {
 }
 
 TEST_F( Program, printsAnObjectALine ) {
-   EXPECT_EQ( run( "printf '" + requestHex + "\\n" + requestHex + "\\n' | "
-                                                                   "$lspping decode --hex --json -" ),
+   EXPECT_EQ( run( "printf '" + requestHex + "\\n" + requestHex +
+                   "\\n' | "
+                   "$lspping decode --hex --json -" ),
               0 );
    EXPECT_EQ( std::count( out().begin(), out().end(), '\n' ), 2 );
    EXPECT_THAT( out(), testing::StartsWith( R"({"packet":1,"time":null,)" ) );
@@ -180,8 +181,7 @@ class Captures : public Program {
  protected:
    void expectMessages( std::string const & name, std::ptrdiff_t count ) {
       std::string const path = LSPPING_CAPTURES "/" + name;
-      if( !std::ifstream( path ) )
-         GTEST_SKIP() << path << " is not there";
+
       ASSERT_EQ( run( "$lspping decode --json '" + path + "'" ), 0 );
       EXPECT_EQ( err(), "" );
       EXPECT_EQ( std::count( out().begin(), out().end(), '\n' ), count );

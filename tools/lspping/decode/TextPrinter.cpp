@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/framing/LspPingHdr.h"
 #include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 #include "tools/lspping/decode/Pieces.h"
 
 namespace LspPingTool {
@@ -43,6 +44,8 @@ void TextPrinter::print( EchoPacket const & packet, Message const & message ) {
    messageLine( packet, message );
    for( Element const & element : message.elements )
       elementLine( message, element );
+   if( hasRecords_ )
+      recordLines( message );
    for( Problem const & problem : packet.problems )
       problemLine( problem );
    for( Problem const & problem : message.problems )
@@ -109,29 +112,34 @@ void TextPrinter::endpoint( std::span< U8 const > address, std::optional< U16 > 
 
 void TextPrinter::elementLine( Message const & message, Element const & element ) {
    indent( element.depth + 1u );
-   bool nameTold = false;
    if( element.isViewed ) {
       std::size_t const before = out_.size();
       appendViewText( out_, message, element );
-      nameTold = out_.size() != before;
-      if( !nameTold ) {
+      // A few views have no words for an invalid element.
+      if( out_.size() == before ) {
          out_.append( "Invalid " );
          appendWithoutNamespace( out_, Kiv::TypeRef( element.row->view->id ).name() );
-         nameTold = true;
       }
-   }
-   if( !nameTold )
+      out_.append( '\n' );
+      if( showsBytes( element ) ) {
+         indent( element.depth + 2u );
+         out_.append( "Bytes( " );
+         appendBytes( out_, message.bytesOf( element ) );
+         out_.append( " )\n" );
+      }
+   } else {
       appendCodeName( out_, element.context, element.code );
-   if( showsBytes( element ) ) {
-      out_.append( "( Code: " );
-      out_.appendDecimal( element.code );
-      out_.append( ", Length: " );
-      out_.appendDecimal( element.length );
-      out_.append( ", Bytes: " );
-      appendBytes( out_, message.bytesOf( element ) );
-      out_.append( " )" );
+      if( showsBytes( element ) ) {
+         out_.append( "( Code: " );
+         out_.appendDecimal( element.code );
+         out_.append( ", Length: " );
+         out_.appendDecimal( element.length );
+         out_.append( ", Bytes: " );
+         appendBytes( out_, message.bytesOf( element ) );
+         out_.append( " )" );
+      }
+      out_.append( '\n' );
    }
-   out_.append( '\n' );
    if( element.hasMultipath )
       multipathLine( message, element );
    if( element.hasLabels )
@@ -161,7 +169,8 @@ void TextPrinter::multipathLine( Message const & message, Element const & elemen
 
 void TextPrinter::labelLines( Message const & message, Element const & element ) {
    for( U32 i = 0; i < element.labelCount; ++i ) {
-      Label const label = labelAt( message.bytes.data() + element.labelsOffset + 4 * i );
+      Label const label =
+         labelAt( message.bytes.data() + element.labelsOffset + std::size_t{ 4 } * i );
       indent( element.depth + 2u );
       out_.append( "Label( " );
       out_.appendDecimal( label.label );
@@ -177,6 +186,22 @@ void TextPrinter::labelLines( Message const & message, Element const & element )
       }
       out_.append( " )\n" );
    }
+}
+
+// Each in its generic text, which begins with its type.
+void TextPrinter::recordLines( Message const & message ) {
+   auto const line = [this]< class Record >( std::optional< Record > const & record ) {
+      if( !record )
+         return;
+      indent( 1 );
+      KivOrlo::appendValue( out_, Kiv::typeOf< Record >(), &*record );
+      out_.append( '\n' );
+   };
+   EchoRecords::Records const records = recordsOf( message );
+   line( records.fecStack );
+   line( records.downstreamMappings );
+   line( records.intfAndLabelStack );
+   line( records.pad );
 }
 
 void TextPrinter::problemLine( Problem const & problem ) {

@@ -92,6 +92,8 @@ class Walk {
    std::span< U8 const > bytes_;
    U32 padding_;
    Message & message_;
+   // Of the mapping that the walk is in, or was in last.
+   bool mappingIsIpv6_ = false;
 };
 
 void Walk::message() {
@@ -329,6 +331,7 @@ void Walk::body( std::size_t index, U8 depth ) {
       return;
    }
    case Body::mappingLabels: {
+      mappingIsIpv6_ = byte( element.offset + 6 ) == 3 || byte( element.offset + 6 ) == 4;
       U32 const end = multipath( element, region, byte( begin - 4 ), word( begin - 2 ) );
       labels( element, { end, region.end } );
       return;
@@ -361,15 +364,8 @@ void Walk::ddmapSubTlvs( std::size_t index, Region region ) {
       leftOver( element, { region.begin + length, region.end } );
       region.end = region.begin + length;
    }
-   // Multipath information is of the mapping's family, which its elements cannot know.
-   std::size_t const first = message_.elements.size();
+   mappingIsIpv6_ = byte( offset + 6 ) == 3 || byte( offset + 6 ) == 4;
    elements( Context::ddmap, region, depth );
-   bool const isIpv6 = byte( offset + 6 ) == 3 || byte( offset + 6 ) == 4;
-   for( std::size_t i = first; isIpv6 && i < message_.elements.size(); ++i ) {
-      Element & sub = message_.elements[i];
-      if( sub.hasMultipath && sub.multipathLength >= 16 && byte( sub.multipathOffset ) != 127 )
-         sub.multipathIsIpv6 = true;
-   }
 }
 
 // One FEC, and perhaps the TLV of the whole stack around it: the RFC uses the word for both.
@@ -426,10 +422,13 @@ U32 Walk::multipath( Element & element, Region region, U32 type, U32 length ) {
    element.multipathType = static_cast< U8 >( type );
    element.multipathOffset = region.begin;
    element.multipathLength = length;
-   // RFC 8029 section 3.4.1.1.1: in IPv6 they are IPv4-mapped addresses.
+   // RFC 8029 section 3.4.1.1.1: in IPv6 they are IPv4-mapped, in IPv4 of 127/8, and it is not
+   // said that the family is the mapping's own.
    auto const info = bytes_.subspan( region.begin, length );
    element.multipathIsIpv6 =
-      length >= 16 && allZero( info.first( 10 ) ) && word( region.begin + 10 ) == 0xffff;
+      length >= 16 && type != 9 &&
+      ( ( allZero( info.first( 10 ) ) && word( region.begin + 10 ) == 0xffff ) ||
+        ( mappingIsIpv6_ && info[0] != 127 ) );
    U32 const address = element.multipathIsIpv6 ? 16 : 4;
    U32 const unit = type == 2 ? address : type == 4 ? 2 * address : 4;
    bool const hasMask = type == 8 || type == 9;

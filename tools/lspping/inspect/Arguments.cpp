@@ -115,14 +115,21 @@ std::vector< WriteGiven > writesGiven( std::vector< std::string > const & argume
 
 std::vector< std::string > argumentsOf( std::string_view line ) {
    std::vector< std::string > arguments;
+   auto const add = [&arguments]( std::string && argument ) {
+      if( argument.empty() )
+         return;
+      if( arguments.size() < 2 || writeGiven( argument ) )
+         arguments.push_back( std::move( argument ) );
+      else
+         arguments.back().append( " " ).append( argument );
+   };
    std::string argument;
    unsigned depth = 0;
    bool quoted = false;
    for( std::size_t i = 0; i < line.size(); ++i ) {
       char const c = line[i];
       if( !quoted && depth == 0 && isBlank( c ) ) {
-         if( !argument.empty() )
-            arguments.push_back( std::move( argument ) );
+         add( std::move( argument ) );
          argument.clear();
          continue;
       }
@@ -136,8 +143,7 @@ std::vector< std::string > argumentsOf( std::string_view line ) {
       else if( !quoted && depth > 0 && ( c == ')' || c == '}' ) )
          --depth;
    }
-   if( !argument.empty() )
-      arguments.push_back( std::move( argument ) );
+   add( std::move( argument ) );
    return arguments;
 }
 

@@ -48,7 +48,8 @@ std::vector< WriteGiven > writesGiven( std::vector< std::string > const & argume
                                        std::size_t first );
 
 /// The arguments on a line: separated by blanks, except for those in double quotes, parentheses and
-/// braces. Quotes are kept.
+/// braces. Quotes are kept. From the third on, what is no NAME=VALUE belongs to the argument before
+/// it, for values whose text has blanks.
 std::vector< std::string > argumentsOf( std::string_view line );
 
 } // namespace LspPingTool

@@ -1,17 +1,12 @@
 #include "tools/lspping/inspect/Output.h"
 
+#include "tools/lspping/ExitStatus.h"
+
 #include <cstdlib>
 
 namespace LspPingTool {
 
 namespace {
-
-enum ExitCode {
-   done = 0,
-   malformed = 1,
-   wrongUsage = 2,
-   fileFailed = 3
-};
 
 // Reads a line without its end. False at the end of the file, or when it failed.
 class LineReader {
@@ -51,7 +46,7 @@ std::string errorLine( std::string problem ) {
 }
 
 int answerLines( std::FILE * in, std::FILE * out, std::FILE * err, Answer const & answer ) {
-   int code = done;
+   int code = exitDone;
    LineReader reader( in );
    while( reader.next() ) {
       std::string text;
@@ -59,15 +54,15 @@ int answerLines( std::FILE * in, std::FILE * out, std::FILE * err, Answer const 
          text = answer( argumentsOf( reader.line() ), true );
       } catch( std::exception const & e ) {
          text = errorLine( e.what() );
-         code = malformed;
+         code = exitMalformedInput;
       }
       // Whoever sends lines one by one waits for the answers one by one.
       if( !put( out, text ) || std::fflush( out ) != 0 )
-         return fileFailed;
+         return exitFileFailed;
    }
    if( std::ferror( in ) != 0 ) {
       static_cast< void >( put( err, "lspping: standard input cannot be read\n" ) );
-      return fileFailed;
+      return exitFileFailed;
    }
    return code;
 }
@@ -126,11 +121,11 @@ int answerAll( ObjectOptions const & options, std::FILE * in, std::FILE * out, s
    };
    try {
       std::string const text = answer( options.arguments, options.json );
-      return put( out, text ) ? done : fileFailed;
+      return put( out, text ) ? exitDone : exitFileFailed;
    } catch( UsageError const & e ) {
-      return failed( e, wrongUsage );
+      return failed( e, exitWrongUsage );
    } catch( std::exception const & e ) {
-      return failed( e, malformed );
+      return failed( e, exitMalformedInput );
    }
 }
 

@@ -1,8 +1,12 @@
 #include "tools/lspping/inspect/Subject.h"
 
+#include "MplsUtils/LspPing/framing/LspPingParsers.h"
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
+#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
+#include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
 #include "tools/lspping/inspect/Arguments.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -20,6 +24,15 @@ void needBytes( std::string_view name, std::size_t needed, std::size_t had ) {
                         " bytes, there are " + std::to_string( had ) );
 }
 
+// The bytes that the Pad TLV's parser reads: header and pad type, and as many as the length tells.
+std::size_t padBytes( std::span< U8 const > element ) {
+   std::size_t const shortest = 5;
+   if( element.size() < shortest )
+      return shortest;
+   auto const length = static_cast< std::size_t >( element[2] << 8 | element[3] );
+   return std::max( shortest, 4 + length );
+}
+
 } // namespace
 
 Subject::Subject( Kiv::TypeRef type, std::span< U8 const > bytes, U32 offset )
@@ -33,7 +46,11 @@ Subject::Subject( Kiv::TypeRef type, std::span< U8 const > bytes, U32 offset )
       needBytes( type.name(), type.record().size, bytes_.size() - offset );
       object_ = bytes_.data() + offset;
    } else if( type.operations().create != nullptr ) {
-      parserIs();
+      parserIs( type );
+   } else if( type == Kiv::typeOf< LspPing::LspPingPadTlv >() ) {
+      // The one element that is copied out of the packet, which its parser does.
+      parserIs( Kiv::typeOf< LspPing::LspPingPadTlvParser >() );
+      object_ = pad_.get();
    } else if( type.operations().createEmpty != nullptr ) {
       containerIs();
    } else {
@@ -55,11 +72,17 @@ void Subject::packetIs( std::span< U8 const > bytes ) {
    bytes_ = { pkt_->data(), bytes.size() };
 }
 
-void Subject::parserIs() {
-   Kiv::TypeRef const view = Kiv::attributeNamed( type_, "header" ).attribute->type();
-   needBytes( type_.name(), view.record().size, bytes_.size() - offset_ );
-   node_ = type_.operations().create( pkt_, offset_ );
+void Subject::parserIs( Kiv::TypeRef parser ) {
+   std::span< U8 const > const element = bytes_.subspan( offset_ );
+   bool const isPad = parser == Kiv::typeOf< LspPing::LspPingPadTlvParser >();
+   Kiv::FoundAttribute const header = Kiv::attributeNamed( parser, "header" );
+   KIV_ASSERT( header ); // every parser has one
+   needBytes( parser.name(), isPad ? padBytes( element ) : header.attribute->type().record().size,
+              element.size() );
+   node_ = parser.operations().create( pkt_, offset_ );
    object_ = node_.get();
+   if( isPad )
+      pad_.reset( Kiv::read< LspPing::LspPingPadTlv * >( *node_, "header" ) );
 }
 
 void Subject::containerIs() {

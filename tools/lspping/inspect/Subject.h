@@ -8,6 +8,10 @@
 #include <memory>
 #include <span>
 
+namespace LspPing {
+class LspPingPadTlv;
+}
+
 namespace LspPingTool {
 
 /// A view, parser or container over bytes. The element begins at an odd address, as elements in
@@ -23,12 +27,14 @@ class Subject {
 
    Kiv::TypeRef type() const noexcept { return type_; }
    void * object() const noexcept { return object_; }
+   /// Bytes from the element's first one on.
+   std::size_t room() const noexcept { return bytes_.size() - offset_; }
    /// All bytes, as the writes have left them.
    std::span< U8 const > bytes() const noexcept { return bytes_; }
 
  private:
    void packetIs( std::span< U8 const > bytes );
-   void parserIs();
+   void parserIs( Kiv::TypeRef parser );
    void containerIs();
 
    // More than any view reads behind its fixed part, which says of itself how long it is.
@@ -39,6 +45,7 @@ class Subject {
    Orlo::Ptr< Velnet::Pkt > pkt_;
    std::span< U8 > bytes_;
    Orlo::Ptr< Orlo::Node > node_;
+   std::unique_ptr< LspPing::LspPingPadTlv > pad_; ///< what the Pad TLV's parser leaves to its user
    void * object_ = nullptr;
 };
 

@@ -1,4 +1,5 @@
 #include "MplsUtils/LspPing/platform/Kiv/Collections.h"
+#include "tools/lspping/ExitStatus.h"
 #include "tools/lspping/inspect/Commands.h"
 #include "tools/lspping/inspect/Output.h"
 #include "tools/lspping/inspect/Registry.h"
@@ -36,19 +37,6 @@ void writeAttributeRow( JsonWriter & json, Kiv::Attribute const & attribute ) {
    writeNamed( json, "writable", attribute.writable() );
    writeNamed( json, "callable", attribute.callable() );
    writeNamed( json, "collection", attribute.collection() );
-   if( attribute.callable() ) {
-      writeKey( json, "arguments" );
-      json.StartArray();
-      for( ArgumentShown const & argument : argumentsShown( attribute ) ) {
-         json.StartObject();
-         writeNamed( json, "name", argument.name );
-         writeNamed( json, "type", typeText( argument.type ) );
-         json.EndObject();
-      }
-      json.EndArray();
-   }
-   if( attribute.collection() )
-      writeTypeName( json, "key", attribute.collectionRecord->keyType );
    json.EndObject();
 }
 
@@ -166,10 +154,10 @@ int runTypes( TypesOptions const & options, std::FILE * out, std::FILE * err ) {
          text = registryMarkdown( modules );
       else
          text = registryText( modules, !options.name.empty() );
-      return put( out, text ) ? 0 : 3;
+      return put( out, text ) ? exitDone : exitFileFailed;
    } catch( UsageError const & e ) {
       static_cast< void >( put( err, "lspping: " + std::string( e.what() ) + '\n' ) );
-      return 2;
+      return exitWrongUsage;
    }
 }
 

@@ -3,6 +3,7 @@
 #include "tools/lspping/inspect/Commands.h"
 #include "tools/lspping/inspect/Output.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace LspPingTool {
@@ -34,7 +35,8 @@ std::string answerValue( std::vector< std::string > const & arguments, bool json
    Kiv::Instance value( type );
    if( hasText )
       valueFromText( type, arguments[1], value.object(), std::string( type.name() ) );
-   std::vector< WriteDone > const done = applyWrites( type, value.object(), writes );
+   std::vector< WriteDone > const done =
+      applyWrites( type, value.object(), type.record().size, writes );
 
    Orlo::String const text = KivOrlo::valueToStrep( type, value.object() );
    std::optional< bool > const set = isSet( type, value.object() );
@@ -52,7 +54,10 @@ std::string answerValue( std::vector< std::string > const & arguments, bool json
                    line.Bool( *set );
                 else
                    line.Null();
-                if( !done.empty() )
+                // The form has no place for writes that were done; one that was refused is told.
+                if( std::any_of( done.begin(), done.end(), []( WriteDone const & write ) {
+                       return write.outcome != Kiv::Outcome::done;
+                    } ) )
                    writeOutcomes( line, done );
                 line.EndObject();
              } ) +

@@ -18,7 +18,8 @@ std::string answerView( std::vector< std::string > const & arguments, bool json 
    Kiv::TypeRef const type = typeGiven( name );
    std::vector< WriteGiven > const writes = writesGiven( arguments, 2 );
    Subject const subject( type, bytesGiven( arguments[1] ), offset );
-   std::vector< WriteDone > const done = applyWrites( type, subject.object(), writes );
+   std::vector< WriteDone > const done =
+      applyWrites( type, subject.object(), subject.room(), writes );
 
    if( json )
       return jsonLine( [&]( JsonWriter & line ) {

@@ -1,8 +1,11 @@
 #include "tools/lspping/inspect/Writes.h"
 
+#include "MplsUtils/LspPing/fec/LspPingPseudowireFec.h"
 #include "MplsUtils/LspPing/platform/Kiv/Instance.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
+
+#include <algorithm>
 
 namespace LspPingTool {
 
@@ -14,14 +17,35 @@ constexpr U32 highestKey = 65535;
 bool holdsCollection( Kiv::TypeRef type ) {
    if( type.operations().appendText != nullptr )
       return false;
-   for( Kiv::Attribute const & attribute : type.attributes() ) {
-      if( attribute.stored() && ( attribute.collection() || holdsCollection( attribute.type() ) ) )
-         return true;
-   }
-   return false;
+   return std::ranges::any_of( type.attributes(), []( Kiv::Attribute const & attribute ) {
+      return attribute.stored() &&
+             ( attribute.collection() || holdsCollection( attribute.type() ) );
+   } );
 }
 
-Kiv::Outcome applyWrite( Kiv::TypeRef type, void * object, WriteGiven const & write ) {
+// The one field that lies behind its view's own bytes. Its setter takes it for a mistake of the
+// program's when the view's length leaves no room for it.
+void checkRoom( Kiv::TypeRef type, void const * object, std::size_t room, WriteGiven const & write,
+                void const * value ) {
+   using LspPing::LspPingFec129Ipv4SubTlv;
+   if( type != Kiv::typeOf< LspPingFec129Ipv4SubTlv >() || write.name != "pwGenId" )
+      return;
+   auto const & id = *static_cast< Pseudowire::PseudowireGenId const * >( value );
+   std::size_t needed = LspPingFec129Ipv4SubTlv::minTlvLength;
+   for( U32 const length : { id.agi().length(), id.saii().length(), id.taii().length() } ) {
+      if( length > 8 )
+         throw InputError( write.name + " \"" + write.value + "\": an identifier has 8 bytes" );
+      needed += length;
+   }
+   needed = ( needed + 3 ) & ~std::size_t{ 3 };
+   U16 const length = static_cast< LspPingFec129Ipv4SubTlv const * >( object )->length();
+   if( length < needed || room < sizeof( LspPing::LspPingTlvHdr ) + needed )
+      throw InputError( write.name + " \"" + write.value + "\": needs " + std::to_string( needed ) +
+                        " bytes of value, the length is " + std::to_string( length ) );
+}
+
+Kiv::Outcome applyWrite( Kiv::TypeRef type, void * object, std::size_t room,
+                         WriteGiven const & write ) {
    Kiv::FoundAttribute const found = Kiv::attributeNamed( type, write.name );
    if( !found )
       return Kiv::Outcome::noSuchAttribute;
@@ -44,6 +68,7 @@ Kiv::Outcome applyWrite( Kiv::TypeRef type, void * object, WriteGiven const & wr
    }
    Kiv::Instance value( attribute.type() );
    valueFromText( attribute.type(), write.value, value.object(), write.target() );
+   checkRoom( type, object, room, write, value.object() );
    if( !attribute.collection() )
       return access( value.object() );
    if( *write.key > highestKey )
@@ -74,12 +99,12 @@ void valueFromText( Kiv::TypeRef type, std::string_view text, void * value,
    }
 }
 
-std::vector< WriteDone > applyWrites( Kiv::TypeRef type, void * object,
+std::vector< WriteDone > applyWrites( Kiv::TypeRef type, void * object, std::size_t room,
                                       std::vector< WriteGiven > const & writes ) {
    std::vector< WriteDone > done;
    done.reserve( writes.size() );
    for( WriteGiven const & write : writes )
-      done.push_back( { write.target(), applyWrite( type, object, write ) } );
+      done.push_back( { write.target(), applyWrite( type, object, room, write ) } );
    return done;
 }
 

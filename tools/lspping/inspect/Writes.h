@@ -24,8 +24,11 @@ void valueFromText( Kiv::TypeRef type, std::string_view text, void * value,
                     std::string const & subject );
 
 /// Writes in order through the generic attribute access. Raises InputError for a value that is none
-/// of the attribute's type, naming both; the writes before it are done.
-std::vector< WriteDone > applyWrites( Kiv::TypeRef type, void * object,
+/// of the attribute's type or that the object has no room for, naming attribute and value; the
+/// writes before it are done.
+///
+/// \param room  Bytes from the object's first one on, for objects that are laid over bytes.
+std::vector< WriteDone > applyWrites( Kiv::TypeRef type, void * object, std::size_t room,
                                       std::vector< WriteGiven > const & writes );
 
 /// `"writes":[{"name":…,"outcome":0}]`

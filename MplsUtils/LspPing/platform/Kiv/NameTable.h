@@ -19,7 +19,8 @@ constexpr U64 nameWord( char const * bytes ) noexcept {
       for( std::size_t i = 0; i < sizeof word; ++i ) {
          std::size_t const place =
             std::endian::native == std::endian::little ? i : sizeof word - 1 - i;
-         word |= Word{ static_cast< U8 >( bytes[i] ) } << ( 8 * place );
+         word =
+            static_cast< Word >( word | Word{ static_cast< U8 >( bytes[i] ) } << ( 8 * place ) );
       }
    } else {
       std::memcpy( &word, bytes, sizeof word );
