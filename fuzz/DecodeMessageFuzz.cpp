@@ -51,11 +51,12 @@ extern "C" int LLVMFuzzerTestOneInput( U8 const * data, std::size_t size ) {
       std::abort();
 
    LspPingTool::EchoPacket packet;
-   LspPingTool::TextPrinter text( LspPingTool::TextPrinter::Colour::off );
+   LspPingTool::TextPrinter text( LspPingTool::TextPrinter::Colour::off,
+                                  LspPingTool::ShowRecords::yes );
    text.print( packet, message );
    if( text.pending().empty() || text.pending().back() != '\n' )
       std::abort();
-   LspPingTool::JsonPrinter json;
+   LspPingTool::JsonPrinter json( LspPingTool::ShowRecords::yes );
    json.print( packet, message );
    std::string const line( json.pending() );
    rapidjson::StringStream stream( line.c_str() );
