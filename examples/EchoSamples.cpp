@@ -576,13 +576,14 @@ class Capture {
    /// As a request leaves its router: the destination is a loopback address, the transit routers
    /// see labels only.
    void requestIs( MessageBuilder const & message ) {
-      Bytes const packet =
-         ipv4( sender, loopback, senderPort, echoPort, RouterAlert::yes, message.bytes() );
+      Bytes const packet = ipv4( sender, loopback, senderPort, echoPort, RouterAlert::yes,
+                                 requestTtl, message.bytes() );
       add( EtherType::mpls, {}, mpls( { { 100704, 2 } }, packet ) );
    }
    void replyIs( MessageBuilder const & message ) {
       add( EtherType::ipv4, {},
-           ipv4( responder, sender, echoPort, senderPort, RouterAlert::no, message.bytes() ) );
+           ipv4( responder, sender, echoPort, senderPort, RouterAlert::no, replyTtl,
+                 message.bytes() ) );
    }
    void add( EtherType type, std::initializer_list< U16 > vlans, Bytes const & packet ) {
       Frame frame{ ethernet( type, vlans, packet ), 0 };
@@ -597,7 +598,7 @@ void addOtherEncapsulations( Capture & capture ) {
    MessageBuilder message = request( 70 );
    withLdpTarget( message );
    Bytes const packet =
-      ipv4( sender, loopback, senderPort, echoPort, RouterAlert::no, message.bytes() );
+      ipv4( sender, loopback, senderPort, echoPort, RouterAlert::yes, requestTtl, message.bytes() );
    capture.add( EtherType::ipv4, {}, packet );
    capture.add( EtherType::ipv4, { 100 }, packet );
    capture.add( EtherType::mpls, { 100, 200 },
