@@ -37,6 +37,7 @@ endif()
 # Types stay registered while the process runs, so a library that was loaded is never unmapped.
 target_link_options( LspPingHardening INTERFACE
    LINKER:-z,relro,-z,now,-z,nodelete LINKER:-z,pack-relative-relocs LINKER:--as-needed
+   LINKER:-Bsymbolic-functions
    LINKER:--version-script=${CMAKE_CURRENT_LIST_DIR}/foreignSymbols.map )
 
 if( NOT LSPPING_SANITIZE STREQUAL "" )

@@ -248,7 +248,7 @@ std::vector< Frame > malformedSamples() {
                                  opaqueValueTooLong,
                                  padCut } )
       frames.push_back( frameOf( malformed() ) );
-   for( std::size_t const count : { 4, 20, 44 } )
+   for( std::size_t const count : { 4u, 20u, 44u } )
       frames.push_back( cutByCapture( count ) );
    return frames;
 }

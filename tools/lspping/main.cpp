@@ -2,8 +2,12 @@
 #include "tools/lspping/commands/Commands.h"
 
 #include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
 
-int main( int argc, char ** argv ) {
+namespace {
+
+int run( int argc, char ** argv ) {
    CLI::App app( "Reads, checks and shows MPLS echo messages (RFC 8029)", "lspping" );
    app.require_subcommand( 1 );
    app.footer( "Exit status: 0 done, 1 malformed input was met, 2 wrong usage, 3 a file failed." );
@@ -19,4 +23,15 @@ int main( int argc, char ** argv ) {
       return app.exit( error ) == 0 ? LspPingTool::exitDone : LspPingTool::exitWrongUsage;
    }
    return status;
+}
+
+} // namespace
+
+int main( int argc, char ** argv ) {
+   try {
+      return run( argc, argv );
+   } catch( std::exception const & error ) {
+      (void)std::fprintf( stderr, "lspping: %s\n", error.what() );
+      return LspPingTool::exitFileFailed;
+   }
 }

@@ -14,6 +14,8 @@ void addDecode( CLI::App & app, int & status ) {
    command->add_flag( "--json", options->isJson, "One JSON object a line" );
    command->add_flag( "--hex", options->isHex,
                       "The files hold hexadecimal text, one message a line" );
+   command->add_flag( "--records", options->hasRecords,
+                      "Also what an agent keeps of each message" );
    command->callback( [options, &status] { status = decode( *options ); } );
 }
 

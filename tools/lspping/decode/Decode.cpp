@@ -28,11 +28,12 @@ class Decoder {
         // On one terminal the text itself shows the problems, right below their message.
         tellsProblems_( options.isJson || !output_.isTerminal() ||
                         ::isatty( STDERR_FILENO ) != 1 ) {
+      ShowRecords const records = options.hasRecords ? ShowRecords::yes : ShowRecords::no;
       if( options.isJson ) {
-         printer_ = std::make_unique< JsonPrinter >();
+         printer_ = std::make_unique< JsonPrinter >( records );
       } else {
          printer_ = std::make_unique< TextPrinter >(
-            mayColour( output_ ) ? TextPrinter::Colour::on : TextPrinter::Colour::off );
+            mayColour( output_ ) ? TextPrinter::Colour::on : TextPrinter::Colour::off, records );
       }
    }
 
@@ -65,8 +66,8 @@ class Decoder {
       if( output_.state() == Output::State::closed )
          return exitDone;
       if( output_.state() == Output::State::failed ) {
-         std::fprintf( stderr, "lspping: standard output: %s\n",
-                       systemText( output_.failure() ).c_str() );
+         (void)std::fprintf( stderr, "lspping: standard output: %s\n",
+                             systemText( output_.failure() ).c_str() );
          return exitFileFailed;
       }
       return status_;
@@ -98,7 +99,7 @@ class Decoder {
 
    void tell( std::string const & text ) {
       progress_.hide();
-      std::fprintf( stderr, "lspping: %s\n", text.c_str() );
+      (void)std::fprintf( stderr, "lspping: %s\n", text.c_str() );
    }
 
    void flush() {

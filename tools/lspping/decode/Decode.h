@@ -10,6 +10,8 @@ struct DecodeOptions {
    bool isJson = false;
    /// The files hold hexadecimal text, one message a line.
    bool isHex = false;
+   /// With the records that an agent keeps of each message.
+   bool hasRecords = false;
 };
 
 /// Decodes the files one after the other to standard output, and tells standard error about what

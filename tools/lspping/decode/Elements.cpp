@@ -91,7 +91,8 @@ constexpr View padView{
    Kiv::typeIdOf< LspPingPadTlv >, 5, 0, true, &padValid, &padText, &padVisit
 };
 
-constexpr ElementRow bytes( Context context, U32 code, U16 valueLength, Body body = Body::none ) {
+constexpr ElementRow unviewed( Context context, U32 code, U16 valueLength,
+                               Body body = Body::none ) {
    ElementRow row{ context, static_cast< U16 >( code ), valueLength };
    row.body = body;
    row.bodyOffset = static_cast< U8 >( headerSize( context ) );
@@ -161,7 +162,7 @@ constexpr auto rows = [] {
    constexpr U32 v6Index = number( Address::ipv6Unnumbered );
    return std::to_array< ElementRow >( {
       // clang-format off
-      bytes( message, number( Tlv::TargetFecStack ), 0, Body::fecs ),
+      unviewed( message, number( Tlv::TargetFecStack ), 0, Body::fecs ),
       when( 6, v4, view< LspPingDownstreamMappingIpv4Tlv, 4 >( message, dsmap, labels ) ),
       when( 6, v4Index, view< LspPingDownstreamMappingIpv4UnnumberedTlv, 4 >( message, dsmap, labels ) ),
       when( 6, v6, view< LspPingDownstreamMappingIpv6Tlv, 4 >( message, dsmap, labels ) ),
@@ -169,21 +170,21 @@ constexpr auto rows = [] {
       nonIp( 6, 20, view< LspPingDownstreamMappingHdr, 4 >( message, dsmap, labels ) ),
       otherwise( view< LspPingDownstreamMappingHdr, 4 >( message, dsmap ) ),
       [] {
-         ElementRow row = bytes( message, number( Tlv::Pad ), 1 );
+         ElementRow row = unviewed( message, number( Tlv::Pad ), 1 );
          row.view = &padView;
          return row;
       }(),
-      bytes( message, number( Tlv::VendorEnterpriseNum ), 4 ),
+      unviewed( message, number( Tlv::VendorEnterpriseNum ), 4 ),
       when( 4, v4, view< LspPingIntfAndLabelStackIpv4Tlv, 4 >( message, intf, Body::labelStack ) ),
       when( 4, v4Index, view< LspPingIntfAndLabelStackIpv4UnnumberedTlv, 4 >( message, intf, Body::labelStack ) ),
       when( 4, v6, view< LspPingIntfAndLabelStackIpv6Tlv, 4 >( message, intf, Body::labelStack ) ),
       when( 4, v6Index, view< LspPingIntfAndLabelStackIpv6UnnumberedTlv, 4 >( message, intf, Body::labelStack ) ),
       otherwise( view< LspPingIntfAndLabelStackHdr, 4 >( message, intf ) ),
-      bytes( message, number( Tlv::ErrorTlv ), 0, Body::tlvs ),
+      unviewed( message, number( Tlv::ErrorTlv ), 0, Body::tlvs ),
       view< LspPingReplyTosTlv >( message, number( Tlv::ReplyTosByte ) ),
       // The one sub-TLV that has a view, when it is an IPv4 node address: 3 in its type's low byte.
       when( 5, 3, view< LspPingNodeAddrSubTlv >( message, number( Tlv::P2mpRespId ), Body::responderTlvs ) ),
-      bytes( message, number( Tlv::P2mpRespId ), 0, Body::responderTlvs ),
+      unviewed( message, number( Tlv::P2mpRespId ), 0, Body::responderTlvs ),
       view< LspPingEchoJitterTlv >( message, number( Tlv::EchoJitter ) ),
       when( 6, v4, view< LspPingDdmapTlv >( message, ddmap, subTlvs ) ),
       when( 6, v4Index, view< LspPingDdmapUnnumberedTlv >( message, ddmap, subTlvs ) ),
@@ -194,12 +195,12 @@ constexpr auto rows = [] {
       view< LspPingVeloraVendorPrivateTlv >( message, number( Tlv::VeloraVendorPrivate ), Body::vendorTlvs ),
 
       view< LspPingLdpIpv4SubTlv >( fec, number( Fec::LDPIpv4 ), Body::none, 5 ),
-      bytes( fec, number( Fec::LDPIpv6 ), 17 ),
+      unviewed( fec, number( Fec::LDPIpv6 ), 17 ),
       view< LspPingRsvpIpv4SubTlv >( fec, number( Fec::RSVPIpv4Lsp ) ),
-      bytes( fec, number( Fec::RSVPIpv6Lsp ), 56 ),
+      unviewed( fec, number( Fec::RSVPIpv6Lsp ), 56 ),
       view< LspPingVpnIpv4SubTlv >( fec, number( Fec::VPNIpv4 ), Body::none, 13 ),
       view< LspPingVpnIpv6SubTlv >( fec, number( Fec::VPNIpv6 ), Body::none, 25 ),
-      bytes( fec, number( Fec::L2VPNEndpoint ), 14 ),
+      unviewed( fec, number( Fec::L2VPNEndpoint ), 14 ),
       view< LspPingFec128Ipv4SubTlv >( fec, number( Fec::FEC128Pseudowire ), Body::none, 14 ),
       view< LspPingFec129Ipv4SubTlv, 0, true >( fec, number( Fec::FEC129Pseudowire ), Body::none, 16 ),
       view< LspPingBgpLuIpv4SubTlv >( fec, number( Fec::BGPLabeledIpv4 ), Body::none, 5 ),
@@ -216,16 +217,16 @@ constexpr auto rows = [] {
       view< LspPingSrIpv6SubTlv >( fec, number( Fec::SRIpv6Deprecated ), Body::none, 18 ),
 
       view< LspPingMultipathSubTlv >( mapping, number( LspPingDDMappingSubTlvType::MultipathData ), Body::multipath ),
-      bytes( mapping, number( LspPingDDMappingSubTlvType::LabelStack ), 0, Body::protocolLabels ),
+      unviewed( mapping, number( LspPingDDMappingSubTlvType::LabelStack ), 0, Body::protocolLabels ),
       when( 5, 1, view< LspPingFecStackChangeV4SubTlv >( mapping, change, changed ) ),
       when( 5, 2, view< LspPingFecStackChangeV6SubTlv >( mapping, change, changed ) ),
       when( 5, 0, view< LspPingFecStackChangeUnspecifiedSubTlv >( mapping, change, changed ) ),
       otherwise( view< LspPingFecStackChangeSubTlv >( mapping, change ) ),
 
-      bytes( responder, number( LspPingP2mpRespTlvType::EgrAddr4 ), 4 ),
-      bytes( responder, number( LspPingP2mpRespTlvType::EgrAddr6 ), 16 ),
-      bytes( responder, number( LspPingP2mpRespTlvType::NodeAddr4 ), 4 ),
-      bytes( responder, number( LspPingP2mpRespTlvType::NodeAddr6 ), 16 ),
+      unviewed( responder, number( LspPingP2mpRespTlvType::EgrAddr4 ), 4 ),
+      unviewed( responder, number( LspPingP2mpRespTlvType::EgrAddr6 ), 16 ),
+      unviewed( responder, number( LspPingP2mpRespTlvType::NodeAddr4 ), 4 ),
+      unviewed( responder, number( LspPingP2mpRespTlvType::NodeAddr6 ), 16 ),
 
       view< LspPingMultiLabelSubTlv >( Context::vendorPrivate, number( LspPingVeloraVendorPrivateType::MultiLabel ) ),
 
@@ -242,10 +243,11 @@ struct Range {
 };
 constexpr auto ranges = [] {
    std::array< Range, 6 > result{};
-   for( U8 i = 0; i < rows.size(); ++i ) {
+   static_assert( rows.size() <= 255 );
+   for( std::size_t i = 0; i < rows.size(); ++i ) {
       Range & range = result[static_cast< std::size_t >( rows[i].context )];
       if( range.end == 0 )
-         range.begin = i;
+         range.begin = static_cast< U8 >( i );
       range.end = static_cast< U8 >( i + 1 );
    }
    return result;
@@ -262,14 +264,14 @@ std::span< ElementRow const > elementRows() noexcept {
    return rows;
 }
 
-ElementRow const * elementRow( Context context, U32 code, std::span< U8 const > element ) noexcept {
+ElementRow const * elementRow( Context context, U32 code, std::span< U8 const > bytes ) noexcept {
    Range const range = ranges[static_cast< std::size_t >( context )];
    for( U32 i = range.begin; i < range.end; ++i ) {
       ElementRow const & row = rows[i];
       if( row.code != code )
          continue;
       if( row.selectorOffset == 0 ||
-          ( row.selectorOffset < element.size() && element[row.selectorOffset] == row.selector ) )
+          ( row.selectorOffset < bytes.size() && bytes[row.selectorOffset] == row.selector ) )
          return &row;
    }
    return nullptr;

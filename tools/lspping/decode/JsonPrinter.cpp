@@ -37,6 +37,10 @@ void JsonPrinter::print( EchoPacket const & packet, Message const & message ) {
    elements( message, 0, message.elements.size() );
    writeKey( json_, "problems" );
    problems( packet, message );
+   if( hasRecords_ ) {
+      writeKey( json_, "records" );
+      records( message );
+   }
    json_.EndObject();
    out_.Put( '\n' );
 }
@@ -154,7 +158,8 @@ void JsonPrinter::labels( Message const & message, Element const & element ) {
    writeKey( json_, "labels" );
    json_.StartArray();
    for( U32 i = 0; i < element.labelCount; ++i ) {
-      Label const label = labelAt( message.bytes.data() + element.labelsOffset + 4 * i );
+      Label const label =
+         labelAt( message.bytes.data() + element.labelsOffset + std::size_t{ 4 } * i );
       json_.StartObject();
       member( "label", label.label );
       member( "tc", label.trafficClass );
@@ -207,6 +212,23 @@ void JsonPrinter::multipath( Message const & message, Element const & element ) 
    } else {
       bytesMember( "hex", multipath.bytes() );
    }
+   json_.EndObject();
+}
+
+void JsonPrinter::records( Message const & message ) {
+   auto const object = [this]< class Record >( std::string_view key,
+                                               std::optional< Record > const & record ) {
+      if( !record )
+         return;
+      writeKey( json_, key );
+      writeAttributes( json_, Kiv::typeOf< Record >(), &*record );
+   };
+   EchoRecords::Records const records = recordsOf( message );
+   json_.StartObject();
+   object( "fecStack", records.fecStack );
+   object( "downstreamMappings", records.downstreamMappings );
+   object( "intfAndLabelStack", records.intfAndLabelStack );
+   object( "pad", records.pad );
    json_.EndObject();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tools/lspping/decode/Printer.h"
+#include "tools/lspping/decode/Records.h"
 #include "tools/lspping/generic/AttributeJson.h"
 
 namespace LspPingTool {
@@ -8,7 +9,9 @@ namespace LspPingTool {
 /// For programs: one JSON object a line, as docs/json.md describes it.
 class JsonPrinter final : public Printer {
  public:
-   JsonPrinter() : json_( out_ ) {}
+   explicit JsonPrinter( ShowRecords records = ShowRecords::no )
+      : json_( out_ ),
+        hasRecords_( records == ShowRecords::yes ) {}
 
    void print( EchoPacket const & packet, Message const & message ) override;
    std::string_view pending() const override { return { out_.GetString(), out_.GetSize() }; }
@@ -21,6 +24,7 @@ class JsonPrinter final : public Printer {
    void element( Message const & message, std::size_t index );
    void labels( Message const & message, Element const & element );
    void multipath( Message const & message, Element const & element );
+   void records( Message const & message );
    void problems( EchoPacket const & packet, Message const & message );
 
    void member( std::string_view key, U64 number );
@@ -31,6 +35,7 @@ class JsonPrinter final : public Printer {
    rapidjson::StringBuffer out_;
    JsonWriter json_;
    Orlo::StringBuilder text_;
+   bool hasRecords_;
 };
 
 } // namespace LspPingTool

@@ -9,7 +9,7 @@ namespace LspPingTool {
 
 Output::Output() : isTerminal_( ::isatty( STDOUT_FILENO ) == 1 ) {
    // NOLINTNEXTLINE(performance-no-int-to-ptr): that is how the constant is made.
-   ::signal( SIGPIPE, SIG_IGN );
+   (void)::signal( SIGPIPE, SIG_IGN );
 }
 
 void Output::write( std::string_view text ) {

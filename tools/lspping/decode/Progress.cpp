@@ -9,7 +9,7 @@ Progress::Progress( bool isWanted ) : isWanted_( isWanted && ::isatty( STDERR_FI
 
 void Progress::hide() {
    if( isShown_ )
-      std::fputs( "\r\033[K", stderr );
+      (void)std::fputs( "\r\033[K", stderr );
    isShown_ = false;
 }
 
@@ -22,8 +22,8 @@ void Progress::draw( EchoSource const & source, std::string const & file ) {
    constexpr U64 width = 40;
    U64 const done = source.bytesRead() < *total ? source.bytesRead() : *total;
    std::string const bar( static_cast< std::size_t >( done * width / *total ), '#' );
-   std::fprintf( stderr, "\r\033[K[%-40s] %3u%% %s", bar.c_str(),
-                 static_cast< unsigned >( done * 100 / *total ), file.c_str() );
+   (void)std::fprintf( stderr, "\r\033[K[%-40s] %3u%% %s", bar.c_str(),
+                       static_cast< unsigned >( done * 100 / *total ), file.c_str() );
    isShown_ = true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/framing/LspPingHdr.h"
 #include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 #include "tools/lspping/decode/Pieces.h"
 
 namespace LspPingTool {
@@ -43,6 +44,8 @@ void TextPrinter::print( EchoPacket const & packet, Message const & message ) {
    messageLine( packet, message );
    for( Element const & element : message.elements )
       elementLine( message, element );
+   if( hasRecords_ )
+      recordLines( message );
    for( Problem const & problem : packet.problems )
       problemLine( problem );
    for( Problem const & problem : message.problems )
@@ -166,7 +169,8 @@ void TextPrinter::multipathLine( Message const & message, Element const & elemen
 
 void TextPrinter::labelLines( Message const & message, Element const & element ) {
    for( U32 i = 0; i < element.labelCount; ++i ) {
-      Label const label = labelAt( message.bytes.data() + element.labelsOffset + 4 * i );
+      Label const label =
+         labelAt( message.bytes.data() + element.labelsOffset + std::size_t{ 4 } * i );
       indent( element.depth + 2u );
       out_.append( "Label( " );
       out_.appendDecimal( label.label );
@@ -182,6 +186,22 @@ void TextPrinter::labelLines( Message const & message, Element const & element )
       }
       out_.append( " )\n" );
    }
+}
+
+// Each in its generic text, which begins with its type.
+void TextPrinter::recordLines( Message const & message ) {
+   auto const line = [this]< class Record >( std::optional< Record > const & record ) {
+      if( !record )
+         return;
+      indent( 1 );
+      KivOrlo::appendValue( out_, Kiv::typeOf< Record >(), &*record );
+      out_.append( '\n' );
+   };
+   EchoRecords::Records const records = recordsOf( message );
+   line( records.fecStack );
+   line( records.downstreamMappings );
+   line( records.intfAndLabelStack );
+   line( records.pad );
 }
 
 void TextPrinter::problemLine( Problem const & problem ) {

@@ -1,17 +1,21 @@
 #pragma once
 
 #include "tools/lspping/decode/Printer.h"
+#include "tools/lspping/decode/Records.h"
 
 namespace LspPingTool {
 
-/// For people: one line a message, then one line an element, indented as nested, then the problems.
+/// For people: one line a message, then one line an element, indented as nested, then
+/// the records if they are asked for, then the problems.
 class TextPrinter final : public Printer {
  public:
    enum class Colour : bool {
       off,
       on,
    };
-   explicit TextPrinter( Colour colour ) : hasColour_( colour == Colour::on ) {}
+   explicit TextPrinter( Colour colour, ShowRecords records = ShowRecords::no )
+      : hasColour_( colour == Colour::on ),
+        hasRecords_( records == ShowRecords::yes ) {}
 
    void print( EchoPacket const & packet, Message const & message ) override;
    std::string_view pending() const override { return out_.view(); }
@@ -23,12 +27,14 @@ class TextPrinter final : public Printer {
    void elementLine( Message const & message, Element const & element );
    void labelLines( Message const & message, Element const & element );
    void multipathLine( Message const & message, Element const & element );
+   void recordLines( Message const & message );
    void problemLine( Problem const & problem );
    void indent( U32 level );
    void colour( std::string_view sequence );
 
    Orlo::StringBuilder out_;
    bool hasColour_;
+   bool hasRecords_;
 };
 
 } // namespace LspPingTool

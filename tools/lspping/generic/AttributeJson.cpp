@@ -5,6 +5,7 @@
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 #include "MplsUtils/LspPing/platform/Velnet/ModuleTypes.h"
 
+#include <cstring>
 #include <string>
 
 namespace LspPingTool {
@@ -65,7 +66,67 @@ void writeTarget( JsonWriter & json, Kiv::TypeRef type, void const * target ) {
       writeAttributes( json, type, target );
 }
 
+// Whether a byte of the eight is a control character, a quote or a backslash. A byte above 0x7f may
+// be taken for one, too; it then goes the slow way.
+bool needsEscape( U64 block ) noexcept {
+   constexpr U64 ones = 0x0101010101010101;
+   constexpr U64 highs = 0x80 * ones;
+   U64 const quote = block ^ ( '"' * ones );
+   U64 const backslash = block ^ ( '\\' * ones );
+   return ( ( ( block - 0x20 * ones ) | ( quote - ones ) | ( backslash - ones ) | block ) &
+            highs ) != 0;
+}
+
+char * putEscaped( char * at, char character ) noexcept {
+   static constexpr std::string_view digits = "0123456789ABCDEF";
+   static constexpr std::string_view controls = "uuuuuuuubtnufruuuuuuuuuuuuuuuuuu";
+   auto const code = static_cast< unsigned char >( character );
+   if( code >= 0x20 && character != '"' && character != '\\' ) {
+      *at++ = character;
+      return at;
+   }
+   *at++ = '\\';
+   if( code >= 0x20 ) {
+      *at++ = character;
+      return at;
+   }
+   *at++ = controls[code];
+   if( controls[code] == 'u' ) {
+      *at++ = '0';
+      *at++ = '0';
+      *at++ = digits[code >> 4];
+      *at++ = digits[code & 15];
+   }
+   return at;
+}
+
 } // namespace
+
+void JsonWriter::text( std::string_view text ) {
+   Prefix( rapidjson::kStringType );
+   // The longest escape has six characters.
+   std::size_t const room = 6 * text.size() + 2;
+   char * const begin = os_->Push( room );
+   char * at = begin;
+   *at++ = '"';
+   while( text.size() >= sizeof( U64 ) ) {
+      U64 block;
+      std::memcpy( &block, text.data(), sizeof block );
+      if( needsEscape( block ) ) {
+         for( std::size_t i = 0; i < sizeof block; ++i )
+            at = putEscaped( at, text[i] );
+      } else {
+         std::memcpy( at, &block, sizeof block );
+         at += sizeof block;
+      }
+      text.remove_prefix( sizeof block );
+   }
+   for( char const character : text )
+      at = putEscaped( at, character );
+   *at++ = '"';
+   os_->Pop( room - static_cast< std::size_t >( at - begin ) );
+   EndValue( true );
+}
 
 void writeValue( JsonWriter & json, Kiv::TypeRef type, void const * value ) {
    Kiv::TypeId const id = type.id();

@@ -62,7 +62,7 @@ std::string typeText( Kiv::BufferType type ) {
    Kiv::TypeRef const known( type.type );
    if( !known )
       return "void";
-   std::string const name( known.name() );
+   std::string name( known.name() );
    switch( type.reach ) {
    case Kiv::Reach::value:
       break;

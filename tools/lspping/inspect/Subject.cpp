@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/framing/LspPingParsers.h"
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
+#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
 #include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
 #include "tools/lspping/inspect/Arguments.h"
 
@@ -28,7 +29,7 @@ std::size_t padBytes( std::span< U8 const > element ) {
    std::size_t const shortest = 5;
    if( element.size() < shortest )
       return shortest;
-   std::size_t const length = static_cast< std::size_t >( element[2] << 8 | element[3] );
+   auto const length = static_cast< std::size_t >( element[2] << 8 | element[3] );
    return std::max( shortest, 4 + length );
 }
 
@@ -74,12 +75,10 @@ void Subject::packetIs( std::span< U8 const > bytes ) {
 void Subject::parserIs( Kiv::TypeRef parser ) {
    std::span< U8 const > const element = bytes_.subspan( offset_ );
    bool const isPad = parser == Kiv::typeOf< LspPing::LspPingPadTlvParser >();
-   if( isPad )
-      needBytes( parser.name(), padBytes( element ), element.size() );
-   else
-      needBytes( parser.name(),
-                 Kiv::attributeNamed( parser, "header" ).attribute->type().record().size,
-                 element.size() );
+   Kiv::FoundAttribute const header = Kiv::attributeNamed( parser, "header" );
+   KIV_ASSERT( header ); // every parser has one
+   needBytes( parser.name(), isPad ? padBytes( element ) : header.attribute->type().record().size,
+              element.size() );
    node_ = parser.operations().create( pkt_, offset_ );
    object_ = node_.get();
    if( isPad )

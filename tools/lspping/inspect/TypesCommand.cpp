@@ -37,19 +37,6 @@ void writeAttributeRow( JsonWriter & json, Kiv::Attribute const & attribute ) {
    writeNamed( json, "writable", attribute.writable() );
    writeNamed( json, "callable", attribute.callable() );
    writeNamed( json, "collection", attribute.collection() );
-   if( attribute.callable() ) {
-      writeKey( json, "arguments" );
-      json.StartArray();
-      for( ArgumentShown const & argument : argumentsShown( attribute ) ) {
-         json.StartObject();
-         writeNamed( json, "name", argument.name );
-         writeNamed( json, "type", typeText( argument.type ) );
-         json.EndObject();
-      }
-      json.EndArray();
-   }
-   if( attribute.collection() )
-      writeTypeName( json, "key", attribute.collectionRecord->keyType );
    json.EndObject();
 }
 

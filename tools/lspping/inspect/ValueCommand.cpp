@@ -3,6 +3,7 @@
 #include "tools/lspping/inspect/Commands.h"
 #include "tools/lspping/inspect/Output.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace LspPingTool {
@@ -53,7 +54,10 @@ std::string answerValue( std::vector< std::string > const & arguments, bool json
                    line.Bool( *set );
                 else
                    line.Null();
-                if( !done.empty() )
+                // The form has no place for writes that were done; one that was refused is told.
+                if( std::any_of( done.begin(), done.end(), []( WriteDone const & write ) {
+                       return write.outcome != Kiv::Outcome::done;
+                    } ) )
                    writeOutcomes( line, done );
                 line.EndObject();
              } ) +

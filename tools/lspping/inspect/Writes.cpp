@@ -5,6 +5,8 @@
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 
+#include <algorithm>
+
 namespace LspPingTool {
 
 namespace {
@@ -15,11 +17,10 @@ constexpr U32 highestKey = 65535;
 bool holdsCollection( Kiv::TypeRef type ) {
    if( type.operations().appendText != nullptr )
       return false;
-   for( Kiv::Attribute const & attribute : type.attributes() ) {
-      if( attribute.stored() && ( attribute.collection() || holdsCollection( attribute.type() ) ) )
-         return true;
-   }
-   return false;
+   return std::ranges::any_of( type.attributes(), []( Kiv::Attribute const & attribute ) {
+      return attribute.stored() &&
+             ( attribute.collection() || holdsCollection( attribute.type() ) );
+   } );
 }
 
 // The one field that lies behind its view's own bytes. Its setter takes it for a mistake of the

@@ -23,7 +23,7 @@ struct EnumerationTable {
    std::string_view typeName;
    Enumerator const * rows = nullptr;
    U8 const * direct = nullptr;
-   U8 const * slots = nullptr;
+   NameSlot const * slots = nullptr;
    U16 count = 0;
    U16 slotMask = 0;
 };

@@ -204,9 +204,10 @@ inline constexpr auto attributeRows = [] {
 }();
 
 template < class T >
-inline constexpr auto attributeSlots = nameSlots< attributeRows< T >.size() >( []( std::size_t i ) {
-   return attributeRows< T >[i].name();
-} );
+[[gnu::visibility( "hidden" )]] inline constexpr auto
+   attributeSlots = nameSlots< attributeRows< T >.size() >( []( std::size_t i ) {
+      return attributeRows< T >[i].name();
+   } );
 
 template < class T >
 constexpr TypeRecord recordOf( TypeId id ) {

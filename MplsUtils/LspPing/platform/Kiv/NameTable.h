@@ -49,54 +49,79 @@ constexpr U32 nameHash( std::string_view name ) noexcept {
    return static_cast< U32 >( ( sum * 0x9e3779b97f4a7c15u ) >> 32 );
 }
 
-/// Equality of names. They are short, and a call of memcmp would take longer than the comparison.
+template < class Word >
+constexpr U64 nameDifference( std::string_view a, std::string_view b, std::size_t at ) noexcept {
+   return nameWord< Word >( a.data() + at ) ^ nameWord< Word >( b.data() + at );
+}
+
+/// Equality of names. A call of memcmp would take longer than the comparison, which takes the names
+/// by words from both ends on; in the middle the words overlap.
 constexpr bool sameName( std::string_view a, std::string_view b ) noexcept {
    std::size_t const size = a.size();
    if( size != b.size() )
       return false;
-   if( size < 8 || std::is_constant_evaluated() )
-      return a == b;
-   std::size_t const last = size - 8;
-   for( std::size_t at = 0; at < last; at += 8 ) {
-      if( nameWord< U64 >( a.data() + at ) != nameWord< U64 >( b.data() + at ) )
-         return false;
+   U64 difference = 0;
+   if( size >= 8 ) {
+      std::size_t const last = size - 8;
+      difference = nameDifference< U64 >( a, b, 0 ) | nameDifference< U64 >( a, b, last );
+      if( size > 16 ) {
+         difference |= nameDifference< U64 >( a, b, 8 ) | nameDifference< U64 >( a, b, last - 8 );
+         for( std::size_t at = 16; at + 16 < size; at += 8 )
+            difference |= nameDifference< U64 >( a, b, at );
+      }
+   } else if( size >= 4 ) {
+      difference = nameDifference< U32 >( a, b, 0 ) | nameDifference< U32 >( a, b, size - 4 );
+   } else if( size > 0 ) {
+      difference = nameDifference< U8 >( a, b, 0 ) | nameDifference< U8 >( a, b, size / 2 ) |
+                   nameDifference< U8 >( a, b, size - 1 );
    }
-   return nameWord< U64 >( a.data() + last ) == nameWord< U64 >( b.data() + last );
+   return difference == 0;
 }
 
 constexpr std::size_t nameSlotCount( std::size_t names ) noexcept {
-   return std::bit_ceil( 2 * names + 1 );
+   return std::bit_ceil( 4 * names + 1 );
 }
 
 inline constexpr U8 noName = 0xff;
 
-/// Builds the slots of a table of names: each slot holds the number of a name or `noName`, a name
-/// stands at its hash or in the next free slot. `nameAt( i )` gives the name of number i; an empty
-/// one is left out.
+/// A place in a table of names: the number of a name, or `noName`, and eight bits of its hash, so
+/// that other names are hardly ever compared.
+struct NameSlot {
+   U8 number = noName;
+   U8 tag = 0;
+};
+
+constexpr U8 nameTag( U32 hash ) noexcept {
+   return static_cast< U8 >( hash >> 24 );
+}
+
+/// Builds the slots of a table of names; a name stands at its hash or in the next free slot.
+/// `nameAt( i )` gives the name of number i; an empty one is left out.
 template < std::size_t names, class NameAt >
 constexpr auto nameSlots( NameAt nameAt ) {
    static_assert( names < noName, "the numbers of names are kept in one byte each" );
-   std::array< U8, nameSlotCount( names ) > slots{};
-   slots.fill( noName );
+   std::array< NameSlot, nameSlotCount( names ) > slots{};
    for( std::size_t i = 0; i < names; ++i ) {
       if( nameAt( i ).empty() )
          continue;
-      std::size_t at = nameHash( nameAt( i ) ) % slots.size();
-      while( slots[at] != noName )
+      U32 const hash = nameHash( nameAt( i ) );
+      std::size_t at = hash % slots.size();
+      while( slots[at].number != noName )
          at = ( at + 1 ) % slots.size();
-      slots[at] = static_cast< U8 >( i );
+      slots[at] = { static_cast< U8 >( i ), nameTag( hash ) };
    }
    return slots;
 }
 
 /// The number of `name`, or `noName`. `mask` is the count of slots less one.
 template < class NameAt >
-constexpr U8 findName( U8 const * slots, U32 mask, U32 hash, std::string_view name,
+constexpr U8 findName( NameSlot const * slots, U32 mask, U32 hash, std::string_view name,
                        NameAt nameAt ) noexcept {
    for( U32 at = hash & mask;; at = ( at + 1 ) & mask ) {
-      U8 const number = slots[at];
-      if( number == noName || sameName( nameAt( number ), name ) )
-         return number;
+      NameSlot const slot = slots[at];
+      if( slot.number == noName ||
+          ( slot.tag == nameTag( hash ) && sameName( nameAt( slot.number ), name ) ) )
+         return slot.number;
    }
 }
 

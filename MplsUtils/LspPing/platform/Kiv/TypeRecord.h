@@ -24,6 +24,7 @@ class CharRange;
 class TypeRef;
 struct CollectionRecord;
 struct ModuleTable;
+struct NameSlot;
 
 /// What is asked of an attribute.
 enum class OpCode : U32 {
@@ -161,7 +162,7 @@ struct Operations {
 struct TypeRecord {
    std::string_view name;
    Attribute const * attributes = nullptr;
-   U8 const * attributeSlots = nullptr;
+   NameSlot const * attributeSlots = nullptr;
    Enumerator const * enumerators = nullptr;
    Operations const * operations = nullptr;
    AllocationTracker * tracker = nullptr;
@@ -181,7 +182,7 @@ struct TypeRecord {
 struct ModuleTable {
    std::string_view name;
    TypeRecord const * types = nullptr;
-   U8 const * typeSlots = nullptr;
+   NameSlot const * typeSlots = nullptr;
    U16 id = 0;
    U16 count = 0;
    U16 slotMask = 0;
