@@ -10,7 +10,7 @@ from typing import Any, Callable, Optional
 from claims import Claim, Known, Node, Report, decode, nodes_of, same
 
 REVIEWED = "4.0."
-LEAST = 900
+LEAST = 1500
 
 # Attribute: (field, offset in the element). The protocol's prefix is left out of the names.
 HEADER = {
@@ -190,6 +190,22 @@ def is_stack_change(node: Node) -> bool:
     return node.type.startswith("LspPingFecStackChange")
 
 
+def is_multipath(node: Node) -> bool:
+    return node.type == "LspPingMultipathSubTlv"
+
+
+def is_label_set(node: Node) -> bool:
+    return node.element.get("multipath", {}).get("type") == "maskedLabelSetMultipath"
+
+
+def has_addresses(node: Node) -> bool:
+    return is_multipath(node) and len(node.element["multipath"].get("addresses", [])) > 1
+
+
+def has_no_peer(node: Node) -> bool:
+    return node.type == "LspPingFecStackChangeUnspecifiedSubTlv"
+
+
 KNOWN = [
     Known("messages of version 2", "takes them for bytes without meaning",
           "the bytes are shown as those of version 1, the only one that RFC 8029 section 3 defines,"
@@ -233,6 +249,24 @@ KNOWN = [
           complaints=lambda n: ["Unknown Address Type (4)",
                                 "Invalid Sub-tlv Length (claimed 18, found 11)"]
           if n.type == "LspPingDdmapV6UnnumberedTlv" else []),
+    Known("multipath information of two or more addresses", "\"Invalid Sub-tlv Length\"",
+          "type 2 is a list of addresses, RFC 8029 section 3.4.1.1.1",
+          holds=lambda c: has_addresses(c.node) and c.attribute not in MAPPING_SUB,
+          complaints=lambda n: ["Invalid Sub-tlv Length (claimed 8, should be 4)"]
+          if has_addresses(n) else []),
+    Known("multipath information of a set of labels", "stops behind its type",
+          "type 9 is a label and a mask, RFC 8029 section 3.4.1.1.1",
+          holds=lambda c: is_label_set(c.node) and c.attribute in ("multipathLength", "mbz")),
+    Known("sub-TLVs behind multipath information",
+          "\"Invalid Sub-tlv Length\", reads them at the wrong place",
+          "RFC 8029 section 3.4.1 asks for no order, and each sub-TLV has a length of its own",
+          holds=lambda c: c.node.behind(is_multipath),
+          complaints=lambda n: ["Invalid Sub-tlv Length (claimed 2048, found 8)"]
+          if n.behind(is_multipath) else []),
+    Known("FEC stack change without a peer's address", "\"Malformed Packet\"",
+          "an unspecified peer has an address of no bytes, RFC 8029 section 3.4.1.3",
+          holds=lambda c: c.node.within(lambda n: has_no_peer(n) and not n.before),
+          complaints=malformed_by(lambda n: has_no_peer(n) and not n.before)),
     Known("sub-TLVs behind a FEC stack change", "\"Malformed Packet\", the rest is lost",
           "a mapping has as many as there are changes, each with the length of its own header,"
           " RFC 8029 section 3.4.1.3",
@@ -386,7 +420,11 @@ def multipath_claims(node: Node) -> list:
                          (f"{name}.ip_low", start + 8 * i)),
                    Claim(node, f"ranges[{i}].last", pair["last"],
                          (f"{name}.ip_high", start + 8 * i + 4))]
-    if not claims:
+    if multipath["type"] == "maskedIpSetMultipath":
+        mask = ":".join(f"{byte:02x}" for byte in bytes.fromhex(multipath["mask"]))
+        claims = [Claim(node, "base", multipath["base"], (f"{name}.ip", start)),
+                  Claim(node, "mask", mask, (f"{name}.mask", start + 4))]
+    if not claims and not is_label_set(node):
         raise SystemExit(f"no fields are listed for multipath information of {multipath['type']}")
     return claims
 
