@@ -1,13 +1,9 @@
+#include "examples/EchoMessages.h"
 #include "examples/Encapsulation.h"
-#include "examples/MessageBuilder.h"
 #include "examples/Samples.h"
 
-#include "MplsUtils/LspPing/platform/Velnet/MplsLabelEntry.h"
-#include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
 #include "MplsUtils/LspPing/types/LspPingMessageTypes.h"
 #include "MplsUtils/LspPing/types/LspPingTunnelTypes.h"
-
-#include <string_view>
 
 namespace Examples {
 
@@ -20,45 +16,6 @@ using Tlv = LspPingTlvType;
 
 namespace {
 
-constexpr IpAddr sender( 10, 0, 0, 1 );
-constexpr IpAddr responder( 10, 0, 0, 9 );
-constexpr IpAddr loopback( 127, 0, 0, 1 );
-constexpr U16 senderPort = 49152;
-
-Ip6Addr ip6( std::string_view text ) {
-   return Ip6Addr::fromText( text ).value();
-}
-
-// NTP seconds of 2026-01-31 12:00:00 UTC.
-constexpr U32 sentSeconds = 3978849600;
-
-MessageBuilder request( U32 sequenceNumber ) {
-   MessageBuilder message;
-   message.view< LspPingHdr >( [&]( LspPingHdr & header ) {
-      header.versionIs( 1 );
-      header.globalFlagsIs( numberOf( LspPingHeaderFlags::vFlag ) );
-      header.messageTypeIs( numberOf( LspPingMsgType::MplsEchoRequest ) );
-      header.replyModeIs( numberOf( LspPingReplyMode::ReplyIpUdp ) );
-      header.senderHandleIs( 0x1a2b3c4d );
-      header.sequenceNumberIs( sequenceNumber );
-      header.tsSentSecondsIs( sentSeconds );
-      header.tsSentmSecondsIs( 0x40000000 );
-   } );
-   return message;
-}
-
-MessageBuilder reply( U32 sequenceNumber, LspPingReturnCode code, U8 subcode ) {
-   MessageBuilder message = request( sequenceNumber );
-   auto & header = message.at< LspPingHdr >( 0 );
-   header.globalFlagsIs( 0 );
-   header.messageTypeIs( numberOf( LspPingMsgType::MplsEchoReply ) );
-   header.returnCodeIs( static_cast< U8 >( code ) );
-   header.returnSubcodeIs( subcode );
-   header.tsRcvdSecondsIs( sentSeconds );
-   header.tsRcvdmSecondsIs( 0x40418937 );
-   return message;
-}
-
 // Targets of one request, one FEC after the other.
 template < class Fecs >
 MessageBuilder requestFor( U32 sequenceNumber, Fecs fecs ) {
@@ -69,16 +26,6 @@ MessageBuilder requestFor( U32 sequenceNumber, Fecs fecs ) {
 
 void withLdpTarget( MessageBuilder & message ) {
    message.tlv( Tlv::TargetFecStack, [&] { message.ldpIpv4( IpAddr( 10, 1, 2, 0 ), 24 ); } );
-}
-
-// One entry of a downstream label stack; the protocol stands where the time to live would.
-void downstreamLabel( MessageBuilder & message, U32 label, bool bottom,
-                      LspPingDownstreamSignalingProtocol protocol ) {
-   message.view< Velnet::MplsLabelEntry >( [&]( Velnet::MplsLabelEntry & entry ) {
-      entry.labelIs( label );
-      entry.bottomOfStackIs( bottom );
-      entry.ttlIs( static_cast< U8 >( protocol ) );
-   } );
 }
 
 // ---- headers
@@ -279,234 +226,6 @@ MessageBuilder pseudowire129() {
    } );
 }
 
-// ---- mappings
-
-template < class View, class Fill >
-MessageBuilder downstreamMapping( LspPingAddrType addrType, Fill fill ) {
-   MessageBuilder message = reply( 30, LspPingReturnCode::labelSwitchedAtStackDep, 1 );
-   message.tlv( Tlv::DownstreamMapping, [&] {
-      message.view< View >( [&]( View & mapping ) {
-         mapping.mtuIs( Velnet::NetU16( 1500 ) );
-         mapping.addrTypeIs( static_cast< U8 >( addrType ) );
-         mapping.multipathTypeIs( numberOf( LspPingMultipathType::ipMultipath ) );
-         mapping.depthLimitIs( 0 );
-         mapping.multipathLengthIs( Velnet::NetU16( sizeof( IpAddr ) ) );
-         fill( mapping );
-      } );
-      message.view< IpAddr >( []( IpAddr & address ) { address = loopback; } );
-      using enum LspPingDownstreamSignalingProtocol;
-      downstreamLabel( message, 100704, false, dsInfoSignalingProtocolLdp );
-      downstreamLabel( message, 300, true, dsInfoSignalingProtocolBgp );
-   } );
-   return message;
-}
-
-MessageBuilder downstreamMappingIpv4() {
-   return downstreamMapping< LspPingDownstreamMappingIpv4Tlv >(
-      LspPingAddrType::ipv4Numbered, []( auto & mapping ) {
-         mapping.dsIpAddrIs( IpAddr( 10, 0, 1, 2 ) );
-         mapping.dsIntfAddrIs( IpAddr( 10, 0, 1, 1 ) );
-      } );
-}
-
-MessageBuilder downstreamMappingIpv4Unnumbered() {
-   return downstreamMapping< LspPingDownstreamMappingIpv4UnnumberedTlv >(
-      LspPingAddrType::ipv4Unnumbered, []( auto & mapping ) {
-         mapping.dsIpAddrIs( responder );
-         mapping.dsIntfIdIs( 17 );
-      } );
-}
-
-MessageBuilder downstreamMappingIpv6() {
-   return downstreamMapping< LspPingDownstreamMappingIpv6Tlv >(
-      LspPingAddrType::ipv6Numbered, []( auto & mapping ) {
-         mapping.dsIpAddrIs( ip6( "2001:db8:1::2" ) );
-         mapping.dsIntfAddrIs( ip6( "2001:db8:1::1" ) );
-      } );
-}
-
-MessageBuilder downstreamMappingIpv6Unnumbered() {
-   return downstreamMapping< LspPingDownstreamMappingIpv6UnnumberedTlv >(
-      LspPingAddrType::ipv6Unnumbered, []( auto & mapping ) {
-         mapping.dsIpAddrIs( ip6( "2001:db8::9" ) );
-         mapping.dsIntfIdIs( 18 );
-      } );
-}
-
-void multipath( MessageBuilder & message ) {
-   message.element< LspPingMultipathSubTlv >(
-      LspPingDDMappingSubTlvType::MultipathData,
-      []( auto & data ) {
-         data.multipathTypeIs( numberOf( LspPingMultipathType::ipRangeMultipath ) );
-         data.multipathLengthIs( 2 * sizeof( IpAddr ) );
-      },
-      [&] {
-         for( U8 const last : { U8{ 1 }, U8{ 16 } } )
-            message.view< IpAddr >(
-               [&]( IpAddr & address ) { address = IpAddr( 127, 0, 0, last ); } );
-      } );
-}
-
-void labelStack( MessageBuilder & message ) {
-   message.tlv( LspPingDDMappingSubTlvType::LabelStack, [&] {
-      using enum LspPingDownstreamSignalingProtocol;
-      downstreamLabel( message, 100704, false, dsInfoSignalingProtocolLdp );
-      downstreamLabel( message, 300, true, dsInfoSignalingProtocolBgp );
-   } );
-}
-
-// The FEC that the responder pushes or pops comes with the sub-TLV.
-template < class View, class Fill >
-void fecStackChange( MessageBuilder & message, LspPingFecStackChangeSubTlvOperType operation,
-                     LspPingFecStackChangeSubTlvAddressType addrType, Fill fill ) {
-   std::size_t const start = message.size();
-   message.element< View >(
-      LspPingDDMappingSubTlvType::FecStackChange,
-      [&]( View & change ) {
-         change.operTypeIs( static_cast< U8 >( operation ) );
-         change.addrTypeIs( static_cast< U8 >( addrType ) );
-         fill( change );
-      },
-      [&] {
-         std::size_t const fec = message.size();
-         message.ldpIpv4( IpAddr( 10, 7, 0, 0 ), 16 );
-         message.at< View >( start ).fecTlvLenIs( static_cast< U8 >( message.size() - fec ) );
-      } );
-}
-
-template < class View, class Fill, class SubTlvs >
-MessageBuilder detailedMapping( LspPingAddrType addrType, Fill fill, SubTlvs subTlvs ) {
-   MessageBuilder message = reply( 40, LspPingReturnCode::seeDdmTlv, 1 );
-   message.detailedMapping< View >(
-      [&]( View & mapping ) {
-         mapping.mtuIs( 9000 );
-         mapping.addrTypeIs( static_cast< U8 >( addrType ) );
-         mapping.retCodeIs( numberOf( LspPingReturnCode::labelSwitchedAtStackDep ) );
-         mapping.retSubcodeIs( 1 );
-         fill( mapping );
-      },
-      [&] { subTlvs( message ); } );
-   return message;
-}
-
-MessageBuilder detailedMappingIpv4() {
-   return detailedMapping< LspPingDdmapTlv >(
-      LspPingAddrType::ipv4Numbered,
-      []( auto & mapping ) {
-         mapping.dsIpAddrIs( IpAddr( 10, 0, 1, 2 ) );
-         mapping.dsIntfAddrIs( IpAddr( 10, 0, 1, 1 ) );
-      },
-      []( MessageBuilder & message ) {
-         labelStack( message );
-         multipath( message );
-      } );
-}
-
-MessageBuilder detailedMappingIpv4Unnumbered() {
-   return detailedMapping< LspPingDdmapUnnumberedTlv >(
-      LspPingAddrType::ipv4Unnumbered,
-      []( auto & mapping ) {
-         mapping.dsIpAddrIs( responder );
-         mapping.dsIntfIdIs( 17 );
-      },
-      []( MessageBuilder & message ) { labelStack( message ); } );
-}
-
-MessageBuilder detailedMappingIpv6() {
-   return detailedMapping< LspPingDdmapV6Tlv >(
-      LspPingAddrType::ipv6Numbered,
-      []( auto & mapping ) {
-         mapping.dsIpAddrIs( ip6( "2001:db8:1::2" ) );
-         mapping.dsIntfAddrIs( ip6( "2001:db8:1::1" ) );
-      },
-      []( MessageBuilder & message ) {
-         labelStack( message );
-         multipath( message );
-      } );
-}
-
-MessageBuilder detailedMappingIpv6Unnumbered() {
-   return detailedMapping< LspPingDdmapV6UnnumberedTlv >(
-      LspPingAddrType::ipv6Unnumbered,
-      []( auto & mapping ) {
-         mapping.dsIpAddrIs( ip6( "2001:db8::9" ) );
-         mapping.dsIntfIdIs( 18 );
-      },
-      []( MessageBuilder & message ) { multipath( message ); } );
-}
-
-// A responder that tunnels on: one FEC goes, two come.
-MessageBuilder fecStackChanges() {
-   return detailedMapping< LspPingDdmapTlv >(
-      LspPingAddrType::ipv4Numbered,
-      []( auto & mapping ) {
-         mapping.dsIpAddrIs( IpAddr( 10, 0, 1, 2 ) );
-         mapping.dsIntfAddrIs( IpAddr( 10, 0, 1, 1 ) );
-         mapping.retCodeIs( numberOf( LspPingReturnCode::lblSwitchedFecChange ) );
-      },
-      []( MessageBuilder & message ) {
-         using enum LspPingFecStackChangeSubTlvOperType;
-         using AddrType = LspPingFecStackChangeSubTlvAddressType;
-         fecStackChange< LspPingFecStackChangeV4SubTlv >(
-            message, Pop, AddrType::IPv4, []( auto & change ) { change.peerAddrIs( responder ); } );
-         fecStackChange< LspPingFecStackChangeV6SubTlv >(
-            message, Push, AddrType::IPv6,
-            []( auto & change ) { change.peerAddrIs( ip6( "2001:db8::7" ) ); } );
-         fecStackChange< LspPingFecStackChangeUnspecifiedSubTlv >(
-            message, Push, AddrType::Unspecified, []( auto & ) {} );
-      } );
-}
-
-template < class View, class Fill >
-MessageBuilder intfAndLabelStack( LspPingAddrType addrType, Fill fill ) {
-   MessageBuilder message = reply( 50, LspPingReturnCode::repRouterEgress, 1 );
-   message.tlv( Tlv::IntfAndLabelStack, [&] {
-      message.view< View >( [&]( View & stack ) {
-         stack.addrTypeIs( static_cast< U8 >( addrType ) );
-         fill( stack );
-      } );
-      message.view< Velnet::MplsLabelEntry >( []( Velnet::MplsLabelEntry & entry ) {
-         entry.labelIs( 100704 );
-         entry.trafficClassIs( 6 );
-         entry.bottomOfStackIs( true );
-         entry.ttlIs( 255 );
-      } );
-   } );
-   return message;
-}
-
-MessageBuilder intfAndLabelStackIpv4() {
-   return intfAndLabelStack< LspPingIntfAndLabelStackIpv4Tlv >(
-      LspPingAddrType::ipv4Numbered, []( auto & stack ) {
-         stack.addrIs( responder );
-         stack.intfIs( IpAddr( 10, 0, 1, 2 ) );
-      } );
-}
-
-MessageBuilder intfAndLabelStackIpv4Unnumbered() {
-   return intfAndLabelStack< LspPingIntfAndLabelStackIpv4UnnumberedTlv >(
-      LspPingAddrType::ipv4Unnumbered, []( auto & stack ) {
-         stack.addrIs( responder );
-         stack.intfIdIs( 17 );
-      } );
-}
-
-MessageBuilder intfAndLabelStackIpv6() {
-   return intfAndLabelStack< LspPingIntfAndLabelStackIpv6Tlv >(
-      LspPingAddrType::ipv6Numbered, []( auto & stack ) {
-         stack.addrIs( ip6( "2001:db8::9" ) );
-         stack.intfIs( ip6( "2001:db8:1::2" ) );
-      } );
-}
-
-MessageBuilder intfAndLabelStackIpv6Unnumbered() {
-   return intfAndLabelStack< LspPingIntfAndLabelStackIpv6UnnumberedTlv >(
-      LspPingAddrType::ipv6Unnumbered, []( auto & stack ) {
-         stack.addrIs( ip6( "2001:db8::9" ) );
-         stack.intfIdIs( 18 );
-      } );
-}
-
 // ---- small TLVs
 
 MessageBuilder padded( U16 length ) {
@@ -576,13 +295,14 @@ class Capture {
    /// As a request leaves its router: the destination is a loopback address, the transit routers
    /// see labels only.
    void requestIs( MessageBuilder const & message ) {
-      Bytes const packet =
-         ipv4( sender, loopback, senderPort, echoPort, RouterAlert::yes, message.bytes() );
+      Bytes const packet = ipv4( sender, loopback, senderPort, echoPort, RouterAlert::yes,
+                                 requestTtl, message.bytes() );
       add( EtherType::mpls, {}, mpls( { { 100704, 2 } }, packet ) );
    }
    void replyIs( MessageBuilder const & message ) {
       add( EtherType::ipv4, {},
-           ipv4( responder, sender, echoPort, senderPort, RouterAlert::no, message.bytes() ) );
+           ipv4( responder, sender, echoPort, senderPort, RouterAlert::no, replyTtl,
+                 message.bytes() ) );
    }
    void add( EtherType type, std::initializer_list< U16 > vlans, Bytes const & packet ) {
       Frame frame{ ethernet( type, vlans, packet ), 0 };
@@ -597,7 +317,7 @@ void addOtherEncapsulations( Capture & capture ) {
    MessageBuilder message = request( 70 );
    withLdpTarget( message );
    Bytes const packet =
-      ipv4( sender, loopback, senderPort, echoPort, RouterAlert::no, message.bytes() );
+      ipv4( sender, loopback, senderPort, echoPort, RouterAlert::yes, requestTtl, message.bytes() );
    capture.add( EtherType::ipv4, {}, packet );
    capture.add( EtherType::ipv4, { 100 }, packet );
    capture.add( EtherType::mpls, { 100, 200 },
@@ -628,13 +348,9 @@ std::vector< Frame > echoSamples() {
                             multicastLdpGroup, pseudowire128, pseudowire129 } )
       capture.requestIs( fecs() );
 
-   for( auto const mapping :
-        { downstreamMappingIpv4, downstreamMappingIpv4Unnumbered, downstreamMappingIpv6,
-          downstreamMappingIpv6Unnumbered, detailedMappingIpv4, detailedMappingIpv4Unnumbered,
-          detailedMappingIpv6, detailedMappingIpv6Unnumbered, fecStackChanges,
-          intfAndLabelStackIpv4, intfAndLabelStackIpv4Unnumbered, intfAndLabelStackIpv6,
-          intfAndLabelStackIpv6Unnumbered, erroredTlv } )
-      capture.replyIs( mapping() );
+   for( MessageBuilder const & mapping : mappingReplies() )
+      capture.replyIs( mapping );
+   capture.replyIs( erroredTlv() );
 
    capture.requestIs( padded( 8 ) );
    capture.requestIs( padded( 5 ) );

@@ -93,7 +93,7 @@ Bytes datagram( Address const & source, Address const & destination, U16 sourceP
 } // namespace
 
 Bytes ipv4( Velnet::IpAddr source, Velnet::IpAddr destination, U16 sourcePort, U16 destinationPort,
-            RouterAlert alert, std::span< U8 const > payload ) {
+            RouterAlert alert, U8 ttl, std::span< U8 const > payload ) {
    static constexpr std::array< U8, 4 > routerAlert{ 0x94, 4, 0, 0 };
    std::span< U8 const > const options =
       alert == RouterAlert::yes ? std::span< U8 const >( routerAlert ) : std::span< U8 const >();
@@ -102,7 +102,7 @@ Bytes ipv4( Velnet::IpAddr source, Velnet::IpAddr destination, U16 sourcePort, U
    Ipv4Header header;
    header.versionAndWords = static_cast< U8 >( 4 << 4 | headerSize / 4 );
    header.length.valueIs( static_cast< U16 >( headerSize + carried.size() ) );
-   header.ttl = 1;
+   header.ttl = ttl;
    header.protocol = udp;
    header.source = source;
    header.destination = destination;
@@ -124,7 +124,7 @@ Bytes ipv6( Velnet::Ip6Addr source, Velnet::Ip6Addr destination, U16 sourcePort,
    header.versionClassFlow.valueIs( 6u << 28 );
    header.payloadLength.valueIs( static_cast< U16 >( carried.size() ) );
    header.nextHeader = udp;
-   header.hopLimit = 1;
+   header.hopLimit = requestTtl;
    header.source = source;
    header.destination = destination;
    Bytes bytes;

@@ -34,9 +34,14 @@ struct Label {
    U8 ttl;
 };
 
-/// UDP over IPv4; both checksums are right. A time to live of 1 keeps it off the IP path.
+/// The time to live in the IP header. A request must not travel on by IP, RFC 8029 section 4.3; a
+/// reply has to, section 4.5.
+inline constexpr U8 requestTtl = 1;
+inline constexpr U8 replyTtl = 255;
+
+/// UDP over IPv4; both checksums are right.
 Bytes ipv4( Velnet::IpAddr source, Velnet::IpAddr destination, U16 sourcePort, U16 destinationPort,
-            RouterAlert alert, std::span< U8 const > payload );
+            RouterAlert alert, U8 ttl, std::span< U8 const > payload );
 
 /// UDP over IPv6; the checksum, which IPv6 demands, is right.
 Bytes ipv6( Velnet::Ip6Addr source, Velnet::Ip6Addr destination, U16 sourcePort,

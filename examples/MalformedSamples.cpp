@@ -207,7 +207,7 @@ MessageBuilder padCut() {
 Frame frameOf( MessageBuilder const & message ) {
    Frame frame{ ethernet( EtherType::ipv4, {},
                           ipv4( IpAddr( 10, 0, 0, 1 ), IpAddr( 127, 0, 0, 1 ), 49152, echoPort,
-                                RouterAlert::no, message.bytes() ) ),
+                                RouterAlert::yes, requestTtl, message.bytes() ) ),
                 0 };
    frame.wireLength = frame.bytes.size();
    return frame;

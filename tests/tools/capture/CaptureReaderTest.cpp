@@ -159,7 +159,7 @@ TEST( CaptureReader, passesOnThatAPacketWasCut ) {
    CaptureReader reader( file.path() );
    ASSERT_EQ( reader.next(), Step::message );
    EXPECT_EQ( reader.packet().problems,
-              ( std::vector< Problem >{ { 5, "The capture holds 5 of the message's 8 bytes" } } ) );
+              ( std::vector< Problem >{ { 5, "the capture holds 5 of the message's 8 bytes" } } ) );
    ASSERT_EQ( reader.next(), Step::message );
    EXPECT_TRUE( reader.packet().problems.empty() );
 }

@@ -393,7 +393,7 @@ TEST( Dissect, reportsWhatTheCaptureCutsOffAtEveryLength ) {
       } else {
          EXPECT_EQ(
             result.packet.problems,
-            ( std::vector< Problem >{ { kept, "The capture holds " + std::to_string( kept ) +
+            ( std::vector< Problem >{ { kept, "the capture holds " + std::to_string( kept ) +
                                                  " of the message's 8 bytes" } } ) );
       }
    }
@@ -427,7 +427,7 @@ TEST( Dissect, reportsACutMessageWithoutIp ) {
    EXPECT_EQ( result.packet.claimedLength, 92U );
    EXPECT_EQ(
       result.packet.problems,
-      ( std::vector< Problem >{ { 8, "The capture holds 8 of the message's 92 bytes" } } ) );
+      ( std::vector< Problem >{ { 8, "the capture holds 8 of the message's 92 bytes" } } ) );
 }
 
 TEST( Dissect, survivesEveryShorterLengthOfEveryLayer ) {

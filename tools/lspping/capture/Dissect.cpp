@@ -45,7 +45,7 @@ class Rest {
 
 void cutIsReported( EchoPacket & packet ) {
    packet.problems.push_back(
-      { packet.payload.size(), "The capture holds " + std::to_string( packet.payload.size() ) +
+      { packet.payload.size(), "the capture holds " + std::to_string( packet.payload.size() ) +
                                   " of the message's " + std::to_string( packet.claimedLength ) +
                                   " bytes" } );
 }

@@ -1,0 +1,47 @@
+#!/usr/bin/env python3
+"""Compares lspping with an independent decoder over a capture.
+
+compare.py tshark PROGRAM LSPPING CAPTURE    field by field; 1 where one does not agree
+compare.py tcpdump PROGRAM LSPPING CAPTURE
+compare.py table [DOCUMENT]                  the list of known differences, or whether it has it
+"""
+
+import sys
+from pathlib import Path
+
+import tcpdump
+import tshark
+
+DECODERS = {"tshark": tshark, "tcpdump": tcpdump}
+
+
+def table(decoder) -> str:
+    rows = [f"| {known.element} | {known.theirs} | {known.why} |" for known in decoder.KNOWN]
+    return "\n".join(["| Element | What it does | Why we differ |", "|---|---|---|", *rows]) + "\n"
+
+
+def check_table(document: str) -> int:
+    text = Path(document).read_text(encoding="utf-8")
+    missing = [name for name, decoder in DECODERS.items()
+               if f"## {name}\n\n{table(decoder)}" not in text]
+    for name in missing:
+        print(f"{document} has not the table of {name}, which is:\n\n{table(DECODERS[name])}")
+    return 1 if missing else 0
+
+
+def main(arguments: list) -> int:
+    match arguments:
+        case ["tshark" | "tcpdump" as name, program, lspping, capture]:
+            return DECODERS[name].compare(program, lspping, capture)
+        case ["table"]:
+            for name, decoder in DECODERS.items():
+                print(f"## {name}\n\n{table(decoder)}")
+            return 0
+        case ["table", document]:
+            return check_table(document)
+    print(__doc__, file=sys.stderr)
+    return 2
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))

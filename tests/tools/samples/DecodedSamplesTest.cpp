@@ -1,0 +1,102 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+
+// What the tool says of the samples is stored beside them, as it was reviewed against the RFCs.
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string contents( fs::path const & path ) {
+   std::ifstream file( path, std::ios::binary );
+   EXPECT_TRUE( file ) << path;
+   return std::string( std::istreambuf_iterator< char >( file ), {} );
+}
+
+std::string quoted( fs::path const & path ) {
+   return "'" + path.string() + "'";
+}
+
+// The status that a command ends with.
+int run( std::string const & command ) {
+   int const status = std::system( command.c_str() );
+   return WIFEXITED( status ) ? WEXITSTATUS( status ) : -1;
+}
+
+// A folder of its own for each test, gone when the test is over.
+class DecodedSamples : public testing::Test {
+ protected:
+   DecodedSamples() {
+      auto const * test = testing::UnitTest::GetInstance()->current_test_info();
+      folder_ = fs::path( testing::TempDir() ) / ( std::string( "decoded-" ) + test->name() );
+      fs::create_directories( folder_ );
+   }
+   ~DecodedSamples() override { fs::remove_all( folder_ ); }
+
+   // Decodes a sample from the project's folder, so that the names it tells of are the stored ones.
+   int decode( std::string const & arguments ) const {
+      return run( "cd " LSPPING_SOURCE " && " LSPPING_PROGRAM " decode " + arguments + " > " +
+                  quoted( out() ) + " 2> " + quoted( err() ) );
+   }
+
+   void expectStored( fs::path const & said, std::string const & name ) const {
+      fs::path const stored = fs::path( LSPPING_SOURCE ) / "samples" / name;
+      if( contents( said ) == contents( stored ) )
+         return;
+      fs::path const difference = folder_ / "difference";
+      run( "diff -u " + quoted( stored ) + " " + quoted( said ) + " > " + quoted( difference ) );
+      ADD_FAILURE() << name << " is not what the tool says now:\n"
+                    << contents( difference )
+                    << "Where that is right, run scripts/renew-samples and review what changed.";
+   }
+
+   fs::path out() const { return folder_ / "out"; }
+   fs::path err() const { return folder_ / "err"; }
+
+ private:
+   fs::path folder_;
+};
+
+} // namespace
+
+TEST_F( DecodedSamples, textOfTheWellFormed ) {
+   EXPECT_EQ( decode( "samples/echo.pcap" ), 0 );
+   expectStored( out(), "echo.txt" );
+   EXPECT_EQ( contents( err() ), "" );
+}
+
+TEST_F( DecodedSamples, jsonOfTheWellFormed ) {
+   EXPECT_EQ( decode( "--json samples/echo.pcap" ), 0 );
+   expectStored( out(), "echo.jsonl" );
+   EXPECT_EQ( contents( err() ), "" );
+}
+
+TEST_F( DecodedSamples, textOfTheMalformed ) {
+   EXPECT_EQ( decode( "samples/malformed.pcap" ), 1 );
+   expectStored( out(), "malformed.txt" );
+   expectStored( err(), "malformed.err" );
+}
+
+TEST_F( DecodedSamples, jsonOfTheMalformed ) {
+   EXPECT_EQ( decode( "--json samples/malformed.pcap" ), 1 );
+   expectStored( out(), "malformed.jsonl" );
+   expectStored( err(), "malformed.err" );
+}
+
+// Each message of the well-formed sample is what it says to be.
+TEST_F( DecodedSamples, wellFormedHaveNoProblem ) {
+   decode( "--json samples/echo.pcap" );
+   std::istringstream lines( contents( out() ) );
+   int messages = 0;
+   for( std::string line; std::getline( lines, line ); ++messages ) {
+      EXPECT_EQ( line.find( "\"valid\":false" ), std::string::npos ) << line;
+      EXPECT_NE( line.find( "\"problems\":[]" ), std::string::npos ) << line;
+   }
+   EXPECT_GT( messages, 0 );
+}
