@@ -73,8 +73,11 @@ class RbTreeMap {
          tree_.emplace_hint( tree_.end(), key, copyOf( *entry ) );
    }
    RbTreeMap( RbTreeMap && ) noexcept = default;
-   RbTreeMap & operator=( RbTreeMap const & other ) { return *this = RbTreeMap( other ); }
-   RbTreeMap & operator=( RbTreeMap && ) noexcept = default;
+   RbTreeMap & operator=( RbTreeMap other ) noexcept {
+      tree_.swap( other.tree_ );
+      version_ = other.version_;
+      return *this;
+   }
    ~RbTreeMap() = default;
 
    /// The map must stay where it is while the iterator is used; it may change.

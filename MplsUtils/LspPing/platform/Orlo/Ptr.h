@@ -40,12 +40,8 @@ class Ptr {
    }
 
    // The old node goes last: its destruction may reach this very handle.
-   Ptr & operator=( Ptr const & other ) noexcept {
-      Ptr( other ).swap( *this );
-      return *this;
-   }
-   Ptr & operator=( Ptr && other ) noexcept {
-      Ptr( std::move( other ) ).swap( *this );
+   Ptr & operator=( Ptr other ) noexcept {
+      swap( other );
       return *this;
    }
 
