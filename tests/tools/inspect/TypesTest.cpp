@@ -71,9 +71,8 @@ TEST( Types, refusesNamesThatAreNotRegistered ) {
 }
 
 // The enterprise number is a choice of the build; the reference was made with the usual one.
+#if LSPPING_VENDOR_IANA == 32473
 TEST( Types, printsTheReferenceThatIsKept ) {
-   if( LSPPING_VENDOR_IANA != 32473 )
-      GTEST_SKIP();
    std::ifstream file( LSPPING_TYPES_REFERENCE );
    ASSERT_TRUE( file.is_open() );
    std::ostringstream kept;
@@ -81,5 +80,6 @@ TEST( Types, printsTheReferenceThatIsKept ) {
    EXPECT_EQ( runTypes( "", false, true ).out, kept.str() )
       << "docs/types.md is not current: build the target types-reference";
 }
+#endif
 
 } // namespace
