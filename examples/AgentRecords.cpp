@@ -21,6 +21,12 @@ LspPingTlvType typeOf( Bytes tlv ) {
       reinterpret_cast< LspPingTlvHdr const * >( tlv.data() )->type() );
 }
 
+// What a record has no place for is told, not lost in silence.
+void tell( EchoRecords::Kept kept ) {
+   if( !kept.lost.empty() )
+      std::cout << "not in the records: " << kept.lost << '\n';
+}
+
 EchoRecords::Records recordsOf( Bytes message ) {
    EchoRecords::Records records;
    Bytes left = message.subspan( sizeof( LspPingHdr ) );
@@ -31,18 +37,20 @@ EchoRecords::Records recordsOf( Bytes message ) {
          std::size_t position = 0;
          for( Bytes fec = EchoRecords::takeElement( fecs ); !fec.empty();
               fec = EchoRecords::takeElement( fecs ) )
-            records.addFec( position++, fec );
+            tell( records.addFec( position++, fec ) );
       } else if( typeOf( tlv ) == LspPingTlvType::DownstreamDetailedMapping ) {
          EchoRecords::Mapping mapping;
-         if( !EchoRecords::detailedMapping( tlv, mapping ) )
+         EchoRecords::Kept const kept = EchoRecords::detailedMapping( tlv, mapping );
+         tell( kept );
+         if( !kept.isKept )
             continue;
          Bytes subTlvs = EchoRecords::subTlvsOf( tlv );
          for( Bytes subTlv = EchoRecords::takeElement( subTlvs ); !subTlv.empty();
               subTlv = EchoRecords::takeElement( subTlvs ) )
-            EchoRecords::mappingSubTlv( subTlv, mapping );
-         records.addMapping( LspPingDownstreamMappingType::downstreamDetailedMap, mapping );
+            tell( EchoRecords::mappingSubTlv( subTlv, mapping ) );
+         tell( records.addMapping( LspPingDownstreamMappingType::downstreamDetailedMap, mapping ) );
       } else {
-         records.addTlv( tlv );
+         tell( records.addTlv( tlv ) );
       }
    }
    return records;

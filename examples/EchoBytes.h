@@ -29,4 +29,13 @@ inline Bytes withoutPadding( Bytes element ) noexcept {
    return element.first( sizeof( *header ) + header->length() );
 }
 
+constexpr Kept keptWhole{ true, {} };
+constexpr Kept keptWithout( std::string_view lost ) noexcept {
+   return { true, lost };
+}
+constexpr Kept notKept( std::string_view why ) noexcept {
+   return { false, why };
+}
+constexpr Kept notWellFormed = notKept( "not well-formed" );
+
 } // namespace EchoRecords

@@ -1,29 +1,37 @@
 #include "examples/EchoBytes.h"
 #include "examples/EchoRecords.h"
 
+#include <array>
+#include <cstring>
+#include <utility>
+
 namespace EchoRecords {
 
 using namespace LspPing;
 
 namespace {
 
+constexpr Kept noAddresses = notKept( "no attributes for this address type" );
+
 // Type, length and value of a set of addresses or labels or of a list; leaves the mapping alone if
 // they do not agree. RFC 8029 section 3.4.1.1.1.
-bool multipath( U8 type, Bytes information, Mapping & mapping ) {
+Kept multipath( U8 type, Bytes information, Mapping & mapping ) {
    constexpr U8 addressSet = static_cast< U8 >( LspPingMultipathType::maskedIpSetMultipath );
    constexpr U8 labelSet = static_cast< U8 >( LspPingMultipathType::maskedLabelSetMultipath );
-   if( type == 0 )
-      return information.empty();
-   if( type != addressSet && type != labelSet ) {
-      mapping.multipathType = type; // a list has no attribute
-      return true;
+   if( type == 0 && !information.empty() )
+      return notWellFormed;
+   if( information.empty() ) {
+      mapping.multipathType = type;
+      return keptWhole;
    }
-   // Addresses of 127/8 are seen in mappings of IPv6, too, where they should be IPv4-mapped.
-   bool const isIpv6 = type == addressSet && mapping.dsIpAddr.isIpv6() && information.size() > 16 &&
-                       information[0] != 127;
+   if( type != addressSet && type != labelSet ) {
+      mapping.multipathType = type;
+      return keptWithout( "multipath information that is no set" );
+   }
+   bool const isIpv6 = hasIpv6Addresses( type, information, mapping.dsIpAddr.isIpv6() );
    std::size_t const baseSize = isIpv6 ? 16 : 4;
    if( information.size() <= baseSize || information.size() % 4 != 0 )
-      return false;
+      return notWellFormed;
    if( isIpv6 )
       mapping.dsMultipathBaseAddr = valueAt< Velnet::Ip6Addr >( information, 0 );
    else if( type == addressSet )
@@ -33,12 +41,13 @@ bool multipath( U8 type, Bytes information, Mapping & mapping ) {
    mapping.dsMultipathBitset = LspPingMultipathBitset( static_cast< U32 >( mask.size() ) );
    for( std::size_t at = mask.size(); at-- > 0; )
       mapping.dsMultipathBitset.bitsetIs( static_cast< U32 >( at ), mask[at] );
-   return true;
+   return type == labelSet ? keptWithout( "the base label of the multipath information" )
+                           : keptWhole;
 }
 
-bool downstreamLabels( Bytes entries, Mapping & mapping ) {
+Kept downstreamLabels( Bytes entries, Mapping & mapping ) {
    if( entries.size() % sizeof( LspPingDownstreamLabelEntry ) != 0 )
-      return false;
+      return notWellFormed;
    LspPingDownstreamLabelStack labels;
    for( std::size_t at = 0; at < entries.size(); at += 4 ) {
       labels.labelEntryIs( static_cast< U32 >( at / 4 ),
@@ -46,61 +55,64 @@ bool downstreamLabels( Bytes entries, Mapping & mapping ) {
    }
    // Whoever asks for `valid()` later asks for `validEnds()` first: the stack may be endless to it.
    labels.sizeIs( static_cast< U32 >( entries.size() / 4 ) );
-   mapping.labelStack = labels;
-   return true;
+   mapping.labelStack = std::move( labels );
+   return keptWhole;
 }
 
 // One FEC or, as the RFC uses the word for both, the TLV of a whole stack around it: then its
 // length counts what follows, where that of an LDP IPv4 FEC is always 5.
-bool changedFec( Bytes fecTlv, LspPingFecInfo & info ) {
+Kept changedFec( Bytes fecTlv, LspPingFecInfo & info ) {
    Bytes left = fecTlv;
    Bytes fec = takeElement( left );
    auto const * header = laid< LspPingTlvHdr >( fec );
    if( header == nullptr || !left.empty() )
-      return false;
+      return notKept( "not one FEC" );
    if( header->type() == static_cast< U16 >( LspPingTlvType::TargetFecStack ) &&
        header->length() != 5 ) {
       left = withoutPadding( fec ).subspan( sizeof( LspPingTlvHdr ) );
       fec = takeElement( left );
       if( !left.empty() )
-         return false;
+         return notKept( "not one FEC" );
    }
    return fecInfo( fec, info );
 }
 
-bool fecStackChange( Bytes value, Mapping & mapping ) {
-   auto const * view = laid< LspPingFecStackChangeSubTlv >( value );
+// The FEC's length may leave out its padding, which follows all the same: in the sub-TLV or as its
+// padding.
+Kept fecStackChange( Bytes subTlv, Mapping & mapping ) {
+   auto const * view = laid< LspPingFecStackChangeSubTlv >( subTlv );
    if( view == nullptr || view->addrType() > 2 )
-      return false;
+      return notWellFormed;
    std::size_t const fixedPart = view->addrType() == 0   ? sizeof( *view )
                                  : view->addrType() == 1 ? sizeof( LspPingFecStackChangeV4SubTlv )
                                                          : sizeof( LspPingFecStackChangeV6SubTlv );
-   LspPingFecInfo info;
-   if( value.size() != fixedPart + view->fecTlvLen() ||
-       !changedFec( value.subspan( fixedPart ), info ) )
-      return false;
+   std::size_t const size = withoutPadding( subTlv ).size();
+   std::size_t const end = fixedPart + view->fecTlvLen();
+   if( end > size || size > ( ( end + 3 ) & ~std::size_t{ 3 } ) )
+      return notWellFormed;
    bool const isPush =
       view->operType() == static_cast< U8 >( LspPingFecStackChangeSubTlvOperType::Push );
    if( !isPush &&
        view->operType() != static_cast< U8 >( LspPingFecStackChangeSubTlvOperType::Pop ) )
-      return false;
-   LspPingFecStackChangeInfo & change = mapping.fecStackChangeInfo;
-   LspPingFecStack stack = isPush ? change.pushTlvInfo() : change.popTlvInfo();
+      return notWellFormed;
+   if( view->fecTlvLen() == 0 )
+      return notKept( "a change without a FEC" );
+   LspPingFecInfo info;
+   Kept const kept = changedFec( subTlv.subspan( fixedPart ), info );
+   if( !kept.isKept )
+      return kept;
+   LspPingFecStack & stack = isPush ? mapping.pushed : mapping.popped;
    if( stack.fecInfo().count() > 0xff )
-      return false;
+      return notKept( "behind 256 changes" );
    stack.fecInfoIs( static_cast< U8 >( stack.fecInfo().count() ), info );
-   if( isPush )
-      change.pushTlvInfoIs( stack );
-   else
-      change.popTlvInfoIs( stack );
-   return true;
+   return view->addrType() == 0 ? kept : keptWithout( "the address of the remote peer" );
 }
 
 template < class View >
-bool detailedMappingOf( Bytes value, Mapping & mapping ) {
+Kept detailedMappingOf( Bytes value, Mapping & mapping ) {
    auto const * view = laid< View >( value );
    if( view == nullptr || !view->valid() )
-      return false;
+      return notWellFormed;
    mapping = {};
    mapping.mtu = view->mtu();
    mapping.addrType = view->addrType();
@@ -112,7 +124,7 @@ bool detailedMappingOf( Bytes value, Mapping & mapping ) {
       mapping.intf = Velnet::IntfId( view->dsIntfId() );
    mapping.retCode = static_cast< LspPingReturnCode >( view->retCode() );
    mapping.retSubcode = view->retSubcode();
-   return true;
+   return keptWhole;
 }
 
 // Bytes of a Downstream Mapping's value up to the multipath information.
@@ -127,6 +139,9 @@ std::size_t fixedPartOf( LspPingDownstreamMappingTlvContainer const & container 
 } // namespace
 
 LspPingDownstreamMappingInfo Mapping::record() const {
+   LspPingFecStackChangeInfo changes;
+   changes.popTlvInfoIs( popped );
+   changes.pushTlvInfoIs( pushed );
    return { mtu,
             addrType,
             dsFlags,
@@ -137,24 +152,34 @@ LspPingDownstreamMappingInfo Mapping::record() const {
             dsMultipathBaseAddr,
             dsMultipathBitset,
             labelStack,
-            fecStackChangeInfo,
+            changes,
             intf,
             retCode,
             retSubcode,
             true };
 }
 
-bool downstreamMapping( Bytes tlv, Mapping & mapping ) {
+bool hasIpv6Addresses( U8 multipathType, Bytes information, bool isMappingIpv6 ) noexcept {
+   constexpr std::array< U8, 12 > mapped{ 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff };
+   return multipathType != static_cast< U8 >( LspPingMultipathType::maskedLabelSetMultipath ) &&
+          information.size() >= sizeof( Velnet::Ip6Addr ) &&
+          ( std::memcmp( information.data(), mapped.data(), mapped.size() ) == 0 ||
+            ( isMappingIpv6 && information[0] != 127 ) );
+}
+
+Kept downstreamMapping( Bytes tlv, Mapping & mapping ) {
    Bytes value = withoutPadding( tlv );
    if( value.empty() )
-      return false;
+      return notWellFormed;
    value = value.subspan( sizeof( LspPingTlvHdr ) );
    LspPingDownstreamMappingTlvContainer container;
    // The container is asked, not changed, through the pointer that it wants writable.
    container.tryCastToTlv( const_cast< U8 * >( value.data() ), static_cast< U32 >( value.size() ) );
+   if( !container.valid() )
+      return notWellFormed;
    // An address type that it does not know is valid, but has no getters.
-   if( !container.valid() || container.getAddrType() < 1 || container.getAddrType() > 4 )
-      return false;
+   if( container.getAddrType() < 1 || container.getAddrType() > 4 )
+      return noAddresses;
    Mapping result;
    result.mtu = container.getMtu().value();
    result.addrType = container.getAddrType();
@@ -165,19 +190,20 @@ bool downstreamMapping( Bytes tlv, Mapping & mapping ) {
    result.depthLimit = container.getDepthLimit();
    Bytes const behind = value.subspan( fixedPartOf( container ) );
    std::size_t const length = container.getMultipathLength().value();
-   if( length > behind.size() ||
-       !multipath( container.getMultipathType(), behind.first( length ), result ) ||
-       !downstreamLabels( behind.subspan( length ), result ) )
-      return false;
+   if( length > behind.size() )
+      return notWellFormed;
+   Kept const kept = multipath( container.getMultipathType(), behind.first( length ), result );
+   if( !kept.isKept || !downstreamLabels( behind.subspan( length ), result ).isKept )
+      return notWellFormed;
    mapping = result;
-   return true;
+   return kept;
 }
 
-bool detailedMapping( Bytes tlv, Mapping & mapping ) {
+Kept detailedMapping( Bytes tlv, Mapping & mapping ) {
    Bytes const value = withoutPadding( tlv );
    auto const * header = laid< LspPingDdmapHdr >( value );
    if( header == nullptr )
-      return false;
+      return notWellFormed;
    switch( static_cast< LspPingAddrType >( header->addrType() ) ) {
    case LspPingAddrType::ipv4Numbered:
       return detailedMappingOf< LspPingDdmapTlv >( value, mapping );
@@ -188,7 +214,7 @@ bool detailedMapping( Bytes tlv, Mapping & mapping ) {
    case LspPingAddrType::ipv6Unnumbered:
       return detailedMappingOf< LspPingDdmapV6UnnumberedTlv >( value, mapping );
    }
-   return false;
+   return noAddresses;
 }
 
 Bytes subTlvsOf( Bytes tlv ) noexcept {
@@ -206,22 +232,23 @@ Bytes subTlvsOf( Bytes tlv ) noexcept {
    return length > value.size() - fixedPart ? Bytes{} : value.subspan( fixedPart, length );
 }
 
-bool mappingSubTlv( Bytes subTlv, Mapping & mapping ) {
+Kept mappingSubTlv( Bytes subTlv, Mapping & mapping ) {
    Bytes const value = withoutPadding( subTlv );
    if( value.empty() )
-      return false;
+      return notWellFormed;
    switch( static_cast< LspPingDDMappingSubTlvType >( laid< LspPingTlvHdr >( value )->type() ) ) {
    case LspPingDDMappingSubTlvType::MultipathData: {
       auto const * view = laid< LspPingMultipathSubTlv >( value );
-      return view != nullptr && value.size() == sizeof( *view ) + view->multipathLength() &&
-             multipath( view->multipathType(), value.subspan( sizeof( *view ) ), mapping );
+      if( view == nullptr || value.size() != sizeof( *view ) + view->multipathLength() )
+         return notWellFormed;
+      return multipath( view->multipathType(), value.subspan( sizeof( *view ) ), mapping );
    }
    case LspPingDDMappingSubTlvType::LabelStack:
       return downstreamLabels( value.subspan( sizeof( LspPingTlvHdr ) ), mapping );
    case LspPingDDMappingSubTlvType::FecStackChange:
-      return fecStackChange( value, mapping );
+      return fecStackChange( subTlv, mapping );
    }
-   return false;
+   return notKept( "no attribute for this sub-TLV" );
 }
 
 } // namespace EchoRecords

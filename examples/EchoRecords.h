@@ -5,15 +5,23 @@
 
 #include <optional>
 #include <span>
+#include <string_view>
 
 // From the views over a message to the records that an agent keeps: an example to copy. It shows
 // which attribute each field of the wire goes to, on the library's public headers alone.
 namespace EchoRecords {
 
 /// An element: its header of type and length, its value and, where there is some, its padding. Each
-/// function below takes it from someone who checked that header and value are there, and answers
-/// false and leaves the record alone if the element is not well-formed.
+/// function below takes it from someone who checked that header and value are there.
 using Bytes = std::span< U8 const >;
+
+/// What became of an element: `isKept` when its record was written, which else is left alone, and
+/// in words what the record has no place for (or why it was not written). Empty where nothing is
+/// lost.
+struct Kept {
+   bool isKept = false;
+   std::string_view lost;
+};
 
 /// Takes the first TLV or sub-TLV off `left`. Empty at the end, and where the next one does not
 /// fit: nothing is left then, as nobody knows where another begins.
@@ -23,8 +31,8 @@ Bytes takeElement( Bytes & left ) noexcept;
 Bytes valueOf( Bytes element ) noexcept;
 
 /// A FEC of the Target FEC Stack, RFC 8029 section 3.2. What its kind does not have keeps its
-/// default. False too for a kind that no attribute can hold.
-bool fecInfo( Bytes subTlv, LspPing::LspPingFecInfo & info );
+/// default.
+Kept fecInfo( Bytes subTlv, LspPing::LspPingFecInfo & info );
 
 /// A downstream mapping while it is put together: the record itself is fixed once it is
 /// constructed.
@@ -39,7 +47,8 @@ struct Mapping {
    Velnet::IpGenAddr dsMultipathBaseAddr;
    LspPing::LspPingMultipathBitset dsMultipathBitset;
    LspPing::LspPingDownstreamLabelStack labelStack;
-   LspPing::LspPingFecStackChangeInfo fecStackChangeInfo;
+   LspPing::LspPingFecStack popped;
+   LspPing::LspPingFecStack pushed;
    Velnet::IntfId intf;
    LspPing::LspPingReturnCode retCode = LspPing::LspPingReturnCode::noRetCode;
    U8 retSubcode = 0;
@@ -47,23 +56,28 @@ struct Mapping {
    LspPing::LspPingDownstreamMappingInfo record() const;
 };
 
+/// Whether the addresses of this multipath information take 16 bytes (RFC 8029 section 3.4.1.1.1:
+/// in IPv6 they are IPv4-mapped). It is not said that their family is the mapping's own, and
+/// addresses of 127/8 are seen in mappings of IPv6.
+bool hasIpv6Addresses( U8 multipathType, Bytes information, bool isMappingIpv6 ) noexcept;
+
 /// A whole Downstream Mapping TLV, RFC 8029 appendix A.2. Of the multipath information only the
 /// sets have a place in the record: a base address (of a set of addresses) and the bits.
-bool downstreamMapping( Bytes tlv, Mapping & mapping );
+Kept downstreamMapping( Bytes tlv, Mapping & mapping );
 
 /// The fixed part of a Downstream Detailed Mapping TLV, RFC 8029 section 3.4.
-bool detailedMapping( Bytes tlv, Mapping & mapping );
+Kept detailedMapping( Bytes tlv, Mapping & mapping );
 /// The bytes behind that part, as many as it says; empty if they are not all there.
 Bytes subTlvsOf( Bytes tlv ) noexcept;
 /// One of the sub-TLVs: Multipath Data, Label Stack or FEC Stack Change. Of the latter there can be
 /// several; their FECs are numbered from 0 in the order in which they come.
-bool mappingSubTlv( Bytes subTlv, Mapping & mapping );
+Kept mappingSubTlv( Bytes subTlv, Mapping & mapping );
 
 /// An Interface and Label Stack TLV, RFC 8029 section 3.7.
-bool intfAndLabelStack( Bytes tlv, LspPing::LspPingIntfAndLabelStackInfo & info );
+Kept intfAndLabelStack( Bytes tlv, LspPing::LspPingIntfAndLabelStackInfo & info );
 
 /// A Pad TLV, RFC 8029 section 3.5. The record's length is the one that the TLV tells.
-bool padInfo( Bytes tlv, LspPing::LspPingPadInfo & info );
+Kept padInfo( Bytes tlv, LspPing::LspPingPadInfo & info );
 
 /// What a message leaves behind; empty where it has no such element.
 struct Records {
@@ -72,14 +86,14 @@ struct Records {
    std::optional< LspPing::LspPingIntfAndLabelStackInfo > intfAndLabelStack;
    std::optional< LspPing::LspPingPadInfo > pad;
 
-   /// A FEC that is not well-formed leaves its position, counted from 0, free.
-   void addFec( std::size_t position, Bytes subTlv );
+   /// A FEC that is not kept leaves its position, counted from 0, free.
+   Kept addFec( std::size_t position, Bytes subTlv );
    /// All mappings of the set come from TLVs of the first one's kind. The next free index is taken,
    /// from 0; behind 255 there is none.
-   void addMapping( LspPing::LspPingDownstreamMappingType kind, Mapping const & mapping );
-   /// A TLV other than those that consist of sub-TLVs. Of each kind that a message has once, the
-   /// first one counts.
-   void addTlv( Bytes tlv );
+   Kept addMapping( LspPing::LspPingDownstreamMappingType kind, Mapping const & mapping );
+   /// A TLV other than those that consist of sub-TLVs; nothing is lost of one that has no record.
+   /// Of each kind that a message has once, the first one counts.
+   Kept addTlv( Bytes tlv );
 };
 
 } // namespace EchoRecords

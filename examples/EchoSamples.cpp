@@ -33,7 +33,6 @@ void withLdpTarget( MessageBuilder & message ) {
 MessageBuilder dontReply() {
    MessageBuilder message = request( 1 );
    auto & header = message.at< LspPingHdr >( 0 );
-   header.versionIs( 2 );
    header.globalFlagsIs( numberOf( LspPingHeaderFlags::rFlag ) | 3 );
    header.replyModeIs( numberOf( LspPingReplyMode::DontReply ) );
    withLdpTarget( message );

@@ -60,6 +60,13 @@ MessageBuilder bytesLeftOver() {
    return message;
 }
 
+// The views read it, but no RFC knows it.
+MessageBuilder nextVersion() {
+   MessageBuilder message = wellFormed();
+   message.at< LspPingHdr >( 0 ).versionIs( 2 );
+   return message;
+}
+
 MessageBuilder unknownVersion() {
    MessageBuilder message = wellFormed();
    message.at< LspPingHdr >( 0 ).versionIs( 3 );
@@ -246,7 +253,8 @@ std::vector< Frame > malformedSamples() {
                                  mappingWithoutSubTlvs,
                                  multipathTooLong,
                                  opaqueValueTooLong,
-                                 padCut } )
+                                 padCut,
+                                 nextVersion } )
       frames.push_back( frameOf( malformed() ) );
    for( std::size_t const count : { 4u, 20u, 44u } )
       frames.push_back( cutByCapture( count ) );

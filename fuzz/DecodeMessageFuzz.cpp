@@ -46,7 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput( U8 const * data, std::size_t size ) {
    std::copy( data, data + size, block.get() );
 
    static LspPingTool::Message message;
-   LspPingTool::walk( { block.get() + 1, size - 1 }, padding, message );
+   LspPingTool::walk( { block.get() + 1, size - 1 }, { padding, ( data[0] & 1 ) != 0 }, message );
    if( !isOrdered( message ) )
       std::abort();
 

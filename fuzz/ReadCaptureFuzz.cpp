@@ -17,7 +17,7 @@ void readAll( LspPingTool::EchoSource && source ) {
    for( ;; ) {
       switch( source.next() ) {
       case LspPingTool::EchoSource::Step::message:
-         LspPingTool::walk( source.packet().payload, source.packet().possiblePadding, message );
+         LspPingTool::walk( source.packet(), message );
          break;
       case LspPingTool::EchoSource::Step::error:
          if( source.error().message().empty() )

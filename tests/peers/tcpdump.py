@@ -69,11 +69,6 @@ def references(table: dict) -> str:
 
 
 KNOWN = [
-    Known("messages of version 2", "\"packet not supported\"",
-          "the bytes are shown as those of version 1, the only one that RFC 8029 section 3 defines,"
-          " and the number for the reader to judge",
-          holds=lambda c: c.node.message["message"]["attributes"]["version"] == 2
-          and c.attribute not in NETWORK),
     Known("messages in an associated channel", "shows bytes",
           "label 13 says that a channel follows, RFC 5586 section 4: an IP packet or the message"
           " alone, RFC 6426 sections 3.2 and 3.3",

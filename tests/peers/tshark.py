@@ -207,11 +207,6 @@ def has_no_peer(node: Node) -> bool:
 
 
 KNOWN = [
-    Known("messages of version 2", "takes them for bytes without meaning",
-          "the bytes are shown as those of version 1, the only one that RFC 8029 section 3 defines,"
-          " and the number for the reader to judge",
-          holds=lambda c: c.node.message["message"]["attributes"]["version"] == 2
-          and c.attribute not in NETWORK),
     Known("a time stamp of zero", "shows 1970-01-01",
           "a request has no time of receipt yet, RFC 8029 section 3; zero seconds are 1900 in NTP's"
           " format, RFC 5905 section 6",

@@ -47,12 +47,12 @@ inline Bytes const nil = tlv( 16, { 0, 0, 0x30, 0 } );
 /// The message in a block of the heap of just its size, at an odd address, walked.
 class Decoded {
  public:
-   explicit Decoded( Bytes const & bytes, std::size_t possiblePadding = 0 )
+   explicit Decoded( Bytes const & bytes, LspPingTool::MessageEnd end = {} )
       : block_( new U8[bytes.size() + 1] ) {
       std::copy( bytes.begin(), bytes.end(), block_.get() + 1 );
       packet_.number = 1;
       packet_.payload = { block_.get() + 1, bytes.size() };
-      LspPingTool::walk( packet_.payload, possiblePadding, message_ );
+      LspPingTool::walk( packet_.payload, end, message_ );
    }
 
    LspPingTool::EchoPacket & packet() { return packet_; }

@@ -63,6 +63,28 @@ TEST( Elements, tellAnAddressTypeThatIsNotKnown ) {
               "   ! offset 32: DownstreamDetailedMapping: address type 9 is not known\n" );
 }
 
+// RFC 6426 section 2.1.1: interfaces by their numbers, of the downstream node and of this one.
+TEST( Elements, showMappingsWithoutIp ) {
+   Decoded const detailed( request +
+                           tlv( 20, { 5, 0xdc, 5, 0, 0, 0, 0, 7, 0, 0, 0, 8, 15, 1, 0, 0 } ) );
+   EXPECT_EQ( detailed.elements(), "   DdmapHdr( mtu: 1500, addrType: 5, dsFlags: 0 )\n"
+                                   "      NonIp( ingressIfNum: 7, egressIfNum: 8, retCode: 15, "
+                                   "retSubcode: 1, subTlvLen: 0 )\n" );
+   EXPECT_THAT( detailed.json(),
+                testing::HasSubstr( R"(,"nonIp":{"ingressIfNum":7,"egressIfNum":8,"retCode":15,)"
+                                    R"("retSubcode":1,"subTlvLen":0},"subTlvs":[]})" ) );
+   EXPECT_EQ(
+      elementsOf( tlv( 2, { 5, 0xdc, 5, 0, 0, 0, 0, 7, 0, 0, 0, 8, 0, 3, 0, 0, 0, 6, 0x41, 3 } ) ),
+      "   DownstreamMappingHdr( mtu: 1500, addrType: 5, dsFlags: 0 )\n"
+      "      NonIp( ingressIfNum: 7, egressIfNum: 8, multipathType: 0, depthLimit: 3, "
+      "multipathLength: 0 )\n"
+      "      Label( 100, TC: 0, S: 1, Protocol: dsInfoSignalingProtocolLdp )\n" );
+   EXPECT_EQ( elementsOf( tlv( 20, { 5, 0xdc, 5, 0, 0, 0, 0, 7 } ) ),
+              "   DownstreamDetailedMapping( Code: 20, Length: 8, Bytes: 0014000805dc050000000007 "
+              ")\n"
+              "   ! offset 32: DownstreamDetailedMapping: length 8 is too short, needed 16\n" );
+}
+
 TEST( Elements, showTheSubTlvsOfADetailedMapping ) {
    Bytes const multipath = tlv( 1, { 8, 0, 8, 0, 127, 2, 1, 0, 0x87, 0xff, 0x0f, 0xfc } );
    Bytes const labels = tlv( 2, { 0x18, 0x96, 0x0e, 3, 0, 6, 0x41, 9 } );
@@ -120,7 +142,32 @@ TEST( Elements, showMultipathInformationByItsType ) {
               "         Multipath( maskedIpSetMultipath: ::ffff:127.2.1.0-::ffff:127.2.1.1 )\n" );
    EXPECT_EQ( multipathOf( 4, { 127, 0, 0, 1, 127, 0 } ),
               "         Multipath( ipRangeMultipath: 127.0.0.1 )\n"
-              "   ! offset 60: MultipathData: multipath information of 6 bytes for type 4\n" );
+              "   ! offset 60: MultipathData: multipath information of 6 bytes for type 4\n"
+              "      Bytes( 7f0000017f00 )\n" );
+}
+
+TEST( Elements, tellMultipathInformationThatDoesNotFitItsType ) {
+   auto const problemOf = []( U8 type, std::size_t length ) {
+      std::string const all = multipathOf( type, Bytes( length, 1 ) );
+      std::size_t const at = all.find( "!" );
+      return at == std::string::npos ? "" : all.substr( at, all.find( '\n', at ) - at );
+   };
+   auto const told = []( U8 type, std::size_t length ) {
+      return "! offset 60: MultipathData: multipath information of " + std::to_string( length ) +
+             " bytes for type " + std::to_string( type );
+   };
+   EXPECT_EQ( problemOf( 0, 4 ),
+              "! offset 60: MultipathData: no multipath, but information of 4 bytes" );
+   EXPECT_EQ( problemOf( 2, 4 ), "" );
+   EXPECT_EQ( problemOf( 2, 6 ), told( 2, 6 ) );
+   EXPECT_EQ( problemOf( 4, 8 ), "" );
+   EXPECT_EQ( problemOf( 4, 4 ), told( 4, 4 ) );
+   EXPECT_EQ( problemOf( 8, 8 ), "" );
+   EXPECT_EQ( problemOf( 8, 4 ), told( 8, 4 ) );
+   EXPECT_EQ( problemOf( 8, 9 ), told( 8, 9 ) );
+   EXPECT_EQ( problemOf( 9, 8 ), "" );
+   EXPECT_EQ( problemOf( 9, 4 ), told( 9, 4 ) );
+   EXPECT_EQ( problemOf( 9, 6 ), told( 9, 6 ) );
 }
 
 TEST( Elements, showTheOldMappingWithItsLabels ) {
@@ -171,6 +218,10 @@ TEST( Elements, showSubTlvsOfOurVendorOnly ) {
    EXPECT_EQ( elementsOf( tlv( 65261, { 0, 0, 0, 9, 1, 2 } ) ),
               "   Invalid Velora Vendor Private TLV\n"
               "      Bytes( feed0006000000090102 )\n" );
+   // What looks like one of ours is not taken for it.
+   EXPECT_EQ( elementsOf( tlv( 65261, Bytes{ 0, 0, 0, 9 } + label ) ),
+              "   Invalid Velora Vendor Private TLV\n"
+              "      Bytes( feed000c000000090001000400028000 )\n" );
 }
 
 // The generalized FEC is read as far as its length says: never beyond the bytes that are there.
@@ -192,6 +243,7 @@ TEST( Elements, showPseudowires ) {
               "   ! offset 36: FEC129Pseudowire: length 20 needs 24 bytes, had 20\n" );
 }
 
+// Address type 4 is IPv6 for its multipath information too.
 TEST( Elements, takeTheFamilyOfAMappingForItsMultipathInformation ) {
    Bytes const v6{ 0x20, 1, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1 };
    Bytes const six = tlv( 1, Bytes{ 2 } + word( 16 ) + Bytes{ 0 } + v6 );

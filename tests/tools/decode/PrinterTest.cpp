@@ -60,7 +60,7 @@ TEST( TextPrinter, colours ) {
    LspPingTool::TextPrinter printer( LspPingTool::TextPrinter::Colour::on );
    LspPingTool::EchoPacket packet;
    LspPingTool::Message message;
-   LspPingTool::walk( {}, 0, message );
+   LspPingTool::walk( {}, LspPingTool::MessageEnd{}, message );
    printer.print( packet, message );
    EXPECT_EQ( printer.pending(), "\033[1m0 no LspPingHdr( Bytes:  )\033[0m\n"
                                  "   \033[31m! offset 0: header: needed 32 bytes, had 0\033[0m\n" );

@@ -101,8 +101,10 @@ TEST_F( Program, tellsProblemsWithFilePacketAndOffset ) {
                         ": packet 1, offset 48: 1 byte left over after the last TLV: another needs "
                         "4\n" );
    EXPECT_EQ( out(), decodedRequest +
-                        "   ! offset 48: 1 byte left over after the last TLV: another needs 4\n" +
-                        "2" + decodedRequest.substr( 1 ) );
+                        "   ! offset 48: 1 byte left over after the last TLV: another needs 4\n"
+                        "      Bytes( ff )\n"
+                        "2" +
+                        decodedRequest.substr( 1 ) );
 }
 
 TEST_F( Program, goesOnBehindOddDigits ) {

@@ -52,7 +52,8 @@ TEST( Walk, takesNoTlvsBehindAnotherVersionUnlessTheyComeOut ) {
               "   ! offset 0: header: not valid, version 7, message type 1\n" );
    EXPECT_EQ( Decoded( other + Bytes{ 1, 2, 3, 4, 5 } ).elements(),
               "   ! offset 0: header: not valid, version 7, message type 1\n"
-              "   ! offset 32: 5 bytes behind the header are no TLVs\n" );
+              "   ! offset 32: 5 bytes behind the header are no TLVs\n"
+              "      Bytes( 0102030405 )\n" );
 }
 
 // Every length that is too short for an address, and the next element all the same.
@@ -109,7 +110,7 @@ TEST( Walk, goesOnBehindTheTlvOfASubTlvThatIsBeyondIt ) {
               "         Bytes( 0010000800003000 )\n"
               "   EchoJitterTlv( jittertime(9) )\n"
               "   ! offset 36: NilFec: length 8 needs 12 bytes, had 8\n"
-              "   ! offset 36: NilFec: not valid\n" );
+              "   ! offset 36: NilFec: length 8, expected 4\n" );
 }
 
 // 4 + 65535 rounded up is 0 in 16 bits: a walk by such steps would stand still.
@@ -149,7 +150,8 @@ TEST( Walk, tellsBytesLeftOverAfterTheLastTlv ) {
    EXPECT_EQ( elementsOf( tlv( 1, ldp ) + Bytes{ 0 } ),
               "   TargetFecStack\n"
               "      LdpIpv4( '10.1.2.0/24' )\n"
-              "   ! offset 48: 1 byte left over after the last TLV: another needs 4\n" );
+              "   ! offset 48: 1 byte left over after the last TLV: another needs 4\n"
+              "      Bytes( 00 )\n" );
    EXPECT_EQ( elementsOf( tlv( 1, ldp ) + Bytes( 13, 0 ) ),
               "   TargetFecStack\n"
               "      LdpIpv4( '10.1.2.0/24' )\n"
@@ -158,11 +160,11 @@ TEST( Walk, tellsBytesLeftOverAfterTheLastTlv ) {
 
 TEST( Walk, takesZerosThatMayBeTheLinksForPadding ) {
    Bytes const bytes = request + tlv( 1, nil ) + Bytes( 13, 0 );
-   EXPECT_TRUE( Decoded( bytes, 13 ).problems().empty() );
+   EXPECT_TRUE( Decoded( bytes, { 13 } ).problems().empty() );
    // The Nil FEC ends in a zero, which is its own.
-   EXPECT_EQ( Decoded( bytes, 14 ).elements(), "   TargetFecStack\n"
-                                               "      NilFec( '0x3' )\n" );
-   EXPECT_EQ( Decoded( bytes, 12 ).problems().size(), 1u );
+   EXPECT_EQ( Decoded( bytes, { 14 } ).elements(), "   TargetFecStack\n"
+                                                   "      NilFec( '0x3' )\n" );
+   EXPECT_EQ( Decoded( bytes, { 12 } ).problems().size(), 1u );
 }
 
 TEST( Walk, saysWhenALengthCountsThePadding ) {
@@ -180,7 +182,7 @@ TEST( Walk, namesAnInvalidElementWithoutATextOfItsOwn ) {
               "   TargetFecStack\n"
               "      Invalid GenericIpv4SubTlv\n"
               "         Bytes( 000e00060a0102001809 )\n"
-              "   ! offset 36: GenericIpv4: not valid\n" );
+              "   ! offset 36: GenericIpv4: length 6, expected 5\n" );
 }
 
 TEST( Walk, goesOnWithoutAlignmentWhereThatComesOut ) {

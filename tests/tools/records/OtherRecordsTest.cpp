@@ -55,6 +55,7 @@ TEST( Records, standBehindTheElementsAndBeforeTheProblems ) {
               "   Invalid LspPingPadTlv\n"
               "      Bytes( 0003000109 )\n"
               "   LspPing::LspPingPadInfo(padType=1, padding={}, length=1, valid=true)\n"
+              "   not in the records: offset 40: Pad: behind another one\n"
               "   ! offset 40: Pad: not valid\n" );
 }
 
@@ -157,7 +158,7 @@ Counts countsOf( std::string const & capture ) {
       if( step != LspPingTool::EchoSource::Step::message )
          continue;
       LspPingTool::EchoPacket const & packet = reader.packet();
-      LspPingTool::walk( packet.payload, packet.possiblePadding, message );
+      LspPingTool::walk( packet, message );
       EchoRecords::Records const records = LspPingTool::recordsOf( message );
       ++counts.messages;
       counts.fecStacks += records.fecStack.has_value();

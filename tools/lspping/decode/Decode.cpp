@@ -77,7 +77,7 @@ class Decoder {
 
  private:
    void message( EchoPacket const & packet ) {
-      walk( packet.payload, packet.possiblePadding, message_ );
+      walk( packet, message_ );
       printer_->print( packet, message_ );
       if( output_.isTerminal() || printer_->pending().size() >= blockSize )
          flush();

@@ -6,6 +6,7 @@
 #include "tools/lspping/generic/AttributeText.h"
 
 #include <array>
+#include <cstring>
 
 namespace LspPingTool {
 
@@ -91,6 +92,78 @@ constexpr View padView{
    Kiv::typeIdOf< LspPingPadTlv >, 5, 0, true, &padValid, &padText, &padVisit
 };
 
+template < class V >
+constexpr bool isPrefixFec = requires( V const & view ) {
+   view.prefixLen();
+};
+
+bool prefixFlaw( Orlo::StringBuilder & out, U32 bits, U32 longest ) {
+   if( bits <= longest )
+      return false;
+   out.append( "prefix length " );
+   out.appendDecimal( bits );
+   out.append( ", at most " );
+   out.appendDecimal( longest );
+   return true;
+}
+
+bool notValid( Orlo::StringBuilder & out ) {
+   out.append( "not valid" );
+   return true;
+}
+
+// RFC 8029 gives more pseudowires a name than the views take for valid, and each vendor's TLV is as
+// good as ours.
+template < class V, U8 offset >
+bool flawOf( Orlo::StringBuilder & out, U8 const * element, U32 length ) {
+   if constexpr( isPrefixFec< V > ) {
+      V const & fec = laid< V, offset >( element );
+      if( prefixFlaw( out, fec.prefixLen(), 8 * sizeof( fec.ipPrefix() ) ) )
+         return true;
+   }
+   if constexpr( std::is_same_v< V, LspPingVeloraVendorPrivateTlv > ) {
+      return false;
+   } else if constexpr( std::is_same_v< V, LspPingFec128Ipv4SubTlv > ) {
+      if( laid< V, offset >( element ).mbz() == 0 )
+         return false;
+      out.append( "bytes that must be zero are not" );
+      return true;
+   } else if constexpr( std::is_same_v< V, LspPingFec129Ipv4SubTlv > ) {
+      // Whether they fit is seen where they are walked. All types and lengths zero name nothing.
+      static constexpr std::array< U8, 6 > nothing{};
+      if( std::memcmp( element + 14, nothing.data(), nothing.size() ) != 0 )
+         return false;
+      out.append( "no attachment identifiers" );
+      return true;
+   } else {
+      return !viewValid< V, offset >( element, length ) && notValid( out );
+   }
+}
+
+// The root's address, RFC 6425 section 3.1.2.1.
+bool rootFlaw( Orlo::StringBuilder & out, U8 const * element, U32 ) {
+   auto const & fec = laid< LspPingP2mpFecStackSubTlv, 0 >( element );
+   U32 const family = fec.family();
+   U32 const expected = family == 1 ? 4 : 16;
+   if( family != 1 && family != 2 ) {
+      out.append( "address family " );
+      out.appendDecimal( family );
+      out.append( " is not known" );
+   } else if( fec.addrLen() != expected ) {
+      out.append( "root address of " );
+      out.appendDecimal( fec.addrLen() );
+      out.append( " bytes, expected " );
+      out.appendDecimal( expected );
+   } else {
+      return false;
+   }
+   return true;
+}
+
+bool ldpIpv6Flaw( Orlo::StringBuilder & out, U8 const * element, U32 ) {
+   return prefixFlaw( out, element[20], 128 );
+}
+
 constexpr ElementRow unviewed( Context context, U32 code, U16 valueLength,
                                Body body = Body::none ) {
    ElementRow row{ context, static_cast< U16 >( code ), valueLength };
@@ -109,7 +182,24 @@ constexpr ElementRow view( Context context, U32 code, Body body = Body::none,
       valueLength != sizeof( V ) ? valueLength : sizeof( V ) + offset - header );
    row.bodyOffset = static_cast< U8 >( sizeof( V ) + offset );
    row.body = body;
+   row.hasFixedLength = body == Body::none;
    row.view = &viewOf< V, offset, readsValue >;
+   row.flaw = &flawOf< V, offset >;
+   return row;
+}
+
+constexpr ElementRow fixed( ElementRow row ) {
+   row.hasFixedLength = true;
+   return row;
+}
+
+constexpr ElementRow orLength( U16 otherLength, ElementRow row ) {
+   row.otherLength = otherLength;
+   return row;
+}
+
+constexpr ElementRow flawed( decltype( ElementRow::flaw ) flaw, ElementRow row ) {
+   row.flaw = flaw;
    return row;
 }
 
@@ -122,6 +212,7 @@ constexpr ElementRow when( U8 selectorOffset, U32 selector, ElementRow row ) {
 // What the rows before it leave: an address type that no RFC knows.
 constexpr ElementRow otherwise( ElementRow row ) {
    row.isUnknownSelector = true;
+   row.hasFixedLength = false;
    return row;
 }
 
@@ -131,6 +222,7 @@ constexpr ElementRow nonIp( U8 selectorOffset, U8 bodyOffset, ElementRow row ) {
    row = when( selectorOffset, 5, row );
    row.bodyOffset = bodyOffset;
    row.valueLength = bodyOffset - 4;
+   row.isNonIp = true;
    return row;
 }
 
@@ -172,6 +264,9 @@ constexpr auto rows = [] {
       [] {
          ElementRow row = unviewed( message, number( Tlv::Pad ), 1 );
          row.view = &padView;
+         row.flaw = []( Orlo::StringBuilder & out, U8 const * element, U32 length ) {
+            return !padValid( element, length ) && notValid( out );
+         };
          return row;
       }(),
       unviewed( message, number( Tlv::VendorEnterpriseNum ), 4 ),
@@ -195,26 +290,26 @@ constexpr auto rows = [] {
       view< LspPingVeloraVendorPrivateTlv >( message, number( Tlv::VeloraVendorPrivate ), Body::vendorTlvs ),
 
       view< LspPingLdpIpv4SubTlv >( fec, number( Fec::LDPIpv4 ), Body::none, 5 ),
-      unviewed( fec, number( Fec::LDPIpv6 ), 17 ),
+      flawed( &ldpIpv6Flaw, fixed( unviewed( fec, number( Fec::LDPIpv6 ), 17 ) ) ),
       view< LspPingRsvpIpv4SubTlv >( fec, number( Fec::RSVPIpv4Lsp ) ),
-      unviewed( fec, number( Fec::RSVPIpv6Lsp ), 56 ),
+      fixed( unviewed( fec, number( Fec::RSVPIpv6Lsp ), 56 ) ),
       view< LspPingVpnIpv4SubTlv >( fec, number( Fec::VPNIpv4 ), Body::none, 13 ),
       view< LspPingVpnIpv6SubTlv >( fec, number( Fec::VPNIpv6 ), Body::none, 25 ),
-      unviewed( fec, number( Fec::L2VPNEndpoint ), 14 ),
+      fixed( unviewed( fec, number( Fec::L2VPNEndpoint ), 14 ) ),
       view< LspPingFec128Ipv4SubTlv >( fec, number( Fec::FEC128Pseudowire ), Body::none, 14 ),
-      view< LspPingFec129Ipv4SubTlv, 0, true >( fec, number( Fec::FEC129Pseudowire ), Body::none, 16 ),
+      view< LspPingFec129Ipv4SubTlv, 0, true >( fec, number( Fec::FEC129Pseudowire ), Body::identifiers, 16 ),
       view< LspPingBgpLuIpv4SubTlv >( fec, number( Fec::BGPLabeledIpv4 ), Body::none, 5 ),
       view< LspPingBgpLuIpv6SubTlv >( fec, number( Fec::BGPLabeledIpv6 ), Body::none, 17 ),
       view< LspPingGenericIpv4SubTlv >( fec, number( Fec::GenericIpv4 ), Body::none, 5 ),
       view< LspPingGenericIpv6SubTlv >( fec, number( Fec::GenericIpv6 ), Body::none, 17 ),
       view< LspPingNilFecSubTlv >( fec, number( Fec::NilFec ) ),
       view< LspPingRsvpP2mpIpv4SubTlv >( fec, number( Fec::RSVPP2MPIpv4 ) ),
-      view< LspPingP2mpFecStackSubTlv >( fec, number( Fec::P2mpFec ), Body::opaqueValue ),
+      flawed( &rootFlaw, view< LspPingP2mpFecStackSubTlv >( fec, number( Fec::P2mpFec ), Body::opaqueValue ) ),
       view< LspPingEntropyLabelFecSubTlv >( fec, number( Fec::EntropyLabel ) ),
-      view< LspPingSrIpv4SubTlv >( fec, number( Fec::SRIpv4 ), Body::none, 6 ),
-      view< LspPingSrIpv6SubTlv >( fec, number( Fec::SRIpv6 ), Body::none, 18 ),
-      view< LspPingSrIpv4SubTlv >( fec, number( Fec::SRIpv4Deprecated ), Body::none, 6 ),
-      view< LspPingSrIpv6SubTlv >( fec, number( Fec::SRIpv6Deprecated ), Body::none, 18 ),
+      orLength( 8, view< LspPingSrIpv4SubTlv >( fec, number( Fec::SRIpv4 ), Body::none, 6 ) ),
+      orLength( 20, view< LspPingSrIpv6SubTlv >( fec, number( Fec::SRIpv6 ), Body::none, 18 ) ),
+      orLength( 8, view< LspPingSrIpv4SubTlv >( fec, number( Fec::SRIpv4Deprecated ), Body::none, 6 ) ),
+      orLength( 20, view< LspPingSrIpv6SubTlv >( fec, number( Fec::SRIpv6Deprecated ), Body::none, 18 ) ),
 
       view< LspPingMultipathSubTlv >( mapping, number( LspPingDDMappingSubTlvType::MultipathData ), Body::multipath ),
       unviewed( mapping, number( LspPingDDMappingSubTlvType::LabelStack ), 0, Body::protocolLabels ),
@@ -223,10 +318,10 @@ constexpr auto rows = [] {
       when( 5, 0, view< LspPingFecStackChangeUnspecifiedSubTlv >( mapping, change, changed ) ),
       otherwise( view< LspPingFecStackChangeSubTlv >( mapping, change ) ),
 
-      unviewed( responder, number( LspPingP2mpRespTlvType::EgrAddr4 ), 4 ),
-      unviewed( responder, number( LspPingP2mpRespTlvType::EgrAddr6 ), 16 ),
-      unviewed( responder, number( LspPingP2mpRespTlvType::NodeAddr4 ), 4 ),
-      unviewed( responder, number( LspPingP2mpRespTlvType::NodeAddr6 ), 16 ),
+      fixed( unviewed( responder, number( LspPingP2mpRespTlvType::EgrAddr4 ), 4 ) ),
+      fixed( unviewed( responder, number( LspPingP2mpRespTlvType::EgrAddr6 ), 16 ) ),
+      fixed( unviewed( responder, number( LspPingP2mpRespTlvType::NodeAddr4 ), 4 ) ),
+      fixed( unviewed( responder, number( LspPingP2mpRespTlvType::NodeAddr6 ), 16 ) ),
 
       view< LspPingMultiLabelSubTlv >( Context::vendorPrivate, number( LspPingVeloraVendorPrivateType::MultiLabel ) ),
 

@@ -25,6 +25,7 @@ enum class Context : U8 {
 /// What stands behind an element's fixed part.
 enum class Body : U8 {
    none,
+   identifiers,    ///< the three attachment identifiers of a pseudowire
    tlvs,           ///< copies of TLVs of the request
    fecs,           ///< the stack of FECs
    ddmapSubTlvs,   ///< as many bytes as the word before them says
@@ -63,6 +64,9 @@ struct ElementRow {
    U16 code = 0;
    /// Value bytes without which the element says nothing; a view adds the padding that it covers.
    U16 valueLength = 0;
+   /// The value has just that length, or the other one where there are two.
+   bool hasFixedLength = false;
+   U16 otherLength = 0;
    /// Bytes in front of the body, counted from the element's first byte.
    U8 bodyOffset = 0;
    Body body = Body::none;
@@ -72,6 +76,11 @@ struct ElementRow {
    U8 selector = 0;
    /// Not a value that the selecting byte may have.
    bool isUnknownSelector = false;
+   /// Address type 5: the fixed part names interfaces by number, which no view describes.
+   bool isNonIp = false;
+   /// What contradicts an RFC though the length is right, in words, into `out`; false where nothing
+   /// does. The element's value is there, for `valueLength` bytes at least, and a view's bytes are.
+   bool ( *flaw )( Orlo::StringBuilder & out, U8 const * element, U32 length ) = nullptr;
    /// Null where the library has no view: the element is its bytes.
    View const * view = nullptr;
 };

@@ -141,6 +141,13 @@ void JsonPrinter::element( Message const & message, std::size_t index ) {
          },
          &target );
    }
+   if( element.isViewed && element.row->isNonIp ) {
+      writeKey( json_, "nonIp" );
+      json_.StartObject();
+      for( NamedNumber const & field : nonIpFields( message, element ) )
+         member( field.name, field.number );
+      json_.EndObject();
+   }
    if( showsBytes( element ) )
       bytesMember( "hex", message.bytesOf( element ) );
    if( element.hasMultipath )
@@ -223,12 +230,23 @@ void JsonPrinter::records( Message const & message ) {
       writeKey( json_, key );
       writeAttributes( json_, Kiv::typeOf< Record >(), &*record );
    };
-   EchoRecords::Records const records = recordsOf( message );
+   MessageRecords const records = recordsOf( message );
    json_.StartObject();
    object( "fecStack", records.fecStack );
    object( "downstreamMappings", records.downstreamMappings );
    object( "intfAndLabelStack", records.intfAndLabelStack );
    object( "pad", records.pad );
+   if( !records.leftOut.empty() ) {
+      writeKey( json_, "leftOut" );
+      json_.StartArray();
+      for( Problem const & leftOut : records.leftOut ) {
+         json_.StartObject();
+         member( "offset", leftOut.offset );
+         member( "what", leftOut.text );
+         json_.EndObject();
+      }
+      json_.EndArray();
+   }
    json_.EndObject();
 }
 
@@ -239,6 +257,8 @@ void JsonPrinter::problems( EchoPacket const & packet, Message const & message )
          json_.StartObject();
          member( "offset", problem.offset );
          member( "problem", problem.text );
+         if( problem.strayBytes != 0 )
+            bytesMember( "hex", message.bytesOf( problem ) );
          json_.EndObject();
       }
    }

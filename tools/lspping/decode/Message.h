@@ -18,6 +18,8 @@ struct Element {
    U32 totalLength = 0;
    /// How much of header and value is there; less than the length says in a cut element.
    U32 present = 0;
+   /// With the padding that is there, up to where the next element can begin.
+   U32 occupied = 0;
    U32 code = 0;
    /// Its descendants are the elements from the next one up to here.
    U32 after = 0;
@@ -29,6 +31,10 @@ struct Element {
    bool isViewed = false;
    bool isValid = false;
    bool isCopied = false;
+   /// The length would be right without the padding.
+   bool countsPadding = false;
+   /// There is more in it than its view and what it contains say.
+   bool hidesBytes = false;
 
    /// Multipath information, where it is there.
    bool hasMultipath = false;
@@ -63,6 +69,9 @@ struct Message {
    /// Its own bytes that are there.
    std::span< U8 const > bytesOf( Element const & element ) const noexcept {
       return bytes.subspan( element.offset, element.present );
+   }
+   std::span< U8 const > bytesOf( Problem const & problem ) const noexcept {
+      return bytes.subspan( problem.offset, problem.strayBytes );
    }
 };
 

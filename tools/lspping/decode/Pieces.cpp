@@ -1,5 +1,6 @@
 #include "tools/lspping/decode/Pieces.h"
 
+#include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
 #include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
 
 #include <array>
@@ -74,8 +75,26 @@ void appendViewText( Orlo::StringBuilder & out, Message const & message, Element
 
 bool showsBytes( Element const & element ) noexcept {
    if( element.isViewed )
-      return !element.isValid || element.row->isUnknownSelector;
+      return !element.isValid || element.row->isUnknownSelector || element.hidesBytes;
    return element.row == nullptr || element.row->view != nullptr || element.row->body == Body::none;
+}
+
+std::vector< NamedNumber > nonIpFields( Message const & message, Element const & element ) {
+   U8 const * const at = message.bytes.data() + element.offset;
+   // The numbers have no alignment.
+   auto const u32 = [at]( std::size_t offset ) {
+      return reinterpret_cast< Velnet::NetU32 const * >( at + offset )->value();
+   };
+   U32 const length = reinterpret_cast< Velnet::NetU16 const * >( at + 18 )->value();
+   std::vector< NamedNumber > fields{ { "ingressIfNum", u32( 8 ) }, { "egressIfNum", u32( 12 ) } };
+   if( element.row->body == Body::ddmapSubTlvs )
+      fields.insert( fields.end(),
+                     { { "retCode", at[16] }, { "retSubcode", at[17] }, { "subTlvLen", length } } );
+   else
+      fields.insert(
+         fields.end(),
+         { { "multipathType", at[16] }, { "depthLimit", at[17] }, { "multipathLength", length } } );
+   return fields;
 }
 
 Label labelAt( U8 const * bytes ) noexcept {

@@ -6,6 +6,8 @@
 #include "tools/lspping/decode/Message.h"
 
 #include <span>
+#include <string_view>
+#include <vector>
 
 // The smaller things that a message shows, for both printers.
 namespace LspPingTool {
@@ -25,6 +27,14 @@ void appendViewText( Orlo::StringBuilder & out, Message const & message, Element
 
 /// Whether the element's bytes must be shown because nothing else says all that they say.
 bool showsBytes( Element const & element ) noexcept;
+
+struct NamedNumber {
+   std::string_view name;
+   U32 number;
+};
+/// The fixed part of a mapping of address type 5 behind what its view has, RFC 6426 section 2.1.1.
+/// The element must have that part.
+std::vector< NamedNumber > nonIpFields( Message const & message, Element const & element );
 
 /// A downstream label (RFC 8029 section 3.4.1.2) or a label stack entry (RFC 3032 section 2.1).
 struct Label {

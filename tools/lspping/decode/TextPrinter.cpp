@@ -48,8 +48,11 @@ void TextPrinter::print( EchoPacket const & packet, Message const & message ) {
       recordLines( message );
    for( Problem const & problem : packet.problems )
       problemLine( problem );
-   for( Problem const & problem : message.problems )
+   for( Problem const & problem : message.problems ) {
       problemLine( problem );
+      if( problem.strayBytes != 0 )
+         bytesLine( 2, message.bytesOf( problem ) );
+   }
 }
 
 void TextPrinter::messageLine( EchoPacket const & packet, Message const & message ) {
@@ -121,12 +124,10 @@ void TextPrinter::elementLine( Message const & message, Element const & element 
          appendWithoutNamespace( out_, Kiv::TypeRef( element.row->view->id ).name() );
       }
       out_.append( '\n' );
-      if( showsBytes( element ) ) {
-         indent( element.depth + 2u );
-         out_.append( "Bytes( " );
-         appendBytes( out_, message.bytesOf( element ) );
-         out_.append( " )\n" );
-      }
+      if( element.row->isNonIp )
+         nonIpLine( message, element );
+      if( showsBytes( element ) )
+         bytesLine( element.depth + 2u, message.bytesOf( element ) );
    } else {
       appendCodeName( out_, element.context, element.code );
       if( showsBytes( element ) ) {
@@ -144,6 +145,26 @@ void TextPrinter::elementLine( Message const & message, Element const & element 
       multipathLine( message, element );
    if( element.hasLabels )
       labelLines( message, element );
+}
+
+void TextPrinter::bytesLine( U32 level, std::span< U8 const > bytes ) {
+   indent( level );
+   out_.append( "Bytes( " );
+   appendBytes( out_, bytes );
+   out_.append( " )\n" );
+}
+
+void TextPrinter::nonIpLine( Message const & message, Element const & element ) {
+   std::string_view separator = "NonIp( ";
+   indent( element.depth + 2u );
+   for( NamedNumber const & field : nonIpFields( message, element ) ) {
+      out_.append( separator );
+      separator = ", ";
+      out_.append( field.name );
+      out_.append( ": " );
+      out_.appendDecimal( field.number );
+   }
+   out_.append( " )\n" );
 }
 
 void TextPrinter::multipathLine( Message const & message, Element const & element ) {
@@ -197,11 +218,19 @@ void TextPrinter::recordLines( Message const & message ) {
       KivOrlo::appendValue( out_, Kiv::typeOf< Record >(), &*record );
       out_.append( '\n' );
    };
-   EchoRecords::Records const records = recordsOf( message );
+   MessageRecords const records = recordsOf( message );
    line( records.fecStack );
    line( records.downstreamMappings );
    line( records.intfAndLabelStack );
    line( records.pad );
+   for( Problem const & leftOut : records.leftOut ) {
+      indent( 1 );
+      out_.append( "not in the records: offset " );
+      out_.appendDecimal( leftOut.offset );
+      out_.append( ": " );
+      out_.append( leftOut.text );
+      out_.append( '\n' );
+   }
 }
 
 void TextPrinter::problemLine( Problem const & problem ) {

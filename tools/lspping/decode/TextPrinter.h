@@ -26,6 +26,8 @@ class TextPrinter final : public Printer {
    void endpoint( std::span< U8 const > address, std::optional< U16 > port );
    void elementLine( Message const & message, Element const & element );
    void labelLines( Message const & message, Element const & element );
+   void bytesLine( U32 level, std::span< U8 const > bytes );
+   void nonIpLine( Message const & message, Element const & element );
    void multipathLine( Message const & message, Element const & element );
    void recordLines( Message const & message );
    void problemLine( Problem const & problem );

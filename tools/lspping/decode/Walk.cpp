@@ -1,41 +1,37 @@
 #include "tools/lspping/decode/Walk.h"
 
 #include "MplsUtils/LspPing/framing/LspPingHdr.h"
+#include "examples/EchoRecords.h"
+#include "tools/lspping/decode/Judge.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace LspPingTool {
 
 namespace {
 
-constexpr U32 roundedUp( U32 length ) noexcept {
-   return ( length + 3 ) & ~U32{ 3 };
-}
-
 constexpr U32 beyondAll = 0xffffffff;
 
 // TLVs in TLVs in TLVs: nobody sends them, and each level costs a frame on the stack.
 constexpr U8 deepest = 8;
 
-bool allZero( std::span< U8 const > bytes ) noexcept {
-   return std::all_of( bytes.begin(), bytes.end(), []( U8 byte ) { return byte == 0; } );
-}
-
 // A piece of the message: both ends count from the message's first byte.
 struct Region {
    U32 begin;
    U32 end;
+   // There should be more behind its end.
+   bool isCut = false;
 
    U32 size() const noexcept { return end - begin; }
 };
 
 class Walk {
  public:
-   Walk( std::span< U8 const > bytes, std::size_t possiblePadding, Message & message )
+   Walk( std::span< U8 const > bytes, MessageEnd end, Message & message )
       : bytes_( bytes ),
-        padding_( static_cast< U32 >( possiblePadding ) ),
+        padding_( static_cast< U32 >( end.possiblePadding ) ),
+        isCut_( end.isCut ),
         message_( message ) {}
 
    void message();
@@ -52,46 +48,37 @@ class Walk {
    bool comesOut( Context context, Region region, Alignment alignment ) const noexcept;
    void elements( Context context, Region region, U8 depth );
    U32 element( Context context, Region region, U8 depth, Alignment alignment );
-   void view( Element & element, U32 left, Alignment alignment );
-   void invalid( Element const & element );
+   void view( Element & element );
    void body( std::size_t index, U8 depth );
    void contents( std::size_t index, Context context, Region region );
    void ddmapSubTlvs( std::size_t index, Region region );
    void stackChangeFec( std::size_t index, Region region );
    void opaqueValue( std::size_t index, Region region );
+   void identifiers( Element const & element, Region region );
    U32 multipath( Element & element, Region region, U32 type, U32 length );
    void labels( Element & element, Region region );
    void leftOver( Element const & element, Region region );
+   bool isZero( Region region ) noexcept;
 
    U8 byte( U32 offset ) const noexcept { return bytes_[offset]; }
    U32 word( U32 offset ) const noexcept {
       return U32{ bytes_[offset] } << 8 | U32{ bytes_[offset + 1] };
    }
 
-   // Problems are rare; their text is put together here and nowhere kept otherwise.
    template < class... Pieces >
    void problem( U32 offset, Pieces... pieces ) {
-      Orlo::StringBuilder text;
-      ( append( text, pieces ), ... );
-      message_.problems.push_back( { offset, text.string() } );
+      addProblem( message_, offset, pieces... );
    }
-   static void append( Orlo::StringBuilder & text, std::string_view piece ) {
-      text.append( piece );
-   }
-   static void append( Orlo::StringBuilder & text, U32 number ) { text.appendDecimal( number ); }
-   static void append( Orlo::StringBuilder & text, Element const * element ) {
-      if( codeName( element->context, element->code ).empty() )
-         text.append( element->context == Context::message ? "TLV " : "sub-TLV " );
-      appendCodeName( text, element->context, element->code );
-   }
-
-   static std::string_view bytesWord( U32 count ) noexcept {
-      return count == 1 ? " byte" : " bytes";
-   }
+   // The bytes behind the last problem's offset belong to nothing else.
+   void show( U32 count ) { message_.problems.back().strayBytes = count; }
 
    std::span< U8 const > bytes_;
    U32 padding_;
+   bool isCut_;
    Message & message_;
+   // The bytes from the first to before the second are zero.
+   U32 zerosBegin_ = 0;
+   U32 zerosEnd_ = 0;
    // Of the mapping that the walk is in, or was in last.
    bool mappingIsIpv6_ = false;
 };
@@ -101,12 +88,13 @@ void Walk::message() {
    header();
    if( size <= Message::headerLength )
       return;
-   Region const tlvs{ Message::headerLength, size };
+   Region const tlvs{ Message::headerLength, size, isCut_ };
    // Behind the header of another version, only what looks like TLVs to its end is taken for them.
    U32 const version = word( 0 );
    if( version != 1 && version != 2 && !comesOut( Context::message, tlvs, Alignment::four ) ) {
       problem( Message::headerLength, tlvs.size(), bytesWord( tlvs.size() ),
                " behind the header are no TLVs" );
+      show( tlvs.size() );
       return;
    }
    elements( Context::message, tlvs, 0 );
@@ -125,6 +113,8 @@ void Walk::header() {
    if( !message_.isHeaderValid ) {
       problem( 0, "header: not valid, version ", U32{ view.version() }, ", message type ",
                U32{ view.messageType() } );
+   } else if( view.version() != 1 ) {
+      problem( 0, "header: version ", U32{ view.version() }, ", expected 1" );
    }
 }
 
@@ -150,6 +140,7 @@ bool Walk::comesOut( Context context, Region region, Alignment alignment ) const
 void Walk::elements( Context context, Region region, U8 depth ) {
    if( depth > deepest ) {
       problem( region.begin, "nested too deeply: not decoded further" );
+      show( region.size() );
       return;
    }
    U32 const header = headerSize( context );
@@ -160,7 +151,7 @@ void Walk::elements( Context context, Region region, U8 depth ) {
    // Opaque values follow each other without padding, RFC 6388 section 2.3.
    if( context == Context::opaqueValue ) {
       alignment = Alignment::none;
-   } else if( !comesOut( context, region, Alignment::four ) &&
+   } else if( !region.isCut && !comesOut( context, region, Alignment::four ) &&
               comesOut( context, region, Alignment::none ) ) {
       alignment = Alignment::none;
       problem( region.begin, name, "s are not aligned to 4 bytes" );
@@ -173,10 +164,11 @@ void Walk::elements( Context context, Region region, U8 depth ) {
       if( left < header ) {
          problem( region.begin, left, bytesWord( left ), " left over after the last ", name,
                   ": another needs ", header );
+         show( left );
          return;
       }
       if( byte( region.begin ) == 0 && word( region.begin + header - 2 ) == 0 &&
-          allZero( bytes_.subspan( region.begin, left ) ) ) {
+          isZero( region ) ) {
          problem( region.begin, left, bytesWord( left ), " left over after the last ", name,
                   ", all zero" );
          return;
@@ -203,6 +195,8 @@ U32 Walk::element( Context context, Region region, U8 depth, Alignment alignment
    // The header of three bytes is counted before the rounding.
    element.totalLength = roundedUp( header + element.length );
    element.present = std::min( header + element.length, left );
+   element.occupied =
+      alignment == Alignment::none ? element.present : std::min( left, element.totalLength );
    element.row = elementRow( context, element.code, message_.bytesOf( element ) );
 
    bool const isCut = element.length > left - header;
@@ -210,7 +204,7 @@ U32 Walk::element( Context context, Region region, U8 depth, Alignment alignment
       problem( element.offset, &element, ": length ", element.length, " needs ",
                header + element.length, " bytes, had ", left );
    }
-   view( element, left, alignment );
+   view( element );
    body( index, depth );
    Element & done = message_.elements[index];
    done.after = static_cast< U32 >( message_.elements.size() );
@@ -226,7 +220,7 @@ U32 Walk::element( Context context, Region region, U8 depth, Alignment alignment
 }
 
 // Lays the row's view over the element if its bytes are there, in place or as a copy with padding.
-void Walk::view( Element & element, U32 left, Alignment alignment ) {
+void Walk::view( Element & element ) {
    ElementRow const * row = element.row;
    if( row == nullptr )
       return;
@@ -242,54 +236,23 @@ void Walk::view( Element & element, U32 left, Alignment alignment ) {
                U32{ row->valueLength } );
       return;
    }
-   if( row->view == nullptr )
-      return;
-   View const & view = *row->view;
-   U32 const needed = header + ( view.readsValue ? element.length : U32{ row->valueLength } );
+   U32 const needed =
+      header +
+      ( row->view != nullptr && row->view->readsValue ? element.length : U32{ row->valueLength } );
    if( element.present < needed )
       return;
-   U32 const own =
-      alignment == Alignment::none ? element.present : std::min( left, element.totalLength );
-   if( U32 const size = U32{ view.offset } + view.size; size > own ) {
-      element.isCopied = true;
-      element.copy = static_cast< U32 >( message_.copies.size() );
-      message_.copies.resize( message_.copies.size() + size );
-      std::memcpy( message_.copies.data() + element.copy, bytes_.data() + element.offset,
-                   element.present );
-   }
-   element.isViewed = true;
-   element.isValid = view.valid( message_.at( element ), element.length );
-   if( row->isUnknownSelector ) {
-      problem( element.offset, &element, ": address type ",
-               U32{ byte( element.offset + ( row - 1 )->selectorOffset ) }, " is not known" );
-   } else if( !element.isValid ) {
-      invalid( element );
-   }
-}
-
-void Walk::invalid( Element const & element ) {
-   ElementRow const & row = *element.row;
-   // Another vendor's TLV is as good as any: only, nobody here can read it.
-   if( row.body == Body::vendorTlvs )
-      return;
-   // Routers are seen to count the padding: what would the element be without?
-   View const & view = *row.view;
-   if( element.length > row.valueLength && element.length == roundedUp( row.valueLength ) &&
-       !view.readsValue ) {
-      std::array< U8, 64 > corrected;
-      std::memcpy( corrected.data(), message_.at( element ), view.size );
-      corrected[2] = static_cast< U8 >( row.valueLength >> 8 );
-      corrected[3] = static_cast< U8 >( row.valueLength );
-      if( view.valid( corrected.data(), row.valueLength ) ) {
-         Orlo::StringBuilder reading;
-         view.appendText( reading, corrected.data(), row.valueLength );
-         problem( element.offset, &element, ": length ", element.length,
-                  " counts the padding, expected ", U32{ row.valueLength },
-                  "; without it: ", reading.view() );
-         return;
+   if( View const * view = row->view ) {
+      if( U32 const size = U32{ view->offset } + view->size; size > element.occupied ) {
+         element.isCopied = true;
+         element.copy = static_cast< U32 >( message_.copies.size() );
+         message_.copies.resize( message_.copies.size() + size );
+         std::memcpy( message_.copies.data() + element.copy, bytes_.data() + element.offset,
+                      element.occupied );
       }
+      element.isViewed = true;
+      element.isValid = view->valid( message_.at( element ), element.length );
    }
-   problem( element.offset, &element, ": not valid" );
+   judge( message_, element );
 }
 
 void Walk::body( std::size_t index, U8 depth ) {
@@ -299,7 +262,9 @@ void Walk::body( std::size_t index, U8 depth ) {
        ( row->view != nullptr && !element.isViewed ) )
       return;
    U32 const begin = element.offset + row->bodyOffset;
-   Region const region{ begin, element.offset + element.present };
+   U32 const end = element.offset + element.present;
+   Region const region{ begin, end,
+                        element.present < headerSize( element.context ) + element.length };
    switch( row->body ) {
    case Body::none:
       return;
@@ -325,15 +290,18 @@ void Walk::body( std::size_t index, U8 depth ) {
    case Body::opaqueValue:
       opaqueValue( index, region );
       return;
+   case Body::identifiers:
+      identifiers( element, region );
+      return;
    case Body::multipath: {
-      U32 const end = multipath( element, region, byte( begin - 4 ), word( begin - 3 ) );
-      leftOver( element, { end, region.end } );
+      leftOver( element, { multipath( element, region, byte( begin - 4 ), word( begin - 3 ) ),
+                           region.end } );
       return;
    }
    case Body::mappingLabels: {
       mappingIsIpv6_ = byte( element.offset + 6 ) == 3 || byte( element.offset + 6 ) == 4;
-      U32 const end = multipath( element, region, byte( begin - 4 ), word( begin - 2 ) );
-      labels( element, { end, region.end } );
+      labels( element,
+              { multipath( element, region, byte( begin - 4 ), word( begin - 2 ) ), region.end } );
       return;
    }
    case Body::protocolLabels:
@@ -360,9 +328,10 @@ void Walk::ddmapSubTlvs( std::size_t index, Region region ) {
    if( length > region.size() ) {
       problem( region.begin - 2, &element, ": sub-TLVs of ", length, " bytes, had ",
                region.size() );
-   } else if( length < region.size() ) {
+      region.isCut = true;
+   } else {
       leftOver( element, { region.begin + length, region.end } );
-      region.end = region.begin + length;
+      region = { region.begin, region.begin + length };
    }
    mappingIsIpv6_ = byte( offset + 6 ) == 3 || byte( offset + 6 ) == 4;
    elements( Context::ddmap, region, depth );
@@ -376,15 +345,38 @@ void Walk::stackChangeFec( std::size_t index, Region region ) {
    if( length > region.size() ) {
       problem( element.offset + 6, &element, ": FEC TLV of ", length, " bytes, had ",
                region.size() );
-   } else if( length < region.size() ) {
-      leftOver( element, { region.begin + length, region.end } );
-      region.end = region.begin + length;
+   } else {
+      // The length may leave out the FEC's padding, RFC 8029 section 3.4.1.3: it follows all the
+      // same, inside or as the padding of the sub-TLV.
+      U32 own = length;
+      if( length >= 4 && 4 + word( region.begin + 2 ) == length )
+         own = std::min( roundedUp( length ), element.offset + element.occupied - region.begin );
+      if( region.begin + own < region.end )
+         leftOver( element, { region.begin + own, region.end } );
+      region.end = region.begin + own;
    }
    bool const isStack = region.size() >= 8 && word( region.begin ) == 1 &&
                         word( region.begin + 2 ) != 5 &&
                         word( region.begin + 2 ) == 4 + roundedUp( word( region.begin + 6 ) );
    if( region.size() > 0 )
       elements( isStack ? Context::message : Context::targetFec, region, depth );
+}
+
+// Three times a type, a length and a value, RFC 8029 section 3.2.10. The length may count the
+// padding behind them.
+void Walk::identifiers( Element const & element, Region region ) {
+   U32 begin = region.begin;
+   for( int count = 0; count < 3; ++count ) {
+      U32 const left = region.end - begin;
+      U32 const needed = left < 2 ? 2 : 2u + byte( begin + 1 );
+      if( needed > left ) {
+         problem( begin, &element, ": attachment identifier of ", needed, " bytes, had ", left );
+         return;
+      }
+      begin += needed;
+   }
+   if( region.end - element.offset != roundedUp( begin - element.offset ) )
+      leftOver( element, { begin, region.end } );
 }
 
 // Where the root address has another size than that of IPv4, the opaque value is elsewhere than the
@@ -396,13 +388,17 @@ void Walk::opaqueValue( std::size_t index, Region region ) {
    if( begin > region.end ) {
       problem( element.offset + 6, &element, ": root address of ",
                U32{ byte( element.offset + 6 ) }, " bytes and opaque length do not fit" );
+      message_.elements[index].hidesBytes = true;
       return;
    }
+   // The view shows an address of IPv4, whatever there is.
+   if( byte( element.offset + 6 ) != 4 )
+      message_.elements[index].hidesBytes = true;
    U32 const length = word( begin - 2 );
    region.begin = begin;
    if( length > region.size() ) {
       problem( begin - 2, &element, ": opaque value of ", length, " bytes, had ", region.size() );
-   } else if( length < region.size() ) {
+   } else {
       leftOver( element, { begin + length, region.end } );
       region.end = begin + length;
    }
@@ -414,6 +410,7 @@ U32 Walk::multipath( Element & element, Region region, U32 type, U32 length ) {
    if( length > region.size() ) {
       problem( region.begin, &element, ": multipath information of ", length, " bytes, had ",
                region.size() );
+      show( region.size() );
       return region.end;
    }
    if( length == 0 )
@@ -422,21 +419,19 @@ U32 Walk::multipath( Element & element, Region region, U32 type, U32 length ) {
    element.multipathType = static_cast< U8 >( type );
    element.multipathOffset = region.begin;
    element.multipathLength = length;
-   // RFC 8029 section 3.4.1.1.1: in IPv6 they are IPv4-mapped, in IPv4 of 127/8, and it is not
-   // said that the family is the mapping's own.
    auto const info = bytes_.subspan( region.begin, length );
    element.multipathIsIpv6 =
-      length >= 16 && type != 9 &&
-      ( ( allZero( info.first( 10 ) ) && word( region.begin + 10 ) == 0xffff ) ||
-        ( mappingIsIpv6_ && info[0] != 127 ) );
+      EchoRecords::hasIpv6Addresses( element.multipathType, info, mappingIsIpv6_ );
    U32 const address = element.multipathIsIpv6 ? 16 : 4;
    U32 const unit = type == 2 ? address : type == 4 ? 2 * address : 4;
    bool const hasMask = type == 8 || type == 9;
-   if( type == 0 )
+   if( type == 0 ) {
       problem( region.begin, &element, ": no multipath, but information of ", length, " bytes" );
-   else if( length % unit != 0 || ( hasMask && length <= ( type == 9 ? 4 : address ) ) )
+   } else if( length % unit != 0 || ( hasMask && length <= ( type == 9 ? 4 : address ) ) ) {
       problem( region.begin, &element, ": multipath information of ", length, " bytes for type ",
                type );
+      show( length );
+   }
    return region.begin + length;
 }
 
@@ -448,21 +443,33 @@ void Walk::labels( Element & element, Region region ) {
 }
 
 void Walk::leftOver( Element const & element, Region region ) {
-   if( region.size() > 0 )
-      problem( region.begin, &element, ": ", region.size(), bytesWord( region.size() ),
-               " left over" );
+   if( region.size() == 0 )
+      return;
+   problem( region.begin, &element, ": ", region.size(), bytesWord( region.size() ), " left over" );
+   show( region.size() );
+}
+
+// Asked again and again on the way through zeros, it looks at each byte once.
+bool Walk::isZero( Region region ) noexcept {
+   if( region.begin < zerosBegin_ || region.begin >= zerosEnd_ ) {
+      auto const from = bytes_.begin() + region.begin;
+      auto const set = std::find_if( from, bytes_.end(), []( U8 byte ) { return byte != 0; } );
+      zerosBegin_ = region.begin;
+      zerosEnd_ = static_cast< U32 >( set - bytes_.begin() );
+   }
+   return region.end <= zerosEnd_;
 }
 
 } // namespace
 
-void walk( std::span< U8 const > bytes, std::size_t possiblePadding, Message & message ) {
+void walk( std::span< U8 const > bytes, MessageEnd end, Message & message ) {
    message.bytes = bytes;
    message.hasHeader = false;
    message.isHeaderValid = false;
    message.elements.clear();
    message.problems.clear();
    message.copies.clear();
-   Walk( bytes, possiblePadding, message ).message();
+   Walk( bytes, end, message ).message();
 }
 
 } // namespace LspPingTool
