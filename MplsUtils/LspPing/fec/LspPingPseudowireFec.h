@@ -83,8 +83,9 @@ class LSPPING_EXPORT LspPingFec128Ipv4SubTlv : public LspPingPseudowireSubTlv {
 static_assert( Kiv::isWireView< LspPingFec128Ipv4SubTlv, 20 > );
 
 // FEC 129 pseudowire, RFC 8029 section 3.2.10. The view is the part up to pwType. The three
-// identifiers behind it are read and written where the length field says that there are bytes;
-// zeros behind them fill the value to a multiple of four, and the length counts them.
+// identifiers behind it are read and written where the length field says that there are bytes.
+// Zeros behind them fill the value to a multiple of four. The RFC's length does not count them;
+// here it does: writing asks for a length that covers them, reading takes either.
 //
 //  0                   1                   2                   3
 //  0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1
