@@ -311,6 +311,12 @@ TEST_P( Family, hasTheOperationsOfItsKind ) {
    EXPECT_EQ( type().hashable(), hashable );
 }
 
+TEST_P( Family, isNotCreatedWithoutAPacket ) {
+   if( type().operations().create == nullptr )
+      return;
+   EXPECT_DEATH( type().operations().create( nullptr, 0 ), "assertion \"pkt != nullptr\" failed" );
+}
+
 TEST_P( Family, countsItsNodesAndNoLongerWhenTheyAreGone ) {
    if( type().kind() != Kiv::Kind::object )
       return;
