@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
 #include "MplsUtils/LspPing/platform/Kiv/DynArray.h"
+#include "MplsUtils/LspPing/platform/Kiv/WholeAssignment.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 
 #include <cstddef>
@@ -24,6 +25,8 @@ class LSPPING_EXPORT LspPingPadTlv : public LspPingTlvHdr {
    /// The bytes behind the pad type, the first of them at index 0.
    using KivPadding = Kiv::DynArray< U8 >;
 
+   LspPingPadTlv() noexcept = default;
+   KIV_WHOLE_ASSIGNMENT( LspPingPadTlv );
    /// A new object on the heap, all zero and without padding.
    static std::unique_ptr< LspPingPadTlv > LspPingPadTlvIs();
 
