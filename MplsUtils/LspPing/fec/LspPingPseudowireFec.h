@@ -50,7 +50,8 @@ class LspPingPseudowireSubTlv : public LspPingTlvHdr {
 // +-------------------------------+-------------------------------+
 // |            pwType             |              mbz              |
 // +-------------------------------+-------------------------------+
-class LSPPING_EXPORT LspPingFec128Ipv4SubTlv : public LspPingPseudowireSubTlv {
+class LSPPING_EXPORT LspPingFec128Ipv4SubTlv
+   : public Kiv::Typed< LspPingFec128Ipv4SubTlv, LspPingPseudowireSubTlv > {
  public:
    constexpr U32 pwId() const noexcept { return pwId_.value(); }
    constexpr void pwIdIs( U32 id ) noexcept { pwId_.valueIs( id ); }
@@ -104,7 +105,8 @@ static_assert( Kiv::isWireView< LspPingFec128Ipv4SubTlv, 20 > );
 // +---------------+---------------+-------------------------------+
 // |   TAII type   |  TAII length  |   TAII value (0 to 8 bytes)   |
 // +---------------+---------------+-------------------------------+
-class LSPPING_EXPORT LspPingFec129Ipv4SubTlv : public LspPingPseudowireSubTlv {
+class LSPPING_EXPORT LspPingFec129Ipv4SubTlv
+   : public Kiv::Typed< LspPingFec129Ipv4SubTlv, LspPingPseudowireSubTlv > {
  public:
    /// The value's length when all three identifiers are empty.
    static constexpr U16 minTlvLength = 16;

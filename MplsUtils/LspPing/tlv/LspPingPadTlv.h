@@ -20,7 +20,7 @@ namespace LspPing {
 // +---------------+---------------+-------------------------------+
 // |    padType    |         padding, length - 1 bytes             |
 // +---------------+-----------------------------------------------+
-class LSPPING_EXPORT LspPingPadTlv : public LspPingTlvHdr {
+class LSPPING_EXPORT LspPingPadTlv : public Kiv::Typed< LspPingPadTlv, LspPingTlvHdr > {
  public:
    /// The bytes behind the pad type, the first of them at index 0.
    using KivPadding = Kiv::DynArray< U8 >;
