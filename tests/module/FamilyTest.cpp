@@ -1,6 +1,7 @@
 #include "Subjects.h"
 
 #include "MplsUtils/LspPing/LspPingHdr.h"
+#include "MplsUtils/LspPing/LspPingTypes.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 
@@ -112,6 +113,34 @@ class Unchanged {
    std::vector< U8 > bytes_;
    Orlo::String readings_;
 };
+
+template < class T >
+Kiv::TypeRef toldByAnObject() {
+   if constexpr( std::is_base_of_v< Orlo::Node, T > ) {
+      Subject const subject( Kiv::typeOf< T >(), 0 );
+      return static_cast< T const * >( static_cast< Orlo::Node * >( subject.object() ) )->fwkType();
+   } else {
+      return T().fwkType();
+   }
+}
+
+// Every class of the list, which is the module's, tells its place in it.
+template < class... Ts >
+void expectTold( U16 module, Kiv::TypeList< Ts... > ) {
+   U16 index = 0;
+   auto const expectOne = [&]< class T >( Kiv::Of< T > ) {
+      Kiv::TypeId const place{ module, index++ };
+      if constexpr( std::is_class_v< T > ) {
+         EXPECT_EQ( toldByAnObject< T >().id(), place ) << Kiv::TypeRef( place ).name();
+      }
+   };
+   ( expectOne( Kiv::Of< Ts >{} ), ... );
+}
+
+TEST( FrameworkType, isToldByEveryClassOfBothModules ) {
+   expectTold( LspPing::lspPingHdrModule, LspPing::LspPingHdrTypes() );
+   expectTold( LspPing::lspPingTypesModule, LspPing::LspPingTypesTypes() );
+}
 
 TEST_P( Family, isNamedInItsNamespace ) {
    EXPECT_TRUE( type().name().starts_with( "LspPing::" ) );
@@ -309,6 +338,12 @@ TEST_P( Family, hasTheOperationsOfItsKind ) {
                          type().name().ends_with( "SubTlvLabel" ) ||
                          type().name().ends_with( "LabelEntry" );
    EXPECT_EQ( type().hashable(), hashable );
+}
+
+TEST_P( Family, isNotCreatedWithoutAPacket ) {
+   if( type().operations().create == nullptr )
+      return;
+   EXPECT_DEATH( type().operations().create( nullptr, 0 ), "assertion \"pkt != nullptr\" failed" );
 }
 
 TEST_P( Family, countsItsNodesAndNoLongerWhenTheyAreGone ) {

@@ -135,13 +135,15 @@ class Farm : public Orlo::Node {
          Kiv::guarded< &Farm::guardedTrees >( Kiv::computed< &Farm::trees >( "smallTrees" ) ),
          Kiv::computed< &Farm::neighbour >( "neighbour" ), Kiv::computed< &Farm::label >( "label" ),
          Kiv::computed< &Farm::guardedTrees >( "isSmall" ),
-         Kiv::operation< &Farm::plant >( "plant", "more, what" ) );
+         Kiv::operation< &Farm::plant >( "plant", "more, what" ),
+         Kiv::collection< &Farm::rows_ >( "rows" ) );
    }
    static Orlo::Ptr< Farm > kivCreate() { return Orlo::Ptr< Farm >::make(); }
 
  private:
    U32 trees_ = 0;
    Orlo::Ptr< Farm > neighbour_;
+   Kiv::DynArray< U16 > rows_; // trees in each
 };
 
 class FarmReader : public Orlo::Node {
@@ -154,7 +156,7 @@ class FarmReader : public Orlo::Node {
       return Kiv::attributes( Kiv::computed< &FarmReader::farm >( "farm" ) );
    }
    using KivForwardedFrom = Farm;
-   static constexpr std::string_view kivForwarded = "trees, isSmall, label, neighbour";
+   static constexpr std::string_view kivForwarded = "trees, isSmall, label, neighbour, rows";
    static void * kivTarget( void * reader ) { return static_cast< FarmReader * >( reader )->farm_; }
 
  private:

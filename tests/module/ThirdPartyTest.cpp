@@ -97,13 +97,14 @@ TEST_F( ThirdParty, reachesElementsByKey ) {
    entry.value = &read;
    EXPECT_EQ( Kiv::attributeAccess( type, &basket, 3, OpCode::read, &entry ), Outcome::done );
    EXPECT_EQ( read, weight );
-   // A key that is not there reads as the default; one that the key type cannot hold is refused.
-   entry.key = 7;
-   EXPECT_EQ( Kiv::attributeAccess( type, &basket, 3, OpCode::read, &entry ), Outcome::done );
-   EXPECT_EQ( read, Weight() );
-   entry.key = 256;
-   EXPECT_EQ( Kiv::attributeAccess( type, &basket, 3, OpCode::read, &entry ),
-              Outcome::notPermitted );
+   // A key that is not there reads as the default, and so does one that the key type cannot hold;
+   // nothing can be written there.
+   for( U32 const key : { 7u, 256u, 256u + 255u, 0xffffffffu } ) {
+      entry.key = key;
+      read = weight;
+      EXPECT_EQ( Kiv::attributeAccess( type, &basket, 3, OpCode::read, &entry ), Outcome::done );
+      EXPECT_EQ( read, Weight() ) << key;
+   }
    EXPECT_EQ( Kiv::attributeAccess( type, &basket, 3, OpCode::write, &entry ),
               Outcome::notPermitted );
    entry.key = 1;
@@ -111,6 +112,31 @@ TEST_F( ThirdParty, reachesElementsByKey ) {
               Outcome::notPermitted );
    EXPECT_EQ( Kiv::attributeAccess( type, &basket, 3, OpCode::call, &entry ),
               Outcome::notPermitted );
+}
+
+TEST_F( ThirdParty, readsElementsBeyondAnArrayAsTheDefault ) {
+   Basket basket;
+   Kiv::TypeRef const type = Kiv::typeOf< Basket >();
+   U16 tag = 9;
+   Kiv::Entry entry{ 1, &tag };
+   EXPECT_EQ( Kiv::attributeAccess( type, &basket, 2, OpCode::write, &entry ), Outcome::done );
+   for( U32 const key : { 2u, 2003002u, 2003003u, 0xffffffffu } ) {
+      entry.key = key;
+      tag = 9;
+      EXPECT_EQ( Kiv::attributeAccess( type, &basket, 2, OpCode::read, &entry ), Outcome::done );
+      EXPECT_EQ( tag, 0 ) << key;
+   }
+}
+
+TEST_F( ThirdParty, containsOnlyKeysThatTheKeyTypeCanHold ) {
+   Basket basket;
+   Kiv::call( basket, "add", U8{ 255 }, U32{ 1 } );
+   Kiv::CollectionRecord const & weights =
+      *Kiv::attributeNamed( Kiv::typeOf< Basket >(), "weights" ).attribute->collectionRecord;
+   EXPECT_TRUE( weights.contains( &basket, 255 ) );
+   EXPECT_FALSE( weights.contains( &basket, 254 ) );
+   EXPECT_FALSE( weights.contains( &basket, 256 + 255 ) );
+   EXPECT_FALSE( weights.contains( nullptr, 255 ) );
 }
 
 TEST_F( ThirdParty, walksCollectionsAndDeletesOnTheWay ) {
@@ -132,6 +158,44 @@ TEST_F( ThirdParty, walksCollectionsAndDeletesOnTheWay ) {
    EXPECT_EQ( listed( type, &basket, "weights" ),
               "1:Orchard::Weight(grams=1, fruit=pear, note=\"\") "
               "200:Orchard::Weight(grams=200, fruit=pear, note=\"\") " );
+}
+
+using ThirdPartyDeathTest = ThirdParty;
+
+TEST_F( ThirdPartyDeathTest, asksNothingOfAnIteratorThatIsAtTheEnd ) {
+   Basket basket;
+   for( char const * const collection : { "tags", "weights" } ) {
+      Kiv::CollectionIterator i( Kiv::typeOf< Basket >(), &basket, collection );
+      EXPECT_DEATH( i.iterObj(), "assertion \"iterNonnull\\(\\)\" failed" );
+      EXPECT_DEATH( i.iterKey(), "assertion \"iterNonnull\\(\\)\" failed" );
+      EXPECT_DEATH( i.iterInc(), "assertion \"iterNonnull\\(\\)\" failed" );
+   }
+}
+
+TEST_F( ThirdPartyDeathTest, needsABufferForEveryAccessThatIsPermitted ) {
+   Basket basket;
+   Kiv::TypeRef const type = Kiv::typeOf< Basket >();
+   Kiv::Entry noValue;
+   Kiv::Call noResult;
+   // tags, weights, deals, heaviest, add
+   for( OpCode const op : { OpCode::read, OpCode::write } ) {
+      EXPECT_DEATH( Kiv::attributeAccess( type, &basket, 2, op, nullptr ),
+                    "assertion \"buffer != nullptr\" failed" );
+      EXPECT_DEATH( Kiv::attributeAccess( type, &basket, 2, op, &noValue ),
+                    "assertion \"entry.value != nullptr\" failed" );
+   }
+   EXPECT_DEATH( Kiv::attributeAccess( type, &basket, 5, OpCode::call, nullptr ),
+                 "assertion \"buffer != nullptr\" failed" );
+   EXPECT_DEATH( Kiv::attributeAccess( type, &basket, 5, OpCode::call, &noResult ),
+                 "assertion \"!signature.result.type \\|\\| call.result != nullptr\" failed" );
+   noResult.count = 2;
+   EXPECT_DEATH( Kiv::attributeAccess( type, &basket, 6, OpCode::call, &noResult ),
+                 "assertion \"call.count == 0 \\|\\| call.arguments != nullptr\" failed" );
+   Tree tree;
+   EXPECT_DEATH( Kiv::attributeAccess( Kiv::typeOf< Tree >(), &tree, 130, OpCode::read, nullptr ),
+                 "assertion \"buffer != nullptr\" failed" );
+   EXPECT_DEATH( Kiv::attributeAccess( Kiv::typeOf< Tree >(), &tree, 2, OpCode::write, nullptr ),
+                 "assertion \"buffer != nullptr\" failed" );
 }
 
 TEST_F( ThirdParty, copiesIteratorsThatGoOnAlone ) {
@@ -222,6 +286,13 @@ TEST_F( ThirdParty, forwardsFromAnObjectThatNeedNotBeThere ) {
    EXPECT_EQ( Kiv::read< Orlo::String >( *blind, "label" ), "" );
    EXPECT_EQ( Kiv::read< Orlo::Ptr< Farm > >( *blind, "neighbour" ).get(), nullptr );
    EXPECT_EQ( Kiv::read< Farm * >( *blind, "farm" ), nullptr );
+   U16 row = 9;
+   Kiv::Entry entry{ 3, &row };
+   EXPECT_EQ( Kiv::attributeAccess( blind->fwkType(), blind.get(),
+                                    Kiv::attributeNamed( blind->fwkType(), "rows" ).field(),
+                                    OpCode::read, &entry ),
+              Outcome::done );
+   EXPECT_EQ( row, 0 );
    // What is forwarded is read only, whatever it is where it comes from.
    U32 trees = 1;
    EXPECT_EQ( Kiv::attributeAccess( reader->fwkType(), reader.get(), 131, OpCode::write, &trees ),

@@ -126,7 +126,10 @@ TEST( LspPingPadTlv, isReachedByAttribute ) {
    EXPECT_EQ( Kiv::attributeAccess( type, &tlv, padding, Kiv::OpCode::read, &entry ),
               Kiv::Outcome::done );
    EXPECT_EQ( byte, 0x0C );
-   entry.key = 2003003; // refused here: the array would end the process
+   entry.key = 2003003; // no byte to read; a write is refused here: the array would end the process
+   EXPECT_EQ( Kiv::attributeAccess( type, &tlv, padding, Kiv::OpCode::read, &entry ),
+              Kiv::Outcome::done );
+   EXPECT_EQ( byte, 0 );
    EXPECT_EQ( Kiv::attributeAccess( type, &tlv, padding, Kiv::OpCode::write, &entry ),
               Kiv::Outcome::notPermitted );
 

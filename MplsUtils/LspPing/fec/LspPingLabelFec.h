@@ -58,7 +58,8 @@ class LspPingFecLabelWord {
 
 /// The label word of the Nil FEC, RFC 8029 section 3.2.17.
 class LSPPING_EXPORT LspPingNilFecSubTlvLabel
-   : public LspPingFecLabelWord< LspPingNilFecSubTlvLabel > {
+   : public Kiv::Typed< LspPingNilFecSubTlvLabel,
+                        LspPingFecLabelWord< LspPingNilFecSubTlvLabel > > {
  public:
    constexpr LspPingNilFecSubTlvLabel() noexcept = default;
    /// Reads the generic text. Raises Kiv::RangeException naming the attribute.
@@ -71,7 +72,8 @@ static_assert( alignof( LspPingNilFecSubTlvLabel ) == 1 );
 
 /// The label word of the Entropy Label FEC, RFC 8012 section 4.
 class LSPPING_EXPORT LspPingEntropyLabelFecSubTlvLabel
-   : public LspPingFecLabelWord< LspPingEntropyLabelFecSubTlvLabel > {
+   : public Kiv::Typed< LspPingEntropyLabelFecSubTlvLabel,
+                        LspPingFecLabelWord< LspPingEntropyLabelFecSubTlvLabel > > {
  public:
    constexpr LspPingEntropyLabelFecSubTlvLabel() noexcept = default;
    /// Reads the generic text. Raises Kiv::RangeException naming the attribute.
@@ -123,7 +125,8 @@ class LspPingLabelSubTlv : public LspPingTlvHdr {
 };
 
 // Nil FEC, RFC 8029 section 3.2.17: a reserved label that was added to the stack for the probe.
-class LSPPING_EXPORT LspPingNilFecSubTlv : public LspPingLabelSubTlv< LspPingNilFecSubTlvLabel > {
+class LSPPING_EXPORT LspPingNilFecSubTlv
+   : public Kiv::Typed< LspPingNilFecSubTlv, LspPingLabelSubTlv< LspPingNilFecSubTlvLabel > > {
  public:
    constexpr bool valid() const noexcept { return type() == 16 && length() == 4; }
    /// "NilFec( '0x3' )" with the label, or "Invalid NilFecSubTlv".
@@ -136,7 +139,8 @@ static_assert( Kiv::isWireView< LspPingNilFecSubTlv, 8 > );
 
 // Entropy Label FEC, RFC 8012 section 4.
 class LSPPING_EXPORT LspPingEntropyLabelFecSubTlv
-   : public LspPingLabelSubTlv< LspPingEntropyLabelFecSubTlvLabel > {
+   : public Kiv::Typed< LspPingEntropyLabelFecSubTlv,
+                        LspPingLabelSubTlv< LspPingEntropyLabelFecSubTlvLabel > > {
  public:
    constexpr bool valid() const noexcept { return type() == 33 && length() == 4; }
    /// "EntropyLabelFec( '0x3' )" with the label, or "Invailid EntropyLabelFecSubTlv", spelled so.

@@ -21,7 +21,8 @@ namespace LspPing {
 // +---------------+-------------------------------+---------------+
 // |  continued    |  opaque value ...
 // +---------------+----
-class LSPPING_EXPORT LspPingP2mpFecStackSubTlv : public LspPingTlvHdr {
+class LSPPING_EXPORT LspPingP2mpFecStackSubTlv
+   : public Kiv::Typed< LspPingP2mpFecStackSubTlv, LspPingTlvHdr > {
  public:
    /// Address family number of the root.
    constexpr U16 family() const noexcept { return family_.value(); }
@@ -104,7 +105,8 @@ static_assert( Kiv::isWireView< LspPingOpaqueValSubTlv, 3 > );
 // +---------------+-------------------------------+---------------+
 // |               lspId, continued                |
 // +-----------------------------------------------+
-class LSPPING_EXPORT LspPingOpaqueValGenSubTlv : public LspPingOpaqueValSubTlv {
+class LSPPING_EXPORT LspPingOpaqueValGenSubTlv
+   : public Kiv::Typed< LspPingOpaqueValGenSubTlv, LspPingOpaqueValSubTlv > {
  public:
    constexpr U32 lspId() const noexcept { return lspId_.value(); }
    constexpr void lspIdIs( U32 id ) noexcept { lspId_.valueIs( id ); }
@@ -138,7 +140,8 @@ static_assert( Kiv::isWireView< LspPingOpaqueValGenSubTlv, 7 > );
 // +-----------------------------------------------+---------------+
 // |             groupAddr, continued              |
 // +-----------------------------------------------+
-class LSPPING_EXPORT LspPingOpaqueValSGSubTlv : public LspPingOpaqueValSubTlv {
+class LSPPING_EXPORT LspPingOpaqueValSGSubTlv
+   : public Kiv::Typed< LspPingOpaqueValSGSubTlv, LspPingOpaqueValSubTlv > {
  public:
    constexpr Velnet::IpAddr sourceAddr() const noexcept { return sourceAddr_; }
    constexpr void sourceAddrIs( Velnet::IpAddr address ) noexcept { sourceAddr_ = address; }
@@ -177,7 +180,8 @@ static_assert( Kiv::isWireView< LspPingOpaqueValSGSubTlv, 11 > );
 // +-------------------------------+-------------------------------+
 // |                             addr                              |
 // +---------------------------------------------------------------+
-class LSPPING_EXPORT LspPingNodeAddrSubTlv : public LspPingTlvHdr {
+class LSPPING_EXPORT LspPingNodeAddrSubTlv
+   : public Kiv::Typed< LspPingNodeAddrSubTlv, LspPingTlvHdr > {
  public:
    /// LspPingP2mpRespTlvType.
    constexpr U16 subType() const noexcept { return subType_.value(); }

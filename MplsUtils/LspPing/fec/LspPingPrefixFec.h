@@ -58,7 +58,8 @@ class LspPingPrefixSubTlv : public LspPingTlvHdr {
 };
 
 // LDP IPv4 prefix, RFC 8029 section 3.2.1.
-class LSPPING_EXPORT LspPingLdpIpv4SubTlv : public LspPingPrefixSubTlv< Velnet::IpAddr > {
+class LSPPING_EXPORT LspPingLdpIpv4SubTlv
+   : public Kiv::Typed< LspPingLdpIpv4SubTlv, LspPingPrefixSubTlv< Velnet::IpAddr > > {
  public:
    /// Looks at the length only, neither at the type nor at the prefix length.
    constexpr bool valid() const noexcept { return length() == valueLength; }
@@ -71,7 +72,8 @@ class LSPPING_EXPORT LspPingLdpIpv4SubTlv : public LspPingPrefixSubTlv< Velnet::
 static_assert( Kiv::isWireView< LspPingLdpIpv4SubTlv, 12 > );
 
 // Generic IPv4 prefix, RFC 8029 section 3.2.15.
-class LSPPING_EXPORT LspPingGenericIpv4SubTlv : public LspPingPrefixSubTlv< Velnet::IpAddr > {
+class LSPPING_EXPORT LspPingGenericIpv4SubTlv
+   : public Kiv::Typed< LspPingGenericIpv4SubTlv, LspPingPrefixSubTlv< Velnet::IpAddr > > {
  public:
    /// Looks at the length only, neither at the type nor at the prefix length.
    constexpr bool valid() const noexcept { return length() == valueLength; }
@@ -84,7 +86,8 @@ class LSPPING_EXPORT LspPingGenericIpv4SubTlv : public LspPingPrefixSubTlv< Veln
 static_assert( Kiv::isWireView< LspPingGenericIpv4SubTlv, 12 > );
 
 // Generic IPv6 prefix, RFC 8029 section 3.2.16.
-class LSPPING_EXPORT LspPingGenericIpv6SubTlv : public LspPingPrefixSubTlv< Velnet::Ip6Addr > {
+class LSPPING_EXPORT LspPingGenericIpv6SubTlv
+   : public Kiv::Typed< LspPingGenericIpv6SubTlv, LspPingPrefixSubTlv< Velnet::Ip6Addr > > {
  public:
    /// Looks at the length only, neither at the type nor at the prefix length.
    constexpr bool valid() const noexcept { return length() == valueLength; }
@@ -97,7 +100,8 @@ class LSPPING_EXPORT LspPingGenericIpv6SubTlv : public LspPingPrefixSubTlv< Veln
 static_assert( Kiv::isWireView< LspPingGenericIpv6SubTlv, 24 > );
 
 // BGP labeled IPv4 prefix, RFC 8029 section 3.2.13.
-class LSPPING_EXPORT LspPingBgpLuIpv4SubTlv : public LspPingPrefixSubTlv< Velnet::IpAddr > {
+class LSPPING_EXPORT LspPingBgpLuIpv4SubTlv
+   : public Kiv::Typed< LspPingBgpLuIpv4SubTlv, LspPingPrefixSubTlv< Velnet::IpAddr > > {
  public:
    constexpr bool valid() const noexcept {
       return type() == 12 && length() == valueLength && prefixLen() <= 32;
@@ -111,7 +115,8 @@ class LSPPING_EXPORT LspPingBgpLuIpv4SubTlv : public LspPingPrefixSubTlv< Velnet
 static_assert( Kiv::isWireView< LspPingBgpLuIpv4SubTlv, 12 > );
 
 // BGP labeled IPv6 prefix, RFC 8029 section 3.2.14.
-class LSPPING_EXPORT LspPingBgpLuIpv6SubTlv : public LspPingPrefixSubTlv< Velnet::Ip6Addr > {
+class LSPPING_EXPORT LspPingBgpLuIpv6SubTlv
+   : public Kiv::Typed< LspPingBgpLuIpv6SubTlv, LspPingPrefixSubTlv< Velnet::Ip6Addr > > {
  public:
    constexpr bool valid() const noexcept {
       return type() == 13 && length() == valueLength && prefixLen() <= 128;

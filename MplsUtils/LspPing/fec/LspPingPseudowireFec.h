@@ -50,7 +50,8 @@ class LspPingPseudowireSubTlv : public LspPingTlvHdr {
 // +-------------------------------+-------------------------------+
 // |            pwType             |              mbz              |
 // +-------------------------------+-------------------------------+
-class LSPPING_EXPORT LspPingFec128Ipv4SubTlv : public LspPingPseudowireSubTlv {
+class LSPPING_EXPORT LspPingFec128Ipv4SubTlv
+   : public Kiv::Typed< LspPingFec128Ipv4SubTlv, LspPingPseudowireSubTlv > {
  public:
    constexpr U32 pwId() const noexcept { return pwId_.value(); }
    constexpr void pwIdIs( U32 id ) noexcept { pwId_.valueIs( id ); }
@@ -83,8 +84,9 @@ class LSPPING_EXPORT LspPingFec128Ipv4SubTlv : public LspPingPseudowireSubTlv {
 static_assert( Kiv::isWireView< LspPingFec128Ipv4SubTlv, 20 > );
 
 // FEC 129 pseudowire, RFC 8029 section 3.2.10. The view is the part up to pwType. The three
-// identifiers behind it are read and written where the length field says that there are bytes;
-// zeros behind them fill the value to a multiple of four, and the length counts them.
+// identifiers behind it are read and written where the length field says that there are bytes.
+// Zeros behind them fill the value to a multiple of four. The RFC's length does not count them;
+// here it does: writing asks for a length that covers them, reading takes either.
 //
 //  0                   1                   2                   3
 //  0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1
@@ -103,7 +105,8 @@ static_assert( Kiv::isWireView< LspPingFec128Ipv4SubTlv, 20 > );
 // +---------------+---------------+-------------------------------+
 // |   TAII type   |  TAII length  |   TAII value (0 to 8 bytes)   |
 // +---------------+---------------+-------------------------------+
-class LSPPING_EXPORT LspPingFec129Ipv4SubTlv : public LspPingPseudowireSubTlv {
+class LSPPING_EXPORT LspPingFec129Ipv4SubTlv
+   : public Kiv::Typed< LspPingFec129Ipv4SubTlv, LspPingPseudowireSubTlv > {
  public:
    /// The value's length when all three identifiers are empty.
    static constexpr U16 minTlvLength = 16;

@@ -70,7 +70,8 @@ class LspPingRsvpSubTlv : public LspPingTlvHdr {
 };
 
 // RSVP IPv4 LSP, RFC 8029 section 3.2.3: a point-to-point LSP.
-class LSPPING_EXPORT LspPingRsvpIpv4SubTlv : public LspPingRsvpSubTlv< Velnet::IpAddr > {
+class LSPPING_EXPORT LspPingRsvpIpv4SubTlv
+   : public Kiv::Typed< LspPingRsvpIpv4SubTlv, LspPingRsvpSubTlv< Velnet::IpAddr > > {
  public:
    /// The tunnel's end point.
    constexpr Velnet::IpAddr destination() const noexcept { return session(); }
@@ -91,7 +92,8 @@ static_assert( Kiv::isWireView< LspPingRsvpIpv4SubTlv, 24 > );
 
 // RSVP P2MP IPv4 session, RFC 6425 section 3.1.1.1: a point-to-multipoint LSP, which has a number
 // of its own in place of an end point.
-class LSPPING_EXPORT LspPingRsvpP2mpIpv4SubTlv : public LspPingRsvpSubTlv< Velnet::NetU32 > {
+class LSPPING_EXPORT LspPingRsvpP2mpIpv4SubTlv
+   : public Kiv::Typed< LspPingRsvpP2mpIpv4SubTlv, LspPingRsvpSubTlv< Velnet::NetU32 > > {
  public:
    constexpr U32 p2mpId() const noexcept { return session().value(); }
    constexpr void p2mpIdIs( U32 id ) noexcept { sessionIs( Velnet::NetU32( id ) ); }

@@ -63,7 +63,8 @@ class LspPingSrSubTlv : public LspPingTlvHdr {
 };
 
 // IPv4 IGP-prefix segment, RFC 8287 section 5.1.
-class LSPPING_EXPORT LspPingSrIpv4SubTlv : public LspPingSrSubTlv< Velnet::IpAddr > {
+class LSPPING_EXPORT LspPingSrIpv4SubTlv
+   : public Kiv::Typed< LspPingSrIpv4SubTlv, LspPingSrSubTlv< Velnet::IpAddr > > {
  public:
    /// Takes the assigned type and the one that was used before it was assigned.
    constexpr bool valid() const noexcept {
@@ -78,7 +79,8 @@ class LSPPING_EXPORT LspPingSrIpv4SubTlv : public LspPingSrSubTlv< Velnet::IpAdd
 static_assert( Kiv::isWireView< LspPingSrIpv4SubTlv, 12 > );
 
 // IPv6 IGP-prefix segment, RFC 8287 section 5.2.
-class LSPPING_EXPORT LspPingSrIpv6SubTlv : public LspPingSrSubTlv< Velnet::Ip6Addr > {
+class LSPPING_EXPORT LspPingSrIpv6SubTlv
+   : public Kiv::Typed< LspPingSrIpv6SubTlv, LspPingSrSubTlv< Velnet::Ip6Addr > > {
  public:
    /// Takes the assigned type and the one that was used before it was assigned.
    constexpr bool valid() const noexcept {

@@ -61,7 +61,8 @@ class LspPingVpnSubTlv : public LspPingTlvHdr {
 };
 
 // VPN IPv4 prefix, RFC 8029 section 3.2.5.
-class LSPPING_EXPORT LspPingVpnIpv4SubTlv : public LspPingVpnSubTlv< Velnet::IpAddr > {
+class LSPPING_EXPORT LspPingVpnIpv4SubTlv
+   : public Kiv::Typed< LspPingVpnIpv4SubTlv, LspPingVpnSubTlv< Velnet::IpAddr > > {
  public:
    constexpr bool valid() const noexcept {
       return type() == 6 && length() == 13 && prefixLen() <= 32;
@@ -75,7 +76,8 @@ class LSPPING_EXPORT LspPingVpnIpv4SubTlv : public LspPingVpnSubTlv< Velnet::IpA
 static_assert( Kiv::isWireView< LspPingVpnIpv4SubTlv, 20 > );
 
 // VPN IPv6 prefix, RFC 8029 section 3.2.6.
-class LSPPING_EXPORT LspPingVpnIpv6SubTlv : public LspPingVpnSubTlv< Velnet::Ip6Addr > {
+class LSPPING_EXPORT LspPingVpnIpv6SubTlv
+   : public Kiv::Typed< LspPingVpnIpv6SubTlv, LspPingVpnSubTlv< Velnet::Ip6Addr > > {
  public:
    constexpr bool valid() const noexcept {
       return type() == 7 && length() == 25 && prefixLen() <= 128;

@@ -3,6 +3,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/AllocationTracker.h"
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
 #include "MplsUtils/LspPing/platform/Kiv/NrcPtrInterface.h"
+#include "MplsUtils/LspPing/platform/Kiv/Typed.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
 #include "MplsUtils/LspPing/types/Export.h"
@@ -28,7 +29,7 @@ namespace LspPing {
 // +---------------------------------------------------------------+
 //
 // The time stamps are NTP seconds and units of 2^-32 s.
-class LSPPING_EXPORT LspPingHdr : public Kiv::NrcPtrInterface {
+class LSPPING_EXPORT LspPingHdr : public Kiv::Typed< LspPingHdr, Kiv::NrcPtrInterface > {
  public:
    // The fields as they are stored, bit for bit.
    constexpr U16 versionNbo() const noexcept { return version_.raw(); }

@@ -3,6 +3,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/AllocationTracker.h"
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
 #include "MplsUtils/LspPing/platform/Kiv/NrcPtrInterface.h"
+#include "MplsUtils/LspPing/platform/Kiv/Typed.h"
 #include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
 #include "MplsUtils/LspPing/types/Export.h"
 #include "MplsUtils/LspPing/types/LspPingModules.h"
@@ -16,7 +17,7 @@ namespace LspPing {
 // +-------------------------------+-------------------------------+
 // |             type              |            length             |
 // +-------------------------------+-------------------------------+
-class LSPPING_EXPORT LspPingTlvHdr : public Kiv::NrcPtrInterface {
+class LSPPING_EXPORT LspPingTlvHdr : public Kiv::Typed< LspPingTlvHdr, Kiv::NrcPtrInterface > {
  public:
    constexpr U16 typeNbo() const noexcept { return type_.raw(); }
    constexpr void typeNboIs( U16 raw ) noexcept { type_.rawIs( raw ); }
@@ -59,7 +60,7 @@ static_assert( Kiv::isWireView< LspPingTlvHdr, 4 > );
 // +---------------+-------------------------------+
 // |     type      |            length             |
 // +---------------+-------------------------------+
-class LSPPING_EXPORT LspPingTlvU8Hdr : public Kiv::NrcPtrInterface {
+class LSPPING_EXPORT LspPingTlvU8Hdr : public Kiv::Typed< LspPingTlvU8Hdr, Kiv::NrcPtrInterface > {
  public:
    constexpr U8 type() const noexcept { return type_; }
    constexpr void typeIs( U8 type ) noexcept { type_ = type; }

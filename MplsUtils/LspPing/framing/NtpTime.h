@@ -5,6 +5,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
 #include "MplsUtils/LspPing/platform/Kiv/NrcPtrInterface.h"
 #include "MplsUtils/LspPing/platform/Kiv/System.h"
+#include "MplsUtils/LspPing/platform/Kiv/Typed.h"
 #include "MplsUtils/LspPing/types/Export.h"
 #include "MplsUtils/LspPing/types/LspPingModules.h"
 
@@ -14,7 +15,7 @@ namespace LspPing {
 
 /// A 64-bit NTP time stamp, RFC 5905 section 6: a value, not a view. Whole seconds count from
 /// 1 January 1900 modulo 2^32, fractions are units of 2^-32 s.
-class LSPPING_EXPORT NtpTimeU64 {
+class LSPPING_EXPORT NtpTimeU64 : public Kiv::Typed< NtpTimeU64 > {
  public:
    constexpr NtpTimeU64() noexcept = default;
    constexpr NtpTimeU64( U32 seconds, U32 fractions ) noexcept
@@ -30,7 +31,9 @@ class LSPPING_EXPORT NtpTimeU64 {
 
    /// Equality of two objects of this type, for the type system.
    static bool isEq( void const * a, void const * b ) noexcept;
-   friend constexpr bool operator==( NtpTimeU64 const &, NtpTimeU64 const & ) noexcept = default;
+   constexpr bool operator==( NtpTimeU64 const & other ) const noexcept {
+      return seconds_ == other.seconds_ && fractions_ == other.fractions_;
+   }
 
    static consteval auto kivAttributes() {
       return Kiv::attributes( Kiv::stored< &NtpTimeU64::seconds_ >( "seconds" ),
@@ -47,7 +50,7 @@ class LSPPING_EXPORT NtpTimeU64 {
 LSPPING_EXPORT std::ostream & operator<<( std::ostream & out, NtpTimeU64 const & time );
 
 /// Makes NTP time stamps from the system's clock and measures the time between two.
-class LSPPING_EXPORT NtpTime : public Kiv::NrcPtrInterface {
+class LSPPING_EXPORT NtpTime : public Kiv::Typed< NtpTime, Kiv::NrcPtrInterface > {
  public:
    /// The current NTP time in whole seconds, modulo 2^32.
    static U32 ntpSeconds() noexcept;

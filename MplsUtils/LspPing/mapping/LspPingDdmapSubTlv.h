@@ -17,7 +17,8 @@ namespace LspPing {
 // +---------------+---------------+---------------+---------------+
 // | multipathType |        multipathLength        |      mbz      |
 // +---------------+-------------------------------+---------------+
-class LSPPING_EXPORT LspPingMultipathSubTlv : public LspPingTlvHdr {
+class LSPPING_EXPORT LspPingMultipathSubTlv
+   : public Kiv::Typed< LspPingMultipathSubTlv, LspPingTlvHdr > {
  public:
    /// LspPingMultipathType.
    constexpr U8 multipathType() const noexcept { return multipathType_; }
@@ -57,7 +58,8 @@ static_assert( Kiv::isWireView< LspPingMultipathSubTlv, 8 > );
 // +---------------+---------------+---------------+---------------+
 // |   operType    |   addrType    |   fecTlvLen   |   reserved    |
 // +---------------+---------------+---------------+---------------+
-class LSPPING_EXPORT LspPingFecStackChangeSubTlv : public LspPingTlvHdr {
+class LSPPING_EXPORT LspPingFecStackChangeSubTlv
+   : public Kiv::Typed< LspPingFecStackChangeSubTlv, LspPingTlvHdr > {
  public:
    /// LspPingFecStackChangeSubTlvOperType.
    constexpr U8 operType() const noexcept { return operType_; }
@@ -119,7 +121,8 @@ class LspPingFecStackChangePeer : public LspPingFecStackChangeSubTlv {
 
 // Address type 1.
 class LSPPING_EXPORT LspPingFecStackChangeV4SubTlv
-   : public LspPingFecStackChangePeer< Velnet::IpAddr, 1 > {
+   : public Kiv::Typed< LspPingFecStackChangeV4SubTlv,
+                        LspPingFecStackChangePeer< Velnet::IpAddr, 1 > > {
  public:
    static Kiv::AllocationTracker memAllocationTracker_;
 };
@@ -127,14 +130,16 @@ static_assert( Kiv::isWireView< LspPingFecStackChangeV4SubTlv, 12 > );
 
 // Address type 2.
 class LSPPING_EXPORT LspPingFecStackChangeV6SubTlv
-   : public LspPingFecStackChangePeer< Velnet::Ip6Addr, 2 > {
+   : public Kiv::Typed< LspPingFecStackChangeV6SubTlv,
+                        LspPingFecStackChangePeer< Velnet::Ip6Addr, 2 > > {
  public:
    static Kiv::AllocationTracker memAllocationTracker_;
 };
 static_assert( Kiv::isWireView< LspPingFecStackChangeV6SubTlv, 24 > );
 
 // Address type 0: no peer is named, the FEC TLV follows at once.
-class LSPPING_EXPORT LspPingFecStackChangeUnspecifiedSubTlv : public LspPingFecStackChangeSubTlv {
+class LSPPING_EXPORT LspPingFecStackChangeUnspecifiedSubTlv
+   : public Kiv::Typed< LspPingFecStackChangeUnspecifiedSubTlv, LspPingFecStackChangeSubTlv > {
  public:
    /// Looks at type and address type only.
    constexpr bool valid() const noexcept { return type() == 3 && addrType() == 0; }
@@ -158,7 +163,8 @@ static_assert( Kiv::isWireView< LspPingFecStackChangeUnspecifiedSubTlv, 8 > );
 // +-------------------------------+-------------------------------+
 // |       lookupLabelCount        |             flags             |
 // +-------------------------------+-------------------------------+
-class LSPPING_EXPORT LspPingMultiLabelSubTlv : public LspPingTlvHdr {
+class LSPPING_EXPORT LspPingMultiLabelSubTlv
+   : public Kiv::Typed< LspPingMultiLabelSubTlv, LspPingTlvHdr > {
  public:
    constexpr U16 lookupLabelCount() const noexcept { return lookupLabelCount_.value(); }
    constexpr void lookupLabelCountIs( U16 count ) noexcept { lookupLabelCount_.valueIs( count ); }

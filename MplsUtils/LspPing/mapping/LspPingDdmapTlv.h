@@ -16,7 +16,7 @@ namespace LspPing {
 // +-------------------------------+---------------+---------------+
 // |              mtu              |   addrType    |    dsFlags    |
 // +-------------------------------+---------------+---------------+
-class LSPPING_EXPORT LspPingDdmapHdr : public LspPingTlvHdr {
+class LSPPING_EXPORT LspPingDdmapHdr : public Kiv::Typed< LspPingDdmapHdr, LspPingTlvHdr > {
  public:
    /// Of the downstream link, in bytes.
    constexpr U16 mtu() const noexcept { return mtu_.value(); }
@@ -127,7 +127,8 @@ class LspPingDdmapUnnumbered : public LspPingDdmapBody< Address, Velnet::NetU32 
 };
 
 // Address type 1, IPv4 numbered.
-class LSPPING_EXPORT LspPingDdmapTlv : public LspPingDdmapNumbered< Velnet::IpAddr > {
+class LSPPING_EXPORT LspPingDdmapTlv
+   : public Kiv::Typed< LspPingDdmapTlv, LspPingDdmapNumbered< Velnet::IpAddr > > {
  public:
    /// "DDMAPTlv( Downstream Address: …", or "Invalid LspPingDdmapTlv".
    Orlo::String stringValue() const;
@@ -138,7 +139,8 @@ class LSPPING_EXPORT LspPingDdmapTlv : public LspPingDdmapNumbered< Velnet::IpAd
 static_assert( Kiv::isWireView< LspPingDdmapTlv, 20 > );
 
 // Address type 3, IPv6 numbered.
-class LSPPING_EXPORT LspPingDdmapV6Tlv : public LspPingDdmapNumbered< Velnet::Ip6Addr > {
+class LSPPING_EXPORT LspPingDdmapV6Tlv
+   : public Kiv::Typed< LspPingDdmapV6Tlv, LspPingDdmapNumbered< Velnet::Ip6Addr > > {
  public:
    /// "DDMAPV6Tlv( Downstream Address: …", or "Invalid LspPingDdmapV6Tlv".
    Orlo::String stringValue() const;
@@ -149,7 +151,8 @@ class LSPPING_EXPORT LspPingDdmapV6Tlv : public LspPingDdmapNumbered< Velnet::Ip
 static_assert( Kiv::isWireView< LspPingDdmapV6Tlv, 44 > );
 
 // Address type 2, IPv4 unnumbered.
-class LSPPING_EXPORT LspPingDdmapUnnumberedTlv : public LspPingDdmapUnnumbered< Velnet::IpAddr > {
+class LSPPING_EXPORT LspPingDdmapUnnumberedTlv
+   : public Kiv::Typed< LspPingDdmapUnnumberedTlv, LspPingDdmapUnnumbered< Velnet::IpAddr > > {
  public:
    /// "DDMAPUnnumberedTlv( …", or "Invalid LspPingDdmapUnnumberedTlv". The index prints signed.
    Orlo::String stringValue() const;
@@ -161,7 +164,7 @@ static_assert( Kiv::isWireView< LspPingDdmapUnnumberedTlv, 20 > );
 
 // Address type 4, IPv6 unnumbered.
 class LSPPING_EXPORT LspPingDdmapV6UnnumberedTlv
-   : public LspPingDdmapUnnumbered< Velnet::Ip6Addr > {
+   : public Kiv::Typed< LspPingDdmapV6UnnumberedTlv, LspPingDdmapUnnumbered< Velnet::Ip6Addr > > {
  public:
    /// "DDMAPV6UnnumberedTlv( …", or "Invalid LspPingDdmapV6UnnumberedTlv". The index prints
    /// signed.

@@ -3,6 +3,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/AllocationTracker.h"
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
 #include "MplsUtils/LspPing/platform/Kiv/NrcPtrInterface.h"
+#include "MplsUtils/LspPing/platform/Kiv/Typed.h"
 #include "MplsUtils/LspPing/platform/Velnet/Ip6Addr.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
 #include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
@@ -20,7 +21,8 @@ namespace LspPing {
 // +-------------------------------+---------------+---------------+
 // |              mtu              |   addrType    |    dsFlags    |
 // +-------------------------------+---------------+---------------+
-class LSPPING_EXPORT LspPingDownstreamMappingHdr : public Kiv::NrcPtrInterface {
+class LSPPING_EXPORT LspPingDownstreamMappingHdr
+   : public Kiv::Typed< LspPingDownstreamMappingHdr, Kiv::NrcPtrInterface > {
  public:
    /// Of the downstream link, in bytes.
    constexpr Velnet::NetU16 mtu() const noexcept { return mtu_; }
@@ -123,7 +125,8 @@ class LspPingDownstreamMappingUnnumbered
 
 // Address type 1, IPv4 numbered.
 class LSPPING_EXPORT LspPingDownstreamMappingIpv4Tlv
-   : public LspPingDownstreamMappingNumbered< Velnet::IpAddr > {
+   : public Kiv::Typed< LspPingDownstreamMappingIpv4Tlv,
+                        LspPingDownstreamMappingNumbered< Velnet::IpAddr > > {
  public:
    static Kiv::AllocationTracker memAllocationTracker_;
 };
@@ -131,7 +134,8 @@ static_assert( Kiv::isWireView< LspPingDownstreamMappingIpv4Tlv, 16 > );
 
 // Address type 2, IPv4 unnumbered.
 class LSPPING_EXPORT LspPingDownstreamMappingIpv4UnnumberedTlv
-   : public LspPingDownstreamMappingUnnumbered< Velnet::IpAddr > {
+   : public Kiv::Typed< LspPingDownstreamMappingIpv4UnnumberedTlv,
+                        LspPingDownstreamMappingUnnumbered< Velnet::IpAddr > > {
  public:
    static Kiv::AllocationTracker memAllocationTracker_;
 };
@@ -139,7 +143,8 @@ static_assert( Kiv::isWireView< LspPingDownstreamMappingIpv4UnnumberedTlv, 16 > 
 
 // Address type 3, IPv6 numbered.
 class LSPPING_EXPORT LspPingDownstreamMappingIpv6Tlv
-   : public LspPingDownstreamMappingNumbered< Velnet::Ip6Addr > {
+   : public Kiv::Typed< LspPingDownstreamMappingIpv6Tlv,
+                        LspPingDownstreamMappingNumbered< Velnet::Ip6Addr > > {
  public:
    static Kiv::AllocationTracker memAllocationTracker_;
 };
@@ -147,7 +152,8 @@ static_assert( Kiv::isWireView< LspPingDownstreamMappingIpv6Tlv, 40 > );
 
 // Address type 4, IPv6 unnumbered.
 class LSPPING_EXPORT LspPingDownstreamMappingIpv6UnnumberedTlv
-   : public LspPingDownstreamMappingUnnumbered< Velnet::Ip6Addr > {
+   : public Kiv::Typed< LspPingDownstreamMappingIpv6UnnumberedTlv,
+                        LspPingDownstreamMappingUnnumbered< Velnet::Ip6Addr > > {
  public:
    static Kiv::AllocationTracker memAllocationTracker_;
 };

@@ -3,6 +3,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/AllocationTracker.h"
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
 #include "MplsUtils/LspPing/platform/Kiv/NrcPtrInterface.h"
+#include "MplsUtils/LspPing/platform/Kiv/Typed.h"
 #include "MplsUtils/LspPing/platform/Velnet/Ip6Addr.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
 #include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
@@ -20,7 +21,8 @@ namespace LspPing {
 // +---------------+---------------+-------------------------------+
 // |   addrType    |     mbz0      |             mbz1              |
 // +---------------+---------------+-------------------------------+
-class LSPPING_EXPORT LspPingIntfAndLabelStackHdr : public Kiv::NrcPtrInterface {
+class LSPPING_EXPORT LspPingIntfAndLabelStackHdr
+   : public Kiv::Typed< LspPingIntfAndLabelStackHdr, Kiv::NrcPtrInterface > {
  public:
    /// LspPingAddrType: which of the four views describes the rest.
    constexpr U8 addrType() const noexcept { return addrType_; }
@@ -106,7 +108,8 @@ class LspPingIntfAndLabelStackUnnumbered
 
 // Address type 1, IPv4 numbered.
 class LSPPING_EXPORT LspPingIntfAndLabelStackIpv4Tlv
-   : public LspPingIntfAndLabelStackNumbered< Velnet::IpAddr > {
+   : public Kiv::Typed< LspPingIntfAndLabelStackIpv4Tlv,
+                        LspPingIntfAndLabelStackNumbered< Velnet::IpAddr > > {
  public:
    static Kiv::AllocationTracker memAllocationTracker_;
 };
@@ -114,7 +117,8 @@ static_assert( Kiv::isWireView< LspPingIntfAndLabelStackIpv4Tlv, 12 > );
 
 // Address type 2, IPv4 unnumbered.
 class LSPPING_EXPORT LspPingIntfAndLabelStackIpv4UnnumberedTlv
-   : public LspPingIntfAndLabelStackUnnumbered< Velnet::IpAddr > {
+   : public Kiv::Typed< LspPingIntfAndLabelStackIpv4UnnumberedTlv,
+                        LspPingIntfAndLabelStackUnnumbered< Velnet::IpAddr > > {
  public:
    static Kiv::AllocationTracker memAllocationTracker_;
 };
@@ -122,7 +126,8 @@ static_assert( Kiv::isWireView< LspPingIntfAndLabelStackIpv4UnnumberedTlv, 12 > 
 
 // Address type 3, IPv6 numbered.
 class LSPPING_EXPORT LspPingIntfAndLabelStackIpv6Tlv
-   : public LspPingIntfAndLabelStackNumbered< Velnet::Ip6Addr > {
+   : public Kiv::Typed< LspPingIntfAndLabelStackIpv6Tlv,
+                        LspPingIntfAndLabelStackNumbered< Velnet::Ip6Addr > > {
  public:
    static Kiv::AllocationTracker memAllocationTracker_;
 };
@@ -130,7 +135,8 @@ static_assert( Kiv::isWireView< LspPingIntfAndLabelStackIpv6Tlv, 36 > );
 
 // Address type 4, IPv6 unnumbered.
 class LSPPING_EXPORT LspPingIntfAndLabelStackIpv6UnnumberedTlv
-   : public LspPingIntfAndLabelStackUnnumbered< Velnet::Ip6Addr > {
+   : public Kiv::Typed< LspPingIntfAndLabelStackIpv6UnnumberedTlv,
+                        LspPingIntfAndLabelStackUnnumbered< Velnet::Ip6Addr > > {
  public:
    static Kiv::AllocationTracker memAllocationTracker_;
 };

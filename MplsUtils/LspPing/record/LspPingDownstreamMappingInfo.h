@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MplsUtils/LspPing/platform/Kiv/WholeAssignment.h"
 #include "MplsUtils/LspPing/platform/Velnet/IntfId.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpGenAddr.h"
 #include "MplsUtils/LspPing/record/LspPingDownstreamLabelStack.h"
@@ -27,6 +28,7 @@ class LSPPING_EXPORT LspPingDownstreamMappingInfo
                                  bool valid );
    /// Ends in the assertion of the bit set, which has no text.
    explicit LspPingDownstreamMappingInfo( Kiv::CharRange & in );
+   KIV_WHOLE_ASSIGNMENT( LspPingDownstreamMappingInfo );
 
    /// Of the downstream link, in bytes.
    U16 mtu() const noexcept { return mtu_; }

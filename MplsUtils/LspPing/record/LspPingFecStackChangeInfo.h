@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MplsUtils/LspPing/platform/Kiv/WholeAssignment.h"
 #include "MplsUtils/LspPing/record/LspPingFecStack.h"
 
 namespace LspPing {
@@ -11,6 +12,7 @@ class LSPPING_EXPORT LspPingFecStackChangeInfo : public LspPingRecord< LspPingFe
    LspPingFecStackChangeInfo() noexcept = default;
    /// Ends in the assertion of the first stack, which has no text.
    explicit LspPingFecStackChangeInfo( Kiv::CharRange & in );
+   KIV_WHOLE_ASSIGNMENT( LspPingFecStackChangeInfo );
 
    LspPingFecStack const & popTlvInfo() const noexcept { return popTlvInfo_; }
    void popTlvInfoIs( LspPingFecStack const & stack ) { popTlvInfo_ = stack; }

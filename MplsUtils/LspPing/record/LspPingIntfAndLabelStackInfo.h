@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/AllocationTracker.h"
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
+#include "MplsUtils/LspPing/platform/Kiv/WholeAssignment.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpGenAddr.h"
 #include "MplsUtils/LspPing/platform/Velnet/MplsLabelStack.h"
 #include "MplsUtils/LspPing/types/Export.h"
@@ -26,6 +27,7 @@ class LSPPING_EXPORT LspPingIntfAndLabelStackInfo
         valid_( valid ) {}
    /// Reads the generic text. Raises Kiv::RangeException naming the attribute.
    explicit LspPingIntfAndLabelStackInfo( Kiv::CharRange & in );
+   KIV_WHOLE_ASSIGNMENT( LspPingIntfAndLabelStackInfo );
 
    /// LspPingAddrType.
    U8 addrType() const noexcept { return addrType_; }

@@ -3,6 +3,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/AllocationTracker.h"
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
 #include "MplsUtils/LspPing/platform/Kiv/DynArray.h"
+#include "MplsUtils/LspPing/platform/Kiv/WholeAssignment.h"
 #include "MplsUtils/LspPing/types/Export.h"
 #include "MplsUtils/LspPing/types/LspPingRecord.h"
 
@@ -18,6 +19,7 @@ class LSPPING_EXPORT LspPingPadInfo : public LspPingRecord< LspPingPadInfo > {
    LspPingPadInfo( U8 padType, bool valid ) noexcept : padType_( padType ), valid_( valid ) {}
    /// There is no text to read a padding from: an assertion.
    explicit LspPingPadInfo( Kiv::CharRange & );
+   KIV_WHOLE_ASSIGNMENT( LspPingPadInfo );
 
    /// LspPingPadType.
    U8 padType() const noexcept { return padType_; }

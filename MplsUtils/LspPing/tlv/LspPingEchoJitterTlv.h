@@ -14,7 +14,8 @@ namespace LspPing {
 // +-------------------------------+-------------------------------+
 // |                            jitter                             |
 // +---------------------------------------------------------------+
-class LSPPING_EXPORT LspPingEchoJitterTlv : public LspPingTlvHdr {
+class LSPPING_EXPORT LspPingEchoJitterTlv
+   : public Kiv::Typed< LspPingEchoJitterTlv, LspPingTlvHdr > {
  public:
    /// The time over which the responders spread their replies, in milliseconds.
    constexpr U32 jitter() const noexcept { return jitter_.value(); }

@@ -1,6 +1,7 @@
 #include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
 
 #include "MplsUtils/LspPing/framing/LspPingParsers.h"
+#include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 
 #include <utility>
@@ -20,7 +21,7 @@ std::unique_ptr< LspPingPadTlv > lspPingPadTlvFactory() {
 
 Orlo::String LspPingPadTlv::stringValue() const {
    if( !valid() )
-      return "Invalid LspPingPadTlv";
+      return Kiv::_fmt( "Invalid LspPingPadTlv" );
    Orlo::StringBuilder text;
    text.append( "PadTlv( PadType: " );
    text.appendDecimal( padType() );

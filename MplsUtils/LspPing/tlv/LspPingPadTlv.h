@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
 #include "MplsUtils/LspPing/platform/Kiv/DynArray.h"
+#include "MplsUtils/LspPing/platform/Kiv/WholeAssignment.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 
 #include <cstddef>
@@ -19,11 +20,13 @@ namespace LspPing {
 // +---------------+---------------+-------------------------------+
 // |    padType    |         padding, length - 1 bytes             |
 // +---------------+-----------------------------------------------+
-class LSPPING_EXPORT LspPingPadTlv : public LspPingTlvHdr {
+class LSPPING_EXPORT LspPingPadTlv : public Kiv::Typed< LspPingPadTlv, LspPingTlvHdr > {
  public:
    /// The bytes behind the pad type, the first of them at index 0.
    using KivPadding = Kiv::DynArray< U8 >;
 
+   LspPingPadTlv() noexcept = default;
+   KIV_WHOLE_ASSIGNMENT( LspPingPadTlv );
    /// A new object on the heap, all zero and without padding.
    static std::unique_ptr< LspPingPadTlv > LspPingPadTlvIs();
 

@@ -14,7 +14,7 @@ namespace LspPing {
 // +---------------+---------------+-------------------------------+
 // |      tos      |     mbz0      |             mbz1              |
 // +---------------+---------------+-------------------------------+
-class LSPPING_EXPORT LspPingReplyTosTlv : public LspPingTlvHdr {
+class LSPPING_EXPORT LspPingReplyTosTlv : public Kiv::Typed< LspPingReplyTosTlv, LspPingTlvHdr > {
  public:
    /// The type-of-service byte that the responder is asked to send its reply with.
    constexpr U8 tos() const noexcept { return tos_; }

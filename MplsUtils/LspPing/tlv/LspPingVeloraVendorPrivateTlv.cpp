@@ -1,12 +1,16 @@
 #include "MplsUtils/LspPing/tlv/LspPingVeloraVendorPrivateTlv.h"
 
+#include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
+
 namespace LspPing {
 
 constinit Kiv::AllocationTracker LspPingVeloraVendorPrivateTlv::memAllocationTracker_ =
    Kiv::trackerOf< LspPingVeloraVendorPrivateTlv >();
 
 Orlo::String LspPingVeloraVendorPrivateTlv::stringValue() const {
-   return valid() ? "VeloraVendorPrivate()" : "Invalid Velora Vendor Private TLV";
+   if( !valid() )
+      return Kiv::_fmt( "Invalid Velora Vendor Private TLV" );
+   return Kiv::_fmt( "VeloraVendorPrivate()" );
 }
 
 } // namespace LspPing

@@ -16,7 +16,8 @@ namespace LspPing {
 // +-------------------------------+-------------------------------+
 // |                          vendorIana                           |
 // +---------------------------------------------------------------+
-class LSPPING_EXPORT LspPingVeloraVendorPrivateTlv : public LspPingTlvHdr {
+class LSPPING_EXPORT LspPingVeloraVendorPrivateTlv
+   : public Kiv::Typed< LspPingVeloraVendorPrivateTlv, LspPingTlvHdr > {
  public:
    /// IANA Private Enterprise Number of the vendor that defines what follows.
    constexpr U32 vendorIana() const noexcept { return vendorIana_.value(); }

@@ -3,6 +3,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/AllocationTracker.h"
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
 #include "MplsUtils/LspPing/platform/Kiv/ConstantHolder.h"
+#include "MplsUtils/LspPing/platform/Kiv/Typed.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/types/Export.h"
 #include "MplsUtils/LspPing/types/LspPingModules.h"
@@ -12,14 +13,12 @@
 namespace LspPing {
 
 /// The protocol's fixed settings.
-class LSPPING_EXPORT LspPingConstant : public Kiv::ConstantHolder {
+class LSPPING_EXPORT LspPingConstant : public Kiv::Typed< LspPingConstant, Kiv::ConstantHolder > {
  public:
    static constexpr std::string_view lspPingServiceName = "lspPing";
    static constexpr U16 lspPingUdpPort = 3503;    ///< RFC 8029 section 6.1
    static constexpr U32 maxRxPktSize = 65535;     ///< bytes
    static constexpr U32 sockBufferSize = 1048576; ///< bytes
-
-   Kiv::TypeRef fwkType() const noexcept;
 
    static consteval auto kivAttributes() {
       using Self = LspPingConstant;

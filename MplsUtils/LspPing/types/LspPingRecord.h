@@ -4,6 +4,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
 #include "MplsUtils/LspPing/platform/Kiv/TypeName.h"
 #include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/Kiv/Typed.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/types/LspPingModules.h"
@@ -15,7 +16,7 @@ namespace LspPing {
 
 /// What every value record offers in the same way. R is the record; it has `==` and a default.
 template < class R >
-class LspPingRecord {
+class LspPingRecord : public Kiv::Typed< R > {
  public:
    /// Equality of two records, for the type system.
    static bool isEq( void const * a, void const * b ) {

@@ -36,7 +36,7 @@ void release( std::vector< void * > const & objects, std::size_t size ) {
 class RecyclingSlab : public testing::Test {
  protected:
    void SetUp() override {
-      if( !VelSlab::recycles ) {
+      if( !VelSlab::recycles() ) {
          GTEST_SKIP() << "AddressSanitizer builds take every object from the heap";
       }
    }
@@ -204,13 +204,11 @@ TEST( Slab, keepsObjectsApartAcrossThreadsThatTradeThem ) {
 }
 
 #if defined( __SANITIZE_THREAD__ )
-constexpr bool memoryCanBeLimited = false;
+constexpr bool threadSanitizer = true;
 #elif !defined( __has_feature )
-constexpr bool memoryCanBeLimited = VelSlab::recycles;
-#elif __has_feature( thread_sanitizer )
-constexpr bool memoryCanBeLimited = false;
+constexpr bool threadSanitizer = false;
 #else
-constexpr bool memoryCanBeLimited = VelSlab::recycles;
+constexpr bool threadSanitizer = __has_feature( thread_sanitizer );
 #endif
 
 [[noreturn]] void exhaustMemory() {
@@ -242,7 +240,7 @@ constexpr bool memoryCanBeLimited = VelSlab::recycles;
 }
 
 TEST( SlabDeathTest, throwsBadAllocWithoutMemoryAndGoesOnWhenSomeIsReleased ) {
-   if( !memoryCanBeLimited ) {
+   if( threadSanitizer || !VelSlab::recycles() ) {
       GTEST_SKIP() << "a sanitizer needs more address space than the limit";
    }
    testing::FLAGS_gtest_death_test_style = "threadsafe";
@@ -250,7 +248,7 @@ TEST( SlabDeathTest, throwsBadAllocWithoutMemoryAndGoesOnWhenSomeIsReleased ) {
 }
 
 TEST( SlabDeathTest, letsAddressSanitizerSeeAUseAfterRelease ) {
-   if( VelSlab::recycles ) {
+   if( VelSlab::recycles() ) {
       GTEST_SKIP() << "only AddressSanitizer sees it";
    }
    char * const volatile object = static_cast< char * >( VelSlab::allocate( 32 ) );

@@ -14,13 +14,20 @@ void * ownerOf( TypeRecord const & record, Attribute const & row, void * object 
 
 Outcome accessEntry( CollectionRecord const & collection, void * owner, OpCode op, void * buffer ) {
    auto const & entry = *static_cast< Entry const * >( buffer );
-   if( entry.key > collection.keyLimit || owner == nullptr )
-      return Outcome::notPermitted;
-   if( op == OpCode::write )
+   KIV_ASSERT( entry.value != nullptr );
+   if( op == OpCode::read )
+      collection.read( owner, entry.key, entry.value );
+   else if( owner != nullptr && entry.key <= collection.keyLimit )
       collection.write( owner, entry.key, entry.value );
    else
-      collection.read( owner, entry.key, entry.value );
+      return Outcome::notPermitted;
    return Outcome::done;
+}
+
+void checkCall( Call const & call, Signature const & signature ) {
+   KIV_ASSERT( call.count == signature.count );
+   KIV_ASSERT( call.count == 0 || call.arguments != nullptr );
+   KIV_ASSERT( !signature.result.type || call.result != nullptr );
 }
 
 Orlo::String described( BufferType wanted ) {
@@ -77,7 +84,7 @@ Outcome accessIndirectly( TypeRecord const & record, Attribute const & row, void
    if( row.collection() )
       return accessEntry( *row.collectionRecord, ownerOf( record, row, object ), op, buffer );
    if( row.callable() )
-      KIV_ASSERT( static_cast< Call const * >( buffer )->count == row.signature->count );
+      checkCall( *static_cast< Call const * >( buffer ), *row.signature );
    row.access( ownerOf( record, row, object ), op, buffer );
    return Outcome::done;
 }
@@ -152,6 +159,21 @@ CollectionIterator::CollectionIterator( CollectionIterator const & other )
 CollectionIterator::~CollectionIterator() {
    if( owner_ != nullptr )
       record_->iteratorEnd( storage_ );
+}
+
+void const * CollectionIterator::iterObj() const {
+   KIV_ASSERT( iterNonnull() );
+   return record_->iterObj( storage_ );
+}
+
+U32 CollectionIterator::iterKey() const {
+   KIV_ASSERT( iterNonnull() );
+   return record_->iterKey( storage_ );
+}
+
+void CollectionIterator::iterInc() {
+   KIV_ASSERT( iterNonnull() );
+   record_->iterInc( storage_ );
 }
 
 Outcome CollectionIterator::iterDel() {

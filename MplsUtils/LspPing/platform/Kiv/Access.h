@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MplsUtils/LspPing/platform/Export.h"
+#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
 #include "MplsUtils/LspPing/platform/Kiv/NameTable.h"
 #include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
@@ -68,6 +69,7 @@ inline Outcome access( TypeRecord const & record, Attribute const & row, void * 
                        void * buffer ) {
    if( !row.offers( op ) )
       return Outcome::notPermitted;
+   KIV_ASSERT( buffer != nullptr );
    if( ( row.flags &
          ( Attribute::forwardedFlag | Attribute::collectionFlag | Attribute::callableFlag ) ) != 0 )
       return accessIndirectly( record, row, object, op, buffer );
@@ -79,7 +81,7 @@ inline Outcome access( TypeRecord const & record, Attribute const & row, void * 
 ///
 /// \param buffer  Read: an object of the attribute's type that is assigned the value (a `void *` or
 ///    an `Orlo::Ptr< Orlo::Node >` for attributes that point, an `Entry` for collections). Write:
-///    the same, holding the new value. Call: a `Call`.
+///    the same, holding the new value. Call: a `Call`. Null only where the access is refused.
 /// \returns  what became of it; nothing is changed unless it is `done`. An id that names nothing is
 ///    `noSuchAttribute` whatever the code.
 inline Outcome attributeAccess( TypeRef type, void * object, Field field, OpCode op,
@@ -194,11 +196,12 @@ class LSPPING_PLATFORM_EXPORT CollectionIterator {
 
    /// True while there is an element under the iterator.
    bool iterNonnull() const { return owner_ != nullptr && record_->iterNonnull( storage_ ); }
+   // What follows asserts that there is one.
    /// The element: an object of the collection's value type that stays the collection's.
-   void const * iterObj() const { return record_->iterObj( storage_ ); }
-   U32 iterKey() const { return record_->iterKey( storage_ ); }
-   void iterInc() { record_->iterInc( storage_ ); }
-   /// Deletes the element; the iterator can still advance.
+   void const * iterObj() const;
+   U32 iterKey() const;
+   void iterInc();
+   /// Deletes the element; the iterator can still advance. Not permitted where there is none.
    Outcome iterDel();
 
  private:

@@ -27,8 +27,9 @@ struct IteratorStorage {
    alignas( void * ) std::byte bytes[size];
 };
 
-/// What can be done with a collection member of an object without knowing its class. `key` is
-/// given as a number of at most `keyLimit`.
+/// What can be done with a collection member of an object without knowing its class. No element has
+/// a key above `keyLimit`, and none has an owner that is not there: `contains` is false and `read`
+/// gives the default value. Only what is there is written, and only up to that key.
 struct CollectionRecord {
    TypeId keyType;
    U32 keyLimit; ///< the highest key
@@ -70,6 +71,9 @@ struct CollectionAccess {
       return static_cast< Owner const * >( owner )->*member;
    }
    static Collection & of( void * owner ) { return static_cast< Owner * >( owner )->*member; }
+   static bool mayHold( void const * owner, U32 key ) {
+      return owner != nullptr && key <= Collection::keyLimit;
+   }
    // The storage holds an Iterator from `iterator` or `iteratorCopy` until `iteratorEnd`.
    static Iterator & in( IteratorStorage & s ) {
       return *std::launder( reinterpret_cast< Iterator * >( s.bytes ) );
@@ -84,11 +88,12 @@ struct CollectionAccess {
       .count = []( void const * owner ) -> std::size_t { return of( owner ).count(); },
       .version = []( void const * owner ) -> U64 { return of( owner ).version(); },
       .contains = []( void const * owner, U32 key ) -> bool {
-         return of( owner ).contains( static_cast< Key >( key ) );
+         return mayHold( owner, key ) && of( owner ).contains( static_cast< Key >( key ) );
       },
       .read =
          []( void const * owner, U32 key, void * value ) {
-            *static_cast< Value * >( value ) = of( owner ).entry( static_cast< Key >( key ) );
+            *static_cast< Value * >( value ) =
+               mayHold( owner, key ) ? of( owner ).entry( static_cast< Key >( key ) ) : Value();
          },
       .write =
          []( void * owner, U32 key, void const * value ) {

@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/Assert.h"
 #include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "MplsUtils/LspPing/platform/Kiv/OutOfMemory.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -98,9 +99,11 @@ class DynArray {
    void endIs( std::size_t index ) noexcept {
       std::size_t const newEntries = index + 1;
       KIV_ASSERT( newEntries < 2003004 );
-      if( newEntries > capacity() )
-         entries_.reserve( empty() ? index + 4 : std::max( 2 * capacity(), newEntries ) );
-      entries_.resize( newEntries );
+      orOutOfMemory( "Kiv::DynArray", [&] {
+         if( newEntries > capacity() )
+            entries_.reserve( empty() ? index + 4 : std::max( 2 * capacity(), newEntries ) );
+         entries_.resize( newEntries );
+      } );
    }
 
    std::vector< T > entries_; // from index 0, those below lowest_ included

@@ -64,7 +64,7 @@ class EnumType {
 
    Orlo::String stringValue( Underlying value ) const {
       std::string_view const known = name( value );
-      return known.empty() ? std::to_string( value ) : Orlo::String( known );
+      return known.empty() ? std::to_string( value ) : Orlo::stringOf( known );
    }
 
    std::ostream & write( std::ostream & out, Underlying value ) const {

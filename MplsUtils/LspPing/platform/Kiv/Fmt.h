@@ -276,10 +276,10 @@ template < class... Args >
 }
 
 /// Formatted text; one allocation at the most, unless an argument's text makes it outgrow the
-/// builder's own bytes.
+/// builder's own bytes. Exhausted memory ends the process.
 template < class... Args >
 Orlo::String _fmt( FormatString< std::type_identity_t< Args >... > format,
-                   Args const &... arguments ) {
+                   Args const &... arguments ) noexcept {
    Orlo::StringBuilder out;
    format.write( out, arguments... );
    return std::move( out ).string();

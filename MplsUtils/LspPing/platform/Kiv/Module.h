@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
 #include "MplsUtils/LspPing/platform/Kiv/ConstantHolder.h"
@@ -73,6 +74,7 @@ constexpr Operations operationsFor() {
                        } )
             o.create = []( Orlo::Ptr< Velnet::Pkt > const & pkt,
                            U32 offset ) -> Orlo::Ptr< Orlo::Node > {
+               KIV_ASSERT( pkt != nullptr );
                return T::kivCreate( pkt, offset );
             };
          else

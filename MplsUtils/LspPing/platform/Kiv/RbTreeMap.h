@@ -73,12 +73,16 @@ class RbTreeMap {
          tree_.emplace_hint( tree_.end(), key, copyOf( *entry ) );
    }
    RbTreeMap( RbTreeMap && ) noexcept = default;
-   RbTreeMap & operator=( RbTreeMap other ) noexcept {
-      tree_.swap( other.tree_ );
-      version_ = other.version_;
+   ~RbTreeMap() = default;
+
+   /// When memory runs out, std::bad_alloc leaves the map as it was.
+   RbTreeMap & operator=( RbTreeMap const & other ) { return *this = RbTreeMap( other ); }
+   RbTreeMap & operator=( RbTreeMap && other ) noexcept {
+      RbTreeMap taken( std::move( other ) ); // may be this very map
+      tree_.swap( taken.tree_ );
+      version_ = taken.version_;
       return *this;
    }
-   ~RbTreeMap() = default;
 
    /// The map must stay where it is while the iterator is used; it may change.
    Iterator iterator() const noexcept { return Iterator( *this ); }

@@ -8,7 +8,8 @@ void StringBuilder::grow( std::size_t count ) noexcept {
    std::size_t const used = size();
    bool const first = begin_ == inline_;
    std::size_t const capacity = first ? inlineCapacity : heap_.size();
-   heap_.resize( std::max( used + count, 2 * capacity ) );
+   Kiv::orOutOfMemory( "Orlo::String",
+                       [&] { heap_.resize( std::max( used + count, 2 * capacity ) ); } );
    if( first ) {
       std::memcpy( heap_.data(), inline_, used );
    }

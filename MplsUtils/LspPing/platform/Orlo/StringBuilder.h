@@ -28,12 +28,12 @@ class StringBuilder {
    std::string_view view() const noexcept { return { begin_, size() }; }
 
    /// A copy: one allocation at the most.
-   String string() const & { return String{ begin_, size() }; }
+   String string() const & noexcept { return stringOf( view() ); }
 
    /// As above, but text that had outgrown the builder's own bytes is handed over, not copied.
-   String string() && {
+   String string() && noexcept {
       if( begin_ == inline_ ) [[likely]] {
-         return String{ begin_, size() };
+         return stringOf( view() );
       }
       heap_.resize( size() );
       String text = std::move( heap_ );

@@ -8,6 +8,14 @@ namespace VelSlab {
 
 namespace {
 
+#if defined( __SANITIZE_ADDRESS__ )
+constexpr bool addressSanitizer = true;
+#elif !defined( __has_feature )
+constexpr bool addressSanitizer = false;
+#else
+constexpr bool addressSanitizer = __has_feature( address_sanitizer );
+#endif
+
 /// Room for the objects that one thread holds or that are traded in the depot as one.
 struct alignas( internal::magazineSize ) Magazine {
    static constexpr std::size_t capacity = internal::magazineSize / sizeof( void * ) - 3;
@@ -261,7 +269,11 @@ namespace internal {
 constinit thread_local std::array< void **, classCount > loaded
    __attribute__( ( tls_model( "initial-exec" ) ) ) = noTops();
 
-void * allocateSlowly( std::size_t sizeClass ) {
+void * allocateSlowly( std::size_t size ) {
+   if( addressSanitizer ) {
+      return ::operator new( size );
+   }
+   std::size_t const sizeClass = sizeClassOf( size );
    Depot & depot = depots[sizeClass];
    if( !holdsMagazines() ) {
       return depot.object( sizeOf( sizeClass ) );
@@ -276,7 +288,12 @@ void * allocateSlowly( std::size_t sizeClass ) {
    return object;
 }
 
-void releaseSlowly( void * object, std::size_t sizeClass ) noexcept {
+void releaseSlowly( void * object, std::size_t size ) noexcept {
+   if( addressSanitizer ) {
+      ::operator delete( object );
+      return;
+   }
+   std::size_t const sizeClass = sizeClassOf( size );
    Depot & depot = depots[sizeClass];
    if( !holdsMagazines() ) {
       depot.objectIs( object );
@@ -296,6 +313,10 @@ void releaseSlowly( void * object, std::size_t sizeClass ) noexcept {
 }
 
 } // namespace internal
+
+bool recycles() noexcept {
+   return !addressSanitizer;
+}
 
 U64 depotVisits( std::size_t size ) {
    return size > largestSize ? 0 : depots[internal::sizeClassOf( size )].visits();

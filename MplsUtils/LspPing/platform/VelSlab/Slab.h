@@ -19,17 +19,10 @@ inline constexpr std::size_t sizeStep = 16;
 inline constexpr std::size_t largestSize = 256;
 inline constexpr std::size_t classCount = largestSize / sizeStep;
 
-/// Under AddressSanitizer every size comes from the heap, whose checks then see a use after
-/// release.
-#if defined( __SANITIZE_ADDRESS__ )
-inline constexpr bool recycles = false;
-#elif !defined( __has_feature )
-inline constexpr bool recycles = true;
-#elif __has_feature( address_sanitizer )
-inline constexpr bool recycles = false;
-#else
-inline constexpr bool recycles = true;
-#endif
+/// False when the library was built with AddressSanitizer: then every size comes from the heap,
+/// whose checks see a use after release. How the caller was built does not matter, so that memory
+/// goes back where it came from.
+LSPPING_PLATFORM_EXPORT bool recycles() noexcept;
 
 namespace internal {
 
@@ -38,12 +31,12 @@ inline constexpr std::size_t magazineSize = 512;
 /// For each size class the place above the topmost object of the thread's loaded magazine.
 /// Magazines are aligned to their size, so a full one has its top at a multiple of it; below the
 /// lowest object stands a null. A thread starts with one that is full of nulls: both allocation
-/// and release then take the slow path.
+/// and release then take the slow path, and always do where nothing is recycled.
 extern LSPPING_PLATFORM_EXPORT constinit thread_local std::array< void **, classCount > loaded
    __attribute__( ( tls_model( "initial-exec" ) ) );
 
-LSPPING_PLATFORM_EXPORT void * allocateSlowly( std::size_t sizeClass );
-LSPPING_PLATFORM_EXPORT void releaseSlowly( void * object, std::size_t sizeClass ) noexcept;
+LSPPING_PLATFORM_EXPORT void * allocateSlowly( std::size_t size );
+LSPPING_PLATFORM_EXPORT void releaseSlowly( void * object, std::size_t size ) noexcept;
 
 constexpr std::size_t sizeClassOf( std::size_t size ) noexcept {
    return size == 0 ? 0 : ( size - 1 ) / sizeStep;
@@ -53,14 +46,13 @@ constexpr std::size_t sizeClassOf( std::size_t size ) noexcept {
 
 /// Memory for `size` bytes, aligned to 16. Throws std::bad_alloc when there is none.
 [[nodiscard]] inline void * allocate( std::size_t size ) {
-   if( !recycles || size > largestSize ) {
+   if( size > largestSize ) {
       return ::operator new( size );
    }
-   std::size_t const sizeClass = internal::sizeClassOf( size );
-   void **& top = internal::loaded[sizeClass];
+   void **& top = internal::loaded[internal::sizeClassOf( size )];
    void * const object = top[-1];
    if( object == nullptr ) [[unlikely]] {
-      return internal::allocateSlowly( sizeClass );
+      return internal::allocateSlowly( size );
    }
    --top;
    return object;
@@ -68,17 +60,16 @@ constexpr std::size_t sizeClassOf( std::size_t size ) noexcept {
 
 /// Takes memory back from any thread; `size` is the one it was allocated with.
 inline void release( void * object, std::size_t size ) noexcept {
-   if( !recycles || size > largestSize ) {
+   if( size > largestSize ) {
       ::operator delete( object );
       return;
    }
    if( object == nullptr ) {
       return;
    }
-   std::size_t const sizeClass = internal::sizeClassOf( size );
-   void **& top = internal::loaded[sizeClass];
+   void **& top = internal::loaded[internal::sizeClassOf( size )];
    if( reinterpret_cast< std::uintptr_t >( top ) % internal::magazineSize == 0 ) [[unlikely]] {
-      internal::releaseSlowly( object, sizeClass );
+      internal::releaseSlowly( object, size );
       return;
    }
    *top++ = object;

@@ -1,5 +1,6 @@
 #include "MplsUtils/LspPing/platform/Velnet/Ip6Addr.h"
 
+#include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
 #include "MplsUtils/LspPing/platform/Orlo/Digits.h"
 #include "MplsUtils/LspPing/platform/Velnet/AddressText.h"
 
@@ -161,8 +162,7 @@ std::optional< Ip6Addr > Ip6Addr::fromText( std::string_view text ) noexcept {
 }
 
 Orlo::String Ip6Addr::stringValue() const {
-   char text[longestText];
-   return { text, putIp6Addr( text, *this ) };
+   return Kiv::_fmt( "%s", *this );
 }
 
 void appendText( Orlo::StringBuilder & out, Ip6Addr const & address ) noexcept {
