@@ -10,8 +10,11 @@
 #include <latch>
 #include <new>
 #include <set>
+#include <stop_token>
 #include <sys/resource.h>
+#include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -175,6 +178,29 @@ TEST( Slab, servesAThreadThatHasGivenItsMagazinesBack ) {
    std::vector< void * > const objects = allocated( 160, 300 );
    EXPECT_EQ( std::set< void * >( objects.begin(), objects.end() ).size(), 300u );
    release( objects, 160 );
+}
+
+TEST( Slab, servesAChildThatWasForkedWhileOthersWereAtTheDepot ) {
+   std::vector< std::jthread > visiting;
+   for( int i = 0; i < 3; ++i ) {
+      visiting.emplace_back( []( std::stop_token const & stop ) {
+         while( !stop.stop_requested() ) {
+            static_cast< void >( VelSlab::depotVisits( 176 ) );
+         }
+      } );
+   }
+   for( int round = 0; round < 50; ++round ) {
+      pid_t const child = fork();
+      if( child == 0 ) {
+         alarm( 20 ); // ends a child that waits for a lock whose owner it does not have
+         release( allocated( 176, 500 ), 176 );
+         std::_Exit( 0 );
+      }
+      ASSERT_GT( child, 0 );
+      int status = 0;
+      ASSERT_EQ( waitpid( child, &status, 0 ), child );
+      ASSERT_TRUE( WIFEXITED( status ) && WEXITSTATUS( status ) == 0 ) << "round " << round;
+   }
 }
 
 TEST( Slab, keepsObjectsApartAcrossThreadsThatTradeThem ) {
