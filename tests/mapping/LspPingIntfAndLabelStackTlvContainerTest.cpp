@@ -103,6 +103,20 @@ TEST( LspPingIntfAndLabelStackTlvContainer, isValidForKnownAddressTypesFromTheir
    }
 }
 
+TEST( LspPingIntfAndLabelStackTlvContainer, isNoLongerValidAfterAValueWithoutAHeader ) {
+   for( U32 len = 0; len < 4; ++len ) {
+      WireBytes first( numbered6 );
+      WireBytes headerless( len, 1 );
+      auto const container = castTo( first );
+      ASSERT_TRUE( container->valid() );
+      container->tryCastToTlv( headerless.data(), len );
+      EXPECT_FALSE( container->valid() ) << len;
+      EXPECT_EQ( static_cast< void * >( container->header() ), first.data() ) << len;
+      EXPECT_EQ( static_cast< void * >( container->ipv6Tlv() ), first.data() ) << len;
+      EXPECT_EQ( container->ipv4Tlv(), nullptr ) << len;
+   }
+}
+
 TEST( LspPingIntfAndLabelStackTlvContainer, keepsEarlierPointersWhenItIsUsedAgain ) {
    WireBytes first( numbered6 );
    WireBytes second( unnumbered4 );

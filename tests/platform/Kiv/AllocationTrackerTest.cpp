@@ -3,11 +3,15 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <latch>
+#include <stop_token>
 #include <string>
+#include <sys/wait.h>
 #include <thread>
 #include <type_traits>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -157,6 +161,35 @@ TEST( AllocationTracker, listsThoseThatCounted ) {
    EXPECT_EQ( named( "listed and used" )->live, used.live() );
    EXPECT_EQ( named( "listed and used" )->total, used.total() );
    EXPECT_EQ( named( "listed but idle" ), all.end() );
+}
+
+[[noreturn]] void askInAChild() {
+   alarm( 20 ); // ends a child that waits for a lock whose owner it does not have
+   static constinit AllocationTracker tracker( "counted in a child" );
+   count( tracker, 3, 1 );
+   std::_Exit( tracker.live() == 2 && !AllocationTracker::usage().empty() ? 0 : 1 );
+}
+
+TEST( AllocationTracker, answersInAChildThatWasForkedWhileOthersAsked ) {
+   std::vector< std::jthread > asking;
+   for( int i = 0; i < 3; ++i ) {
+      asking.emplace_back( []( std::stop_token const & stop ) {
+         while( !stop.stop_requested() ) {
+            static_cast< void >( AllocationTracker::usage() );
+            static_cast< void >( header.live() );
+         }
+      } );
+   }
+   for( int round = 0; round < 50; ++round ) {
+      pid_t const child = fork();
+      if( child == 0 ) {
+         askInAChild();
+      }
+      ASSERT_GT( child, 0 );
+      int status = 0;
+      ASSERT_EQ( waitpid( child, &status, 0 ), child );
+      ASSERT_TRUE( WIFEXITED( status ) && WEXITSTATUS( status ) == 0 ) << "round " << round;
+   }
 }
 
 template < std::size_t... index >

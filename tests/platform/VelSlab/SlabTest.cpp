@@ -10,8 +10,11 @@
 #include <latch>
 #include <new>
 #include <set>
+#include <stop_token>
 #include <sys/resource.h>
+#include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -177,6 +180,86 @@ TEST( Slab, servesAThreadThatHasGivenItsMagazinesBack ) {
    release( objects, 160 );
 }
 
+// After some rounds of the same use no object is a new one: all come back, whichever way they go.
+template < class Use >
+void expectNoneLost( Use use ) {
+   std::set< void * > seen;
+   std::size_t afterSome = 0;
+   for( int round = 0; round < 20; ++round ) {
+      std::vector< void * > const objects = use();
+      seen.insert( objects.begin(), objects.end() );
+      if( round == 4 ) {
+         afterSome = seen.size();
+      }
+   }
+   EXPECT_EQ( seen.size(), afterSome );
+}
+
+TEST_F( RecyclingSlab, losesNoObjectOfAThreadThatGoesOn ) {
+   expectNoneLost( [] {
+      std::vector< void * > const objects = allocated( 192, 1000 );
+      release( objects, 192 );
+      return objects;
+   } );
+}
+
+TEST_F( RecyclingSlab, losesNoObjectOfAThreadThatEnds ) {
+   expectNoneLost( [] {
+      std::vector< void * > objects;
+      std::thread( [&] {
+         objects = allocated( 208, 1000 );
+         release( objects, 208 );
+      } ).join();
+      return objects;
+   } );
+}
+
+struct ReturnsLate {
+   std::vector< void * > objects;
+   ~ReturnsLate() {
+      std::vector< void * > const more = allocated( 224, 300 ); // those of the magazines, too
+      release( objects, 224 );
+      release( more, 224 );
+   }
+};
+
+TEST_F( RecyclingSlab, losesNoObjectThatComesBackAfterTheMagazines ) {
+   expectNoneLost( [] {
+      std::vector< void * > objects;
+      std::thread( [&] {
+         // Built before the thread's magazines are, so destroyed after them.
+         thread_local ReturnsLate late;
+         objects = allocated( 224, 1000 );
+         late.objects = objects;
+         release( allocated( 224, 100 ), 224 );
+      } ).join();
+      return objects;
+   } );
+}
+
+TEST( Slab, servesAChildThatWasForkedWhileOthersWereAtTheDepot ) {
+   std::vector< std::jthread > visiting;
+   for( int i = 0; i < 3; ++i ) {
+      visiting.emplace_back( []( std::stop_token const & stop ) {
+         while( !stop.stop_requested() ) {
+            static_cast< void >( VelSlab::depotVisits( 176 ) );
+         }
+      } );
+   }
+   for( int round = 0; round < 50; ++round ) {
+      pid_t const child = fork();
+      if( child == 0 ) {
+         alarm( 20 ); // ends a child that waits for a lock whose owner it does not have
+         release( allocated( 176, 500 ), 176 );
+         std::_Exit( 0 );
+      }
+      ASSERT_GT( child, 0 );
+      int status = 0;
+      ASSERT_EQ( waitpid( child, &status, 0 ), child );
+      ASSERT_TRUE( WIFEXITED( status ) && WEXITSTATUS( status ) == 0 ) << "round " << round;
+   }
+}
+
 TEST( Slab, keepsObjectsApartAcrossThreadsThatTradeThem ) {
    constexpr int threadCount = 4;
    constexpr int objectCount = 500;
@@ -281,6 +364,18 @@ TEST( SlabAllocated, tellsTheTrackerOfItsClass ) {
    delete second;
    EXPECT_EQ( tracker.live(), 0u );
    EXPECT_EQ( tracker.total() - total, 3u );
+}
+
+TEST( SlabAllocated, givesTheMemoryOfADeletedObjectToTheNext ) {
+   if( !VelSlab::recycles() ) {
+      GTEST_SKIP() << "AddressSanitizer builds take every object from the heap";
+   }
+   auto const * const first = new Counted;
+   auto const * const place = static_cast< void const * >( first );
+   delete first;
+   auto const * const second = new Counted;
+   EXPECT_EQ( second, place );
+   delete second;
 }
 
 TEST( SlabAllocated, canBePlaced ) {

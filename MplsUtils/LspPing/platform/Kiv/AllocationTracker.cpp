@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <mutex>
 #include <new>
+#include <pthread.h>
 
 namespace Kiv {
 
@@ -26,6 +27,9 @@ class AllocationLedger {
    void count( AllocationTracker & tracker, std::atomic< U64 > Counts::*side ) noexcept;
    AllocationTracker::Usage usage( AllocationTracker const & tracker );
    std::vector< AllocationTracker::Usage > usage();
+
+   void lock() noexcept { mutex_.lock(); }
+   void unlock() noexcept { mutex_.unlock(); }
 
  private:
    struct alignas( 64 ) Block {
@@ -53,6 +57,12 @@ class AllocationLedger {
 namespace {
 
 constinit AllocationLedger ledger;
+
+// A fork waits for the ledger: in the child there is nobody who could unlock it.
+[[gnu::constructor]] void guardForks() noexcept {
+   static_cast< void >(
+      pthread_atfork( [] { ledger.lock(); }, [] { ledger.unlock(); }, [] { ledger.unlock(); } ) );
+}
 
 constinit thread_local bool threadEnding = false;
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <pthread.h>
 #include <utility>
 
 namespace VelSlab {
@@ -110,6 +111,9 @@ class alignas( 64 ) Depot {
       loosen( object );
    }
 
+   void lock() noexcept { mutex_.lock(); }
+   void unlock() noexcept { mutex_.unlock(); }
+
    U64 visits() {
       std::lock_guard const lock( mutex_ );
       return visits_;
@@ -202,6 +206,23 @@ class alignas( 64 ) Depot {
 };
 
 constinit std::array< Depot, classCount > depots;
+
+void lockAll() noexcept {
+   for( Depot & depot : depots ) {
+      depot.lock();
+   }
+}
+
+void unlockAll() noexcept {
+   for( Depot & depot : depots ) {
+      depot.unlock();
+   }
+}
+
+// A fork waits for the depots: in the child there is nobody who could unlock them.
+[[gnu::constructor]] void guardForks() noexcept {
+   static_cast< void >( pthread_atfork( lockAll, unlockAll, unlockAll ) );
+}
 
 /// Each thread's second magazine of every class: full, empty, or none.
 constinit thread_local std::array< Magazine *, classCount > spares{};
