@@ -10,6 +10,7 @@ install( TARGETS LspPing LspPingPlatform EXPORT LspPingTargets
          LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} )
 install( DIRECTORY ${PROJECT_SOURCE_DIR}/MplsUtils DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
          FILES_MATCHING PATTERN "*.h" )
+install( DIRECTORY ${PROJECT_BINARY_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} )
 install( EXPORT LspPingTargets NAMESPACE LspPing:: DESTINATION ${packageFolder} )
 
 configure_package_config_file( ${CMAKE_CURRENT_LIST_DIR}/LspPingConfig.cmake.in
@@ -21,10 +22,15 @@ install( FILES ${PROJECT_BINARY_DIR}/LspPingConfig.cmake
                ${PROJECT_BINARY_DIR}/LspPingConfigVersion.cmake
          DESTINATION ${packageFolder} )
 
-# The libraries find each other, and the tool finds them, wherever the prefix is moved to.
-set_target_properties( LspPing PROPERTIES INSTALL_RPATH "$ORIGIN" )
+# The libraries find each other, and the tool finds them, wherever the prefix is moved to. They are
+# built with the paths that they are installed with: what CMake is to change while installing has an
+# empty entry until then, and that is the working directory to the loader.
+set_target_properties( LspPing PROPERTIES INSTALL_RPATH "$ORIGIN" BUILD_WITH_INSTALL_RPATH ON )
 if( TARGET lspping )
    file( RELATIVE_PATH libraries ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR} )
-   set_target_properties( lspping PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries}" )
+   set( paths "$ORIGIN/${libraries}" "$ORIGIN/../lib" ) # the latter in the build's own folder
+   list( REMOVE_DUPLICATES paths )
+   set_target_properties( lspping PROPERTIES
+      INSTALL_RPATH "${paths}" INSTALL_RPATH_USE_LINK_PATH ON BUILD_WITH_INSTALL_RPATH ON )
    install( TARGETS lspping RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} )
 endif()

@@ -11,6 +11,9 @@ namespace LspPing {
 constexpr Kiv::ModuleTable lspPingHdrTable =
    Kiv::Module< LspPingHdrTypes, lspPingHdrModule >::table( "LspPingHdr" );
 
+// Referred to, and never read.
+constinit char const lspPingLinked = 0;
+
 namespace {
 
 // What runs when the library is loaded, in this order.

@@ -7,3 +7,4 @@
 #include "MplsUtils/LspPing/types/LspPingPwInfo.h"
 #include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 #include "MplsUtils/LspPing/types/LspPingTunnelTypes.h"
+#include "MplsUtils/LspPing/types/LspPingVendorIana.h"

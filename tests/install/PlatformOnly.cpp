@@ -1,7 +1,10 @@
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
+#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
 
 int main() {
    Velnet::IpAddr const address( 10, 1, 2, 3 );
-   return Kiv::_fmt( "%s/%d", address, 24u ) == "10.1.2.3/24" ? 0 : 1;
+   bool const shown = Kiv::_fmt( "%s/%d", address, 24u ) == "10.1.2.3/24";
+   // Nothing of LSP Ping came along.
+   return shown && !Kiv::typeNamed( "LspPing::LspPingHdr" ) ? 0 : 1;
 }

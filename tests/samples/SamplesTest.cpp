@@ -1,3 +1,5 @@
+#include "tests/TemporaryFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -18,11 +20,9 @@ std::string contents( fs::path const & path ) {
 
 // Runs the program that writes the samples and compares what it wrote with the committed files.
 void expectSameAsCommitted( std::string const & name ) {
-   fs::path const folder = fs::path( testing::TempDir() ) / ( "samples-" + name );
-   fs::create_directories( folder );
-   ASSERT_EQ( std::system( ( LSPPING_WRITE_SAMPLES " " + folder.string() ).c_str() ), 0 );
-   std::string const written = contents( folder / name );
-   fs::remove_all( folder );
+   TemporaryFolder const folder;
+   ASSERT_EQ( std::system( ( LSPPING_WRITE_SAMPLES " " + folder.path().string() ).c_str() ), 0 );
+   std::string const written = contents( folder.path() / name );
    EXPECT_FALSE( written.empty() );
    EXPECT_TRUE( written == contents( fs::path( LSPPING_SAMPLES ) / name ) )
       << name << " is not what writeSamples writes; run it again and look at the difference";

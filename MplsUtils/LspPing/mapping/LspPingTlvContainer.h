@@ -3,6 +3,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
 #include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Orlo/Node.h"
+#include "MplsUtils/LspPing/types/Export.h"
 
 namespace LspPing {
 

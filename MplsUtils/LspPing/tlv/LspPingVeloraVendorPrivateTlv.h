@@ -2,7 +2,7 @@
 
 #include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
-#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
+#include "MplsUtils/LspPing/types/LspPingVendorIana.h"
 
 namespace LspPing {
 

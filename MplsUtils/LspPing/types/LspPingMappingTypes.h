@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MplsUtils/LspPing/platform/Kiv/Enumeration.h"
+#include "MplsUtils/LspPing/types/Export.h"
 
 // What the downstream mapping and interface TLVs say, RFC 8029 sections 3.4, 3.7 and appendix A.
 namespace LspPing {

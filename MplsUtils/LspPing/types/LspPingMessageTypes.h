@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MplsUtils/LspPing/platform/Kiv/Enumeration.h"
+#include "MplsUtils/LspPing/types/Export.h"
 
 // What the echo header says, RFC 8029 section 3.
 namespace LspPing {

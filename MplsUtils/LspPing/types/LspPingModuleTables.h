@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MplsUtils/LspPing/platform/Kiv/TypeRecord.h"
+#include "MplsUtils/LspPing/types/Export.h"
 
 namespace LspPing {
 

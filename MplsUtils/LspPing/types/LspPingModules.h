@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/TypeId.h"
 #include "MplsUtils/LspPing/platform/Velnet/ModuleTypes.h"
+#include "MplsUtils/LspPing/types/Export.h"
 
 namespace LspPing {
 

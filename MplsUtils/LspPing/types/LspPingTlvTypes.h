@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MplsUtils/LspPing/platform/Kiv/Enumeration.h"
+#include "MplsUtils/LspPing/types/Export.h"
 
 // Codes of TLVs and sub-TLVs, RFC 9041 section 6.
 namespace LspPing {
@@ -35,14 +36,5 @@ KIV_ENUMERATION( LspPingPadType, U32, dropPadding = 1, copyPadding = 2 );
 
 /// Sub-types inside the vendor private TLV.
 KIV_ENUMERATION( LspPingVeloraVendorPrivateType, U32, MultiLabel = 1 );
-
-// The vendor's number is the build's to choose; without a choice it is the one that RFC 5612 sets
-// aside for documentation.
-#ifndef LSPPING_VENDOR_IANA
-#define LSPPING_VENDOR_IANA 32473
-#endif
-
-/// IANA Private Enterprise Number of the vendor whose private TLV is understood.
-KIV_ENUMERATION( LspPingVendorIana, U32, VeloraIana = LSPPING_VENDOR_IANA );
 
 } // namespace LspPing

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MplsUtils/LspPing/platform/Kiv/Enumeration.h"
+#include "MplsUtils/LspPing/types/Export.h"
 
 // What is tested, and how, on the agent's side.
 namespace LspPing {

@@ -1,14 +1,15 @@
 #pragma once
 
+#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "tests/TemporaryFolder.h"
+
 #include <cstdio>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <initializer_list>
 #include <string>
+#include <string_view>
 #include <unistd.h>
 #include <vector>
-
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 
 // Packets and files put together by hand, outermost layer first.
 
@@ -75,24 +76,15 @@ inline Bytes pcapRecord( Bytes const & packet ) {
 /// A file that goes with the test.
 class TemporaryFile {
  public:
-   explicit TemporaryFile( Bytes const & contents ) {
-      static int count = 0;
-      auto const * test = testing::UnitTest::GetInstance()->current_test_info();
-      path_ = testing::TempDir() + test->test_suite_name() + "." + test->name() + "." +
-              std::to_string( ++count );
-      std::ofstream( path_, std::ios::binary )
-         .write( reinterpret_cast< char const * >( contents.data() ),
-                 static_cast< std::streamsize >( contents.size() ) );
-   }
-   explicit TemporaryFile( std::string const & text )
-      : TemporaryFile( Bytes( text.begin(), text.end() ) ) {}
-   TemporaryFile( TemporaryFile const & ) = delete;
-   TemporaryFile & operator=( TemporaryFile const & ) = delete;
-   ~TemporaryFile() { std::remove( path_.c_str() ); }
+   explicit TemporaryFile( std::string_view contents )
+      : path_( folder_.file( "capture", contents ) ) {}
+   explicit TemporaryFile( Bytes const & contents )
+      : TemporaryFile( std::string( contents.begin(), contents.end() ) ) {}
 
    std::string const & path() const { return path_; }
 
  private:
+   TemporaryFolder folder_;
    std::string path_;
 };
 

@@ -1,3 +1,4 @@
+#include "tests/TemporaryFolder.h"
 #include "tools/lspping/decode/Decode.h"
 
 #include <csignal>
@@ -27,19 +28,8 @@ std::string contentsOf( std::string const & path ) {
 
 class Program : public testing::Test {
  protected:
-   Program()
-      : folder_( testing::TempDir() + "lspping." + std::to_string( ::getpid() ) + "." +
-                 testing::UnitTest::GetInstance()->current_test_info()->name() + "." ) {}
-   ~Program() override {
-      for( std::string const & path : files_ )
-         std::remove( path.c_str() );
-   }
-
-   std::string file( std::string const & name, std::string const & contents ) {
-      std::string const path = folder_ + name;
-      std::ofstream( path, std::ios::binary ) << contents;
-      files_.push_back( path );
-      return path;
+   std::string file( std::string const & name, std::string const & contents ) const {
+      return folder_.file( name, contents );
    }
 
    /// The shell has `$lspping`; the exit status of the last command is the answer.
@@ -58,8 +48,7 @@ class Program : public testing::Test {
    std::string const & err() const { return err_; }
 
  private:
-   std::string folder_;
-   std::vector< std::string > files_;
+   TemporaryFolder folder_;
    std::string out_;
    std::string err_;
 };

@@ -1,3 +1,5 @@
+#include "tests/TemporaryFolder.h"
+
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
@@ -32,13 +34,6 @@ int run( std::string const & command ) {
 // A folder of its own for each test, gone when the test is over.
 class DecodedSamples : public testing::Test {
  protected:
-   DecodedSamples() {
-      auto const * test = testing::UnitTest::GetInstance()->current_test_info();
-      folder_ = fs::path( testing::TempDir() ) / ( std::string( "decoded-" ) + test->name() );
-      fs::create_directories( folder_ );
-   }
-   ~DecodedSamples() override { fs::remove_all( folder_ ); }
-
    // Decodes a sample from the project's folder, so that the names it tells of are the stored ones.
    int decode( std::string const & arguments ) const {
       return run( "cd " LSPPING_SOURCE " && " LSPPING_PROGRAM " decode " + arguments + " > " +
@@ -49,18 +44,18 @@ class DecodedSamples : public testing::Test {
       fs::path const stored = fs::path( LSPPING_SOURCE ) / "samples" / name;
       if( contents( said ) == contents( stored ) )
          return;
-      fs::path const difference = folder_ / "difference";
+      fs::path const difference = folder_.path() / "difference";
       run( "diff -u " + quoted( stored ) + " " + quoted( said ) + " > " + quoted( difference ) );
       ADD_FAILURE() << name << " is not what the tool says now:\n"
                     << contents( difference )
                     << "Where that is right, run scripts/renew-samples and review what changed.";
    }
 
-   fs::path out() const { return folder_ / "out"; }
-   fs::path err() const { return folder_ / "err"; }
+   fs::path out() const { return folder_.path() / "out"; }
+   fs::path err() const { return folder_.path() / "err"; }
 
  private:
-   fs::path folder_;
+   TemporaryFolder folder_;
 };
 
 } // namespace

@@ -80,8 +80,10 @@ std::string registryMarkdown( std::vector< ModuleShown > const & modules ) {
    std::string out =
       "# Registered types\n\n"
       "What `lspping types --markdown` prints: every module with its types at their places, and\n"
-      "each type's own attributes. The attributes of a base are reached through it. Reading an\n"
-      "attribute that is called, or writing one that can only be read, is refused.\n";
+      "each type's own attributes, which for a parser include some of its view's, to be read. The\n"
+      "attributes of a base are reached through it, and those of a view that its parser does not\n"
+      "have through the pointer that `header` gives. Reading an attribute that is called, or\n"
+      "writing one that can only be read, is refused.\n";
    for( ModuleShown const & shown : modules ) {
       out += "\n## " + std::string( shown.module->name ) + "\n\nModule " +
              std::to_string( shown.module->id ) + ".\n";
