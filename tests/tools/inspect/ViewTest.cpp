@@ -6,9 +6,8 @@ namespace {
 
 using InspectTest::Ran;
 
-Ran view( std::vector< std::string > arguments, bool json = true, std::string input = " " ) {
-   return InspectTest::run( &LspPingTool::runView, std::move( arguments ), json,
-                            std::move( input ) );
+Ran view( std::vector< std::string > arguments, bool json = true, std::string const & input = "" ) {
+   return InspectTest::run( &LspPingTool::runView, std::move( arguments ), json, input );
 }
 
 std::string zeros( std::size_t bytes ) {

@@ -3,6 +3,9 @@
 #include <cerrno>
 #include <cstdio>
 #include <pcap/pcap.h>
+#include <utility>
+
+#include "tools/lspping/io/Diagnostics.h"
 
 namespace LspPingTool {
 
@@ -64,8 +67,8 @@ void CaptureReader::Close::operator()( pcap * capture ) const noexcept {
    ::pcap_close( capture );
 }
 
-CaptureReader::CaptureReader( std::string const & path )
-   : input_( path ),
+CaptureReader::CaptureReader( std::string const & path, BeforeWait beforeWait )
+   : input_( path, std::move( beforeWait ) ),
      buffer_( std::make_unique< char[] >( bufferSize ) ) {}
 
 CaptureReader::~CaptureReader() = default;
@@ -120,8 +123,13 @@ EchoSource::Step CaptureReader::next() {
    }
    pcap_pkthdr * header = nullptr;
    U8 const * bytes = nullptr;
+   auto const read = [&] {
+      // libpcap tells exhausted memory in its text alone.
+      errno = 0;
+      return ::pcap_next_ex( capture_.get(), &header, &bytes );
+   };
    int result = 0;
-   while( ( result = ::pcap_next_ex( capture_.get(), &header, &bytes ) ) == 1 ) {
+   while( ( result = read() ) == 1 ) {
       ++packets_;
       Frame const frame{ { bytes, header->caplen }, header->len };
       if( dissector_( frame, packet_ ) ) {
@@ -134,7 +142,8 @@ EchoSource::Step CaptureReader::next() {
       state_ = State::ended;
       return Step::end;
    }
-   failed( input_.failure() != 0 ? ReadErrorKind::fileFailed : ReadErrorKind::malformedInput,
+   bool const isSystems = input_.failure() != 0 || errno == ENOMEM;
+   failed( isSystems ? ReadErrorKind::fileFailed : ReadErrorKind::malformedInput,
            ::pcap_geterr( capture_.get() ) );
    error_.packet = packets_ + 1;
    off64_t const offset = ::ftello64( ::pcap_file( capture_.get() ) );

@@ -1,5 +1,5 @@
+#include "tools/lspping/inspect/Answers.h"
 #include "tools/lspping/inspect/Commands.h"
-#include "tools/lspping/inspect/Output.h"
 #include "tools/lspping/inspect/Subject.h"
 
 namespace LspPingTool {
@@ -43,8 +43,8 @@ std::string answerView( std::vector< std::string > const & arguments, bool json 
 
 } // namespace
 
-int runView( ObjectOptions const & options, std::FILE * in, std::FILE * out, std::FILE * err ) {
-   return answerAll( options, in, out, err, answerView );
+int runView( ObjectOptions const & options, Output & output ) {
+   return answerAll( options, output, answerView );
 }
 
 } // namespace LspPingTool
