@@ -44,12 +44,14 @@ std::string linkTypeText( int linkType ) {
    return std::to_string( linkType ) + " (" + ( name != nullptr ? name : "without a name" ) + ")";
 }
 
-/// At nanosecond precision `tv_usec` holds nanoseconds; a damaged file may hold any number of them.
-/// libpcap takes a pcap file's unsigned seconds for signed, which matters from 2038 on.
-TimeStamp timeOf( pcap_pkthdr const & header ) {
+/// At nanosecond precision `tv_usec` holds nanoseconds; a damaged pcap file may hold any number of
+/// them. libpcap takes such a file's 32 bits of seconds for signed, which matters from 2038 on; a
+/// pcapng file has 64 bits, and times before 1970 where its clock's offset is negative.
+TimeStamp timeOf( pcap * capture, pcap_pkthdr const & header ) {
    constexpr std::int64_t second = 1'000'000'000;
+   constexpr int pcapVersion = 2; // that of pcapng is 1
    std::int64_t seconds = header.ts.tv_sec;
-   if( seconds < 0 && seconds >= INT32_MIN ) {
+   if( seconds < 0 && ::pcap_major_version( capture ) >= pcapVersion ) {
       seconds += std::int64_t{ 1 } << 32;
    }
    std::int64_t nanoseconds = header.ts.tv_usec % second;
@@ -134,7 +136,7 @@ EchoSource::Step CaptureReader::next() {
       Frame const frame{ { bytes, header->caplen }, header->len };
       if( dissector_( frame, packet_ ) ) {
          packet_.number = packets_;
-         packet_.time = timeOf( *header );
+         packet_.time = timeOf( capture_.get(), *header );
          return Step::message;
       }
    }
