@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <memory>
 #include <new>
+#include <span>
 
 namespace LspPing {
 
@@ -53,6 +54,8 @@ class LSPPING_EXPORT LspPingPadTlv : public LspPingTlvHdr {
          Kiv::collection< &Self::padding_ >( "padding" ), Kiv::computed< &Self::valid >( "valid" ),
          Kiv::computed< &Self::stringValue >( "stringValue" ) );
    }
+   /// What the parser reads: header and pad type, and the padding that the length tells.
+   static std::size_t kivExtent( std::span< U8 const > bytes ) noexcept;
 
    static void * operator new( std::size_t size ) {
       void * const object = ::operator new( size );

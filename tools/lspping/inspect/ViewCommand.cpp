@@ -20,6 +20,7 @@ std::string answerView( std::vector< std::string > const & arguments, bool json 
    Subject const subject( type, bytesGiven( arguments[1] ), offset );
    std::vector< WriteDone > const done =
       applyWrites( type, subject.object(), subject.room(), writes );
+   subject.checkBytes();
 
    if( json )
       return jsonLine( [&]( JsonWriter & line ) {
