@@ -80,11 +80,17 @@ class Child {
 
    void signal( int number ) { EXPECT_EQ( ::kill( process_, number ), 0 ); }
 
-   /// As `waitpid` tells it.
+   /// As `waitpid` tells it, within ten seconds.
    int wait() {
       int status = 0;
-      EXPECT_EQ( ::waitpid( process_, &status, 0 ), process_ );
-      process_ = -1;
+      for( int tries = 0; tries < 1000; ++tries ) {
+         if( ::waitpid( process_, &status, WNOHANG ) == process_ ) {
+            process_ = -1;
+            return status;
+         }
+         ::usleep( 10'000 );
+      }
+      ADD_FAILURE() << "it does not end";
       return status;
    }
    void endsBy( int number ) {

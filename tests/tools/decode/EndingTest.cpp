@@ -105,6 +105,11 @@ TEST_F( Ending, isQuietWhenItsReaderStops ) {
    EXPECT_EQ( contentsOf( status ), "0\n" );
    EXPECT_EQ( out(), "{\"modules\"" );
    EXPECT_EQ( err(), "" );
+   EXPECT_EQ( run( "yes NtpTimeU64 | { timeout 20 $lspping value -; echo $? >" + status +
+                   "; } | head -c 10" ),
+              0 );
+   EXPECT_EQ( contentsOf( status ), "0\n" );
+   EXPECT_EQ( err(), "" );
 }
 
 } // namespace

@@ -71,6 +71,9 @@ TEST_F( Interruption, saysNothingOfAnInputThatItLeft ) {
               124 );
    EXPECT_EQ( out(), decodedRequest );
    EXPECT_EQ( err(), "" );
+   EXPECT_EQ( run( "{ printf Nothing; sleep 1; } | timeout -s TERM 0.3 $lspping view -" ), 124 );
+   EXPECT_EQ( out(), "" );
+   EXPECT_EQ( err(), "" );
 }
 
 // Wherever in the text the pipe became full, the message is written to its end.
@@ -97,11 +100,38 @@ TEST_F( Interruption, doesNotWaitForAReaderThatTakesNothing ) {
    child.endsBy( SIGTERM );
 }
 
+TEST_F( Interruption, doesNotWaitForAReaderThatStops ) {
+   Child child( { "decode", "--hex", manyLines() } );
+   child.waitUntilItSleeps();
+   child.signal( SIGTERM );
+   EXPECT_EQ( child.read( 10000 ).size(), 10000U );
+   child.endsBy( SIGTERM );
+}
+
+std::string const answer = R"({"type":"Orlo::String","text":"\"a\"","attributes":{},"isSet":true})"
+                           "\n";
+
+// It waits for its reader with an answer of which the pipe has taken nothing.
+TEST_F( Interruption, writesAnAnswerToItsEnd ) {
+   Child child( { "value", "-" } );
+   std::string lines;
+   for( int i = 0; i < 2000; ++i )
+      lines += "Orlo::String a\n";
+   child.write( lines );
+   child.waitUntilItSleeps();
+   child.signal( SIGTERM );
+   std::string const said = child.readAll();
+   child.endsBy( SIGTERM );
+   EXPECT_GT( said.size(), 60000U );
+   std::string expected;
+   while( expected.size() < said.size() )
+      expected += answer;
+   EXPECT_EQ( said, expected );
+   EXPECT_LT( said.size(), 2000 * answer.size() );
+}
+
 TEST_F( Interruption, answersTheLinesThatItRead ) {
    Child child( { "value", "-" } );
-   std::string const answer =
-      R"({"type":"Orlo::String","text":"\"a\"","attributes":{},"isSet":true})"
-      "\n";
    child.write( std::string( "Orlo::String a\nOrlo::String a\nOrlo::Str" ) );
    EXPECT_EQ( child.read( 2 * answer.size() ), answer + answer );
    child.signal( SIGTERM );

@@ -46,7 +46,7 @@ int answerLines( Output & output, Answer const & answer ) {
    int status = exitDone;
    InputFile input( "-" );
    LineReader reader( input );
-   while( output.state() == Output::State::open ) {
+   while( output.state() == Output::State::open && !isInterrupted() ) {
       Answered line{ exitMalformedInput, {} };
       switch( reader.next() ) {
       case LineReader::Step::line:
