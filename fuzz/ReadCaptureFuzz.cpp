@@ -1,5 +1,7 @@
 #include "tools/lspping/capture/CaptureReader.h"
 #include "tools/lspping/capture/HexReader.h"
+#include "tools/lspping/decode/JsonPrinter.h"
+#include "tools/lspping/decode/TextPrinter.h"
 #include "tools/lspping/decode/Walk.h"
 
 #include <cstdlib>
@@ -8,9 +10,16 @@
 #include <unistd.h>
 
 // Any bytes are a file: it is read as a capture and as hexadecimal text to its end, and every
-// message in it is walked.
+// message in it is walked and printed, its time and way with it.
 
 namespace {
+
+void print( LspPingTool::Printer && printer, LspPingTool::EchoPacket const & packet,
+            LspPingTool::Message const & message ) {
+   printer.print( packet, message );
+   if( !printer.pending().ends_with( '\n' ) )
+      std::abort();
+}
 
 void readAll( LspPingTool::EchoSource && source ) {
    static LspPingTool::Message message;
@@ -18,6 +27,9 @@ void readAll( LspPingTool::EchoSource && source ) {
       switch( source.next() ) {
       case LspPingTool::EchoSource::Step::message:
          LspPingTool::walk( source.packet(), message );
+         print( LspPingTool::TextPrinter( LspPingTool::TextPrinter::Colour::off ), source.packet(),
+                message );
+         print( LspPingTool::JsonPrinter(), source.packet(), message );
          break;
       case LspPingTool::EchoSource::Step::error:
          if( source.error().message().empty() )

@@ -80,6 +80,14 @@ void LspPingFec129Ipv4SubTlv::pwGenIdIs( PseudowireGenId const & pwGenId ) noexc
       *at++ = 0;
 }
 
+std::size_t LspPingFec129Ipv4SubTlv::kivExtent( std::span< U8 const > bytes ) noexcept {
+   if( bytes.size() < sizeof( LspPingFec129Ipv4SubTlv ) )
+      return sizeof( LspPingFec129Ipv4SubTlv );
+   // They are there, and a view has no alignment.
+   auto const & view = *reinterpret_cast< LspPingFec129Ipv4SubTlv const * >( bytes.data() );
+   return view.length() < minTlvLength ? sizeof( view ) : sizeof( LspPingTlvHdr ) + view.length();
+}
+
 U16 LspPingFec129Ipv4SubTlv::additionalTlvLength() const noexcept {
    return valueBytes( pwGenId() );
 }

@@ -6,6 +6,9 @@
 #include "MplsUtils/LspPing/platform/Pseudowire/PseudowireGenId.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
 
+#include <cstddef>
+#include <span>
+
 namespace LspPing {
 
 // What both FECs of a pseudowire begin with: the two provider edges between which it runs.
@@ -137,6 +140,8 @@ class LSPPING_EXPORT LspPingFec129Ipv4SubTlv
          Kiv::constant< &Self::minTlvLength, U16 >( "minTlvLength" ),
          Kiv::computed< &Self::additionalTlvLength >( "additionalTlvLength" ) );
    }
+   /// With the identifiers, as far as the length field may cover them.
+   static std::size_t kivExtent( std::span< U8 const > bytes ) noexcept;
    static Kiv::AllocationTracker memAllocationTracker_;
 
  private:

@@ -4,6 +4,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace LspPing {
@@ -35,6 +36,15 @@ Orlo::String LspPingPadTlv::stringValue() const {
    }
    text.append( ')' );
    return std::move( text ).string();
+}
+
+std::size_t LspPingPadTlv::kivExtent( std::span< U8 const > bytes ) noexcept {
+   std::size_t const least = sizeof( LspPingTlvHdr ) + sizeof( padType_ );
+   if( bytes.size() < least )
+      return least;
+   // The header's bytes are there, and a view has no alignment.
+   auto const & header = *reinterpret_cast< LspPingTlvHdr const * >( bytes.data() );
+   return std::max( least, sizeof( header ) + header.length() );
 }
 
 LspPingPadTlvParser::LspPingPadTlvParser( Orlo::Ptr< Velnet::Pkt > const & pkt, U32 offset )

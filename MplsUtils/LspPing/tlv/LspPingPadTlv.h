@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <memory>
 #include <new>
+#include <span>
 
 namespace LspPing {
 
@@ -56,6 +57,8 @@ class LSPPING_EXPORT LspPingPadTlv : public Kiv::Typed< LspPingPadTlv, LspPingTl
          Kiv::collection< &Self::padding_ >( "padding" ), Kiv::computed< &Self::valid >( "valid" ),
          Kiv::computed< &Self::stringValue >( "stringValue" ) );
    }
+   /// What the parser reads: header and pad type, and the padding that the length tells.
+   static std::size_t kivExtent( std::span< U8 const > bytes ) noexcept;
 
    static void * operator new( std::size_t size ) {
       void * const object = ::operator new( size );

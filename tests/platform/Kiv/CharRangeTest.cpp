@@ -150,4 +150,15 @@ TEST( CharRange, escapesControlBytesAndQuotesOfWhatItMet ) {
               "[] expected \")\" at offset 0, found \"a\\x00\\x0a\\x1b\\x7f\\\"\\\\\"" );
 }
 
+TEST( CharRange, escapesWhatIsNoUtf8AndControlsAboveAsciiOfWhatItMet ) {
+   EXPECT_EQ( failure( "\u00e9\xff\u009b", []( CharRange & text ) { text.expectClose(); } ),
+              "[] expected \")\" at offset 0, found \"\u00e9\\xff\\xc2\\x9b\"" );
+}
+
+TEST( CharRange, showsNoHalfCharacterOfWhatItMet ) {
+   EXPECT_EQ( failure( "0123456789012345678901234567890\u00e9\"",
+                       []( CharRange & text ) { text.expectClose(); } ),
+              "[] expected \")\" at offset 0, found \"0123456789012345678901234567890\"..." );
+}
+
 } // namespace

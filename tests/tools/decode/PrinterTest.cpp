@@ -138,21 +138,4 @@ TEST( JsonPrinter, printsTheLabelsAndAddressesOfAReply ) {
       "\n" );
 }
 
-// Every character that has an escape, at every place within and behind the first eight bytes.
-TEST( JsonWriter, escapesWhatJsonAsksFor ) {
-   for( int code = 0; code < 256; ++code ) {
-      for( std::size_t place = 0; place < 11; ++place ) {
-         std::string text = "abcdefghijk";
-         text[place] = static_cast< char >( code );
-         rapidjson::StringBuffer expected;
-         rapidjson::Writer< rapidjson::StringBuffer >( expected )
-            .String( text.data(), static_cast< rapidjson::SizeType >( text.size() ) );
-         rapidjson::StringBuffer written;
-         LspPingTool::JsonWriter writer( written );
-         LspPingTool::writeString( writer, text );
-         EXPECT_EQ( std::string( written.GetString() ), expected.GetString() ) << code;
-      }
-   }
-}
-
 } // namespace

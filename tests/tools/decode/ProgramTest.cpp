@@ -1,64 +1,13 @@
-#include "tests/TemporaryFolder.h"
+#include "tests/tools/decode/Program.h"
+
 #include "tools/lspping/decode/Decode.h"
+#include "tools/lspping/io/Output.h"
 
-#include <csignal>
-#include <cstdio>
-#include <cstdlib>
-#include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <sstream>
-#include <string>
+#include <algorithm>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-// The program as it is called: standard output, standard error, exit status.
+// What `decode` says and how it ends.
 namespace {
-
-std::string const requestHex = "0001 0000 01020000 00001234 00000001 00000000 00000000 00000000 "
-                               "00000000 0001000c 00010005 0a010200 18000000";
-
-std::string contentsOf( std::string const & path ) {
-   std::ifstream file( path, std::ios::binary );
-   std::stringstream all;
-   all << file.rdbuf();
-   return all.str();
-}
-
-class Program : public testing::Test {
- protected:
-   std::string file( std::string const & name, std::string const & contents ) const {
-      return folder_.file( name, contents );
-   }
-
-   /// The shell has `$lspping`; the exit status of the last command is the answer.
-   int run( std::string const & command ) {
-      std::string const out = file( "out", "" );
-      std::string const err = file( "err", "" );
-      std::string const line = std::string( "lspping='" LSPPING_PROGRAM "'; { " ) + command +
-                               "; } >'" + out + "' 2>'" + err + "'";
-      int const status = std::system( line.c_str() );
-      out_ = contentsOf( out );
-      err_ = contentsOf( err );
-      return WIFEXITED( status ) ? WEXITSTATUS( status ) : -1;
-   }
-
-   std::string const & out() const { return out_; }
-   std::string const & err() const { return err_; }
-
- private:
-   TemporaryFolder folder_;
-   std::string out_;
-   std::string err_;
-};
-
-std::string const decodedRequest =
-   "1 LspPingHdr:\tver(1),\tflag(0),\tmsgType(1),\treplyMode(2),\treturnCode(0),\treturnSubcode(0),"
-   "\tsenderHandle(0x1234),\tseqNum(0x1),\ttsSenSeconds(0x0),\ttsSentmSeconds(0x0),"
-   "\ttsRcvdSeconds(0x0),\ttsRcvdmSeconds(0x0)\n"
-   "   TargetFecStack\n"
-   "      LdpIpv4( '10.1.2.0/24' )\n";
 
 TEST_F( Program, decodesHexText ) {
    EXPECT_EQ( run( "$lspping decode --hex " + file( "a", requestHex + "\n" ) ), 0 );
@@ -130,7 +79,8 @@ TEST_F( Program, tellsAFileWithoutPermission ) {
          options.files = { path };
          options.isHex = true;
          // At once: a leak check would want the rights that were given up.
-         std::_Exit( LspPingTool::decode( options ) );
+         LspPingTool::Output output;
+         std::_Exit( LspPingTool::decode( options, output ) );
       },
       testing::ExitedWithCode( 3 ), "lspping: " + path + ": Permission denied\n" );
 }

@@ -1,17 +1,13 @@
-#include <gtest/gtest.h>
+#include "tests/TemporaryFolder.h"
 
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <gtest/gtest.h>
 #include <string>
 
 // What a message of twice the size costs: instructions, which are the same in every run.
 namespace {
-
-namespace fs = std::filesystem;
 
 std::string const header = "0001000001020000000012340000000100000000000000000000000000000000";
 
@@ -30,21 +26,14 @@ std::string word( std::size_t value ) {
 
 class Growth : public testing::Test {
  protected:
-   Growth() {
-      std::string name = ( fs::temp_directory_path() / "growth-XXXXXX" ).string();
-      folder_ = ::mkdtemp( name.data() );
-   }
-   ~Growth() override { fs::remove_all( folder_ ); }
-
    // Of decoding a message of these TLVs, with the records; 0 where that cannot be told.
    double instructions( std::string const & tlvs ) const {
-      fs::path const input = folder_ / "input";
-      fs::path const counted = folder_ / "counted";
-      std::ofstream( input ) << header << tlvs << '\n';
+      std::string const input = folder_.file( "input", header + tlvs + "\n" );
+      std::string const counted = folder_.file( "counted", "" );
       std::string const command =
          "valgrind --tool=callgrind --callgrind-out-file=/dev/null " LSPPING_PROGRAM
          " decode --records --hex '" +
-         input.string() + "' > /dev/null 2> '" + counted.string() + "'";
+         input + "' > /dev/null 2> '" + counted + "'";
       EXPECT_NE( std::system( command.c_str() ), -1 );
       std::ifstream lines( counted );
       for( std::string line; std::getline( lines, line ); ) {
@@ -65,7 +54,7 @@ class Growth : public testing::Test {
    }
 
  private:
-   fs::path folder_;
+   TemporaryFolder folder_;
 };
 
 TEST_F( Growth, isLinearThroughZerosThatAreNoPadding ) {

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "tools/lspping/inspect/Commands.h"
+#include "tools/lspping/io/Output.h"
 
-#include <cstdio>
-#include <cstdlib>
+#include <gtest/gtest.h>
 #include <string>
+#include <sys/mman.h>
+#include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace InspectTest {
@@ -16,47 +19,74 @@ struct Ran {
    std::string err;
 };
 
-/// A stream into memory.
-class Stream {
+/// A file in memory.
+class MemoryFile {
  public:
-   Stream() : file_( open_memstream( &text_, &length_ ) ) {}
-   Stream( Stream const & ) = delete;
-   Stream & operator=( Stream const & ) = delete;
-   ~Stream() {
-      std::fclose( file_ );
-      std::free( text_ );
+   explicit MemoryFile( std::string const & contents = "" )
+      : descriptor_( ::memfd_create( "test", MFD_CLOEXEC ) ) {
+      EXPECT_EQ( ::pwrite( descriptor_, contents.data(), contents.size(), 0 ),
+                 static_cast< ssize_t >( contents.size() ) );
    }
-   std::FILE * file() const { return file_; }
-   std::string text() const {
-      std::fflush( file_ );
-      return { text_, length_ };
+   MemoryFile( MemoryFile const & ) = delete;
+   MemoryFile & operator=( MemoryFile const & ) = delete;
+   ~MemoryFile() { ::close( descriptor_ ); }
+
+   int descriptor() const { return descriptor_; }
+   std::string contents() const {
+      std::string all( static_cast< std::size_t >( ::lseek( descriptor_, 0, SEEK_END ) ), '\0' );
+      EXPECT_EQ( ::pread( descriptor_, all.data(), all.size(), 0 ),
+                 static_cast< ssize_t >( all.size() ) );
+      return all;
    }
 
  private:
-   char * text_ = nullptr;
-   std::size_t length_ = 0;
-   std::FILE * file_;
+   int descriptor_;
 };
 
-using Command = int ( * )( LspPingTool::ObjectOptions const &, std::FILE *, std::FILE *,
-                           std::FILE * );
+/// A standard descriptor is another one for as long as it lives.
+class Redirected {
+ public:
+   Redirected( int standard, int other ) : standard_( standard ), saved_( ::dup( standard ) ) {
+      ::dup2( other, standard );
+   }
+   Redirected( Redirected const & ) = delete;
+   Redirected & operator=( Redirected const & ) = delete;
+   ~Redirected() {
+      ::dup2( saved_, standard_ );
+      ::close( saved_ );
+   }
+
+ private:
+   int standard_;
+   int saved_;
+};
+
+template < class Options >
+Ran run( int ( *command )( Options const &, LspPingTool::Output & ), Options const & options,
+         std::string const & input = "" ) {
+   MemoryFile const in( input );
+   MemoryFile const out;
+   MemoryFile const err;
+   int status = 0;
+   {
+      Redirected const standardInput( STDIN_FILENO, in.descriptor() );
+      Redirected const standardError( STDERR_FILENO, err.descriptor() );
+      LspPingTool::Output output( out.descriptor() );
+      status = command( options, output );
+   }
+   return { status, out.contents(), err.contents() };
+}
+
+using Command = int ( * )( LspPingTool::ObjectOptions const &, LspPingTool::Output & );
 
 inline Ran run( Command command, std::vector< std::string > arguments, bool json,
-                std::string input = " " ) {
-   Stream out;
-   Stream err;
-   std::FILE * const in = fmemopen( input.data(), input.size(), "r" );
-   int const status = command( { std::move( arguments ), json }, in, out.file(), err.file() );
-   std::fclose( in );
-   return { status, out.text(), err.text() };
+                std::string const & input = "" ) {
+   return run( command, LspPingTool::ObjectOptions{ std::move( arguments ), json }, input );
 }
 
 inline Ran runTypes( std::string name, bool json, bool markdown = false ) {
-   Stream out;
-   Stream err;
-   int const status =
-      LspPingTool::runTypes( { std::move( name ), json, markdown }, out.file(), err.file() );
-   return { status, out.text(), err.text() };
+   return run( &LspPingTool::runTypes,
+               LspPingTool::TypesOptions{ std::move( name ), json, markdown } );
 }
 
 } // namespace InspectTest

@@ -6,9 +6,8 @@ namespace {
 
 using InspectTest::Ran;
 
-Ran view( std::vector< std::string > arguments, bool json = true, std::string input = " " ) {
-   return InspectTest::run( &LspPingTool::runView, std::move( arguments ), json,
-                            std::move( input ) );
+Ran view( std::vector< std::string > arguments, bool json = true, std::string const & input = "" ) {
+   return InspectTest::run( &LspPingTool::runView, std::move( arguments ), json, input );
 }
 
 std::string zeros( std::size_t bytes ) {
@@ -134,7 +133,15 @@ TEST( View, showsThePadTlvThatItsParserCopies ) {
       << object.out;
    EXPECT_EQ( view( { "LspPingPadTlvParser", "0003000501ab000c" } ).err,
               "lspping: LspPing::LspPingPadTlvParser needs 9 bytes, there are 8\n" );
-   EXPECT_EQ( view( { "LspPingPadTlvParser@1", "0003000501" } ).status, 1 );
+   EXPECT_EQ( view( { "LspPingPadTlvParser@1", "ff0003000501" } ).err,
+              "lspping: LspPing::LspPingPadTlvParser needs 9 bytes, there are 5\n" );
+   EXPECT_EQ( view( { "LspPingPadTlvParser", "00030000" } ).err,
+              "lspping: LspPing::LspPingPadTlvParser needs 5 bytes, there are 4\n" );
+   EXPECT_EQ( view( { "LspPingPadTlv", "0003000501ab000c" } ).err,
+              "lspping: LspPing::LspPingPadTlvParser needs 9 bytes, there are 8\n" );
+   EXPECT_EQ( view( { "LspPingPadTlv", "0003000001" } ).status, 0 );
+   // The writes change the copy, which has no bytes that could be too few.
+   EXPECT_EQ( view( { "LspPingPadTlv", pad, "length=200" } ).status, 0 );
 }
 
 // What is behind the fixed part is read and written as far as the length tells; the setter's own
@@ -153,6 +160,44 @@ TEST( View, writesThePseudowireIdentifiersWhereThereIsRoom ) {
    EXPECT_TRUE( tooShort.err.ends_with( "needs 20 bytes of value, the length is 16\n" ) )
       << tooShort.err;
    EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlv", head + zeros( 9 ), id } ).status, 1 );
+}
+
+// What its length covers, a view reads; so it has to be there.
+TEST( View, wantsAsManyBytesAsTheLengthTells ) {
+   std::string const head = "000b00140a0000010a0000020005";
+   EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlv", head + "01020a0b020003010c00" } ).status, 0 );
+   EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlv", head + "01020a0b020003010c" } ).err,
+              "lspping: LspPing::LspPingFec129Ipv4SubTlv needs 24 bytes, there are 23\n" );
+   EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlv", head } ).err,
+              "lspping: LspPing::LspPingFec129Ipv4SubTlv needs 24 bytes, there are 14\n" );
+   EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlv@1", "ff" + head } ).err,
+              "lspping: LspPing::LspPingFec129Ipv4SubTlv needs 24 bytes, there are 14\n" );
+   EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlvParser@1", "ff" + head } ).err,
+              "lspping: LspPing::LspPingFec129Ipv4SubTlvParser needs 24 bytes, there are 14\n" );
+   EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlv", "000bffff" + head.substr( 8 ) } ).err,
+              "lspping: LspPing::LspPingFec129Ipv4SubTlv needs 65539 bytes, there are 14\n" );
+   EXPECT_EQ( view( { "-" }, true, "LspPingFec129Ipv4SubTlv " + head + "\n" ).out,
+              R"j({"error":"LspPing::LspPingFec129Ipv4SubTlv needs 24 bytes, there are 14"})j"
+              "\n" );
+}
+
+// A length that leaves no room for the identifiers covers none of them.
+TEST( View, wantsNoMoreThanTheFixedPartForALengthWithoutIdentifiers ) {
+   Ran const ran = view( { "LspPingFec129Ipv4SubTlv", "000b000f0a0000010a0000020005" } );
+   EXPECT_EQ( ran.status, 0 );
+   EXPECT_NE( ran.out.find( R"j("pwGenId":"agi 0: saii 0: taii 0:")j" ), std::string::npos )
+      << ran.out << ran.err;
+   EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlv", "000b00100a0000010a0000020005" } ).err,
+              "lspping: LspPing::LspPingFec129Ipv4SubTlv needs 20 bytes, there are 14\n" );
+}
+
+TEST( View, wantsTheBytesOfALengthThatWasWritten ) {
+   std::string const bytes = "000b00140a0000010a000002000501020a0b020003010c00";
+   EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlv", bytes, "length=21" } ).err,
+              "lspping: LspPing::LspPingFec129Ipv4SubTlv needs 25 bytes, there are 24\n" );
+   EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlv", bytes, "length=65535", "length=20" } ).status, 0 );
+   EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlv@1", "ff" + bytes, "lengthNbo=65535" } ).err,
+              "lspping: LspPing::LspPingFec129Ipv4SubTlv needs 65539 bytes, there are 24\n" );
 }
 
 TEST( View, wantsAsManyBytesAsTheViewHas ) {

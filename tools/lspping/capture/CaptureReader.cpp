@@ -3,6 +3,9 @@
 #include <cerrno>
 #include <cstdio>
 #include <pcap/pcap.h>
+#include <utility>
+
+#include "tools/lspping/io/Diagnostics.h"
 
 namespace LspPingTool {
 
@@ -41,12 +44,14 @@ std::string linkTypeText( int linkType ) {
    return std::to_string( linkType ) + " (" + ( name != nullptr ? name : "without a name" ) + ")";
 }
 
-/// At nanosecond precision `tv_usec` holds nanoseconds; a damaged file may hold any number of them.
-/// libpcap takes a pcap file's unsigned seconds for signed, which matters from 2038 on.
-TimeStamp timeOf( pcap_pkthdr const & header ) {
+/// At nanosecond precision `tv_usec` holds nanoseconds; a damaged pcap file may hold any number of
+/// them. libpcap takes such a file's 32 bits of seconds for signed, which matters from 2038 on; a
+/// pcapng file has 64 bits, and times before 1970 where its clock's offset is negative.
+TimeStamp timeOf( pcap * capture, pcap_pkthdr const & header ) {
    constexpr std::int64_t second = 1'000'000'000;
+   constexpr int pcapVersion = 2; // that of pcapng is 1
    std::int64_t seconds = header.ts.tv_sec;
-   if( seconds < 0 && seconds >= INT32_MIN ) {
+   if( seconds < 0 && ::pcap_major_version( capture ) >= pcapVersion ) {
       seconds += std::int64_t{ 1 } << 32;
    }
    std::int64_t nanoseconds = header.ts.tv_usec % second;
@@ -64,8 +69,8 @@ void CaptureReader::Close::operator()( pcap * capture ) const noexcept {
    ::pcap_close( capture );
 }
 
-CaptureReader::CaptureReader( std::string const & path )
-   : input_( path ),
+CaptureReader::CaptureReader( std::string const & path, BeforeWait beforeWait )
+   : input_( path, std::move( beforeWait ) ),
      buffer_( std::make_unique< char[] >( bufferSize ) ) {}
 
 CaptureReader::~CaptureReader() = default;
@@ -120,13 +125,18 @@ EchoSource::Step CaptureReader::next() {
    }
    pcap_pkthdr * header = nullptr;
    U8 const * bytes = nullptr;
+   auto const read = [&] {
+      // libpcap tells exhausted memory in its text alone.
+      errno = 0;
+      return ::pcap_next_ex( capture_.get(), &header, &bytes );
+   };
    int result = 0;
-   while( ( result = ::pcap_next_ex( capture_.get(), &header, &bytes ) ) == 1 ) {
+   while( ( result = read() ) == 1 ) {
       ++packets_;
       Frame const frame{ { bytes, header->caplen }, header->len };
       if( dissector_( frame, packet_ ) ) {
          packet_.number = packets_;
-         packet_.time = timeOf( *header );
+         packet_.time = timeOf( capture_.get(), *header );
          return Step::message;
       }
    }
@@ -134,7 +144,8 @@ EchoSource::Step CaptureReader::next() {
       state_ = State::ended;
       return Step::end;
    }
-   failed( input_.failure() != 0 ? ReadErrorKind::fileFailed : ReadErrorKind::malformedInput,
+   bool const isSystems = input_.failure() != 0 || errno == ENOMEM;
+   failed( isSystems ? ReadErrorKind::fileFailed : ReadErrorKind::malformedInput,
            ::pcap_geterr( capture_.get() ) );
    error_.packet = packets_ + 1;
    off64_t const offset = ::ftello64( ::pcap_file( capture_.get() ) );

@@ -5,7 +5,7 @@
 
 #include "tools/lspping/capture/Dissect.h"
 #include "tools/lspping/capture/EchoSource.h"
-#include "tools/lspping/capture/InputFile.h"
+#include "tools/lspping/io/InputFile.h"
 
 // libpcap's handle; its header is for the implementation only.
 struct pcap;
@@ -18,7 +18,7 @@ namespace LspPingTool {
 class CaptureReader final : public EchoSource {
  public:
    /// "-" is standard input.
-   explicit CaptureReader( std::string const & path );
+   explicit CaptureReader( std::string const & path, BeforeWait beforeWait = {} );
    ~CaptureReader() override;
 
    Step next() override;

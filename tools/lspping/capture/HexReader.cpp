@@ -1,5 +1,9 @@
 #include "tools/lspping/capture/HexReader.h"
 
+#include <utility>
+
+#include "tools/lspping/io/Diagnostics.h"
+
 namespace LspPingTool {
 
 namespace {
@@ -33,8 +37,8 @@ std::string foreignText( int c ) {
 
 } // namespace
 
-HexReader::HexReader( std::string const & path )
-   : input_( path ),
+HexReader::HexReader( std::string const & path, BeforeWait beforeWait )
+   : input_( path, std::move( beforeWait ) ),
      buffer_( std::make_unique< char[] >( bufferSize ) ) {}
 
 int HexReader::character() {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "tools/lspping/capture/EchoSource.h"
-#include "tools/lspping/capture/InputFile.h"
+#include "tools/lspping/io/InputFile.h"
 
 namespace LspPingTool {
 
@@ -24,7 +24,7 @@ class HexReader final : public EchoSource {
    static constexpr std::size_t maximumLength = 65535;
 
    /// "-" is standard input.
-   explicit HexReader( std::string const & path );
+   explicit HexReader( std::string const & path, BeforeWait beforeWait = {} );
 
    Step next() override;
    U64 bytesRead() const noexcept override { return input_.bytesRead(); }

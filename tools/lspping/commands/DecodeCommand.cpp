@@ -6,7 +6,7 @@
 
 namespace LspPingTool {
 
-void addDecode( CLI::App & app, int & status ) {
+void addDecode( CLI::App & app, Output & output, int & status ) {
    auto options = std::make_shared< DecodeOptions >();
    CLI::App * const command =
       app.add_subcommand( "decode", "Show the echo messages of captures (pcap, pcapng)" );
@@ -16,7 +16,7 @@ void addDecode( CLI::App & app, int & status ) {
                       "The files hold hexadecimal text, one message a line" );
    command->add_flag( "--records", options->hasRecords,
                       "Also what an agent keeps of each message" );
-   command->callback( [options, &status] { status = decode( *options ); } );
+   command->callback( [options, &output, &status] { status = decode( *options, output ); } );
 }
 
 } // namespace LspPingTool

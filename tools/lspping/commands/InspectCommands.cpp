@@ -16,34 +16,33 @@ void addObjectArguments( CLI::App * command, std::shared_ptr< ObjectOptions > co
 
 } // namespace
 
-void addTypes( CLI::App & app, int & status ) {
+void addTypes( CLI::App & app, Output & output, int & status ) {
    auto options = std::make_shared< TypesOptions >();
    CLI::App * const command =
       app.add_subcommand( "types", "Show the registered types and their attributes" );
    command->add_option( "NAME", options->name, "A type or a module; all of them without it" );
    command->add_flag( "--json", options->json, "The registry as one JSON object" );
    command->add_flag( "--markdown", options->markdown, "The reference documentation" );
-   command->callback( [options, &status] { status = runTypes( *options, stdout, stderr ); } );
+   command->callback( [options, &output, &status] { status = runTypes( *options, output ); } );
 }
 
-void addView( CLI::App & app, int & status ) {
+void addView( CLI::App & app, Output & output, int & status ) {
    auto options = std::make_shared< ObjectOptions >();
    CLI::App * const command =
       app.add_subcommand( "view", "Lay a view, a parser or a container over bytes" );
    addObjectArguments( command, options,
-                       "TYPE[@OFFSET] HEX [NAME=VALUE]..., or - for a line of them each on "
-                       "standard input" );
-   command->callback( [options, &status] { status = runView( *options, stdin, stdout, stderr ); } );
+                       "TYPE[@OFFSET] HEX [NAME=VALUE]..., or - for a line of them each, of "
+                       "16 MiB at most, on standard input" );
+   command->callback( [options, &output, &status] { status = runView( *options, output ); } );
 }
 
-void addValue( CLI::App & app, int & status ) {
+void addValue( CLI::App & app, Output & output, int & status ) {
    auto options = std::make_shared< ObjectOptions >();
    CLI::App * const command = app.add_subcommand( "value", "Build a value from its text" );
    addObjectArguments( command, options,
-                       "TYPE [TEXT] [NAME=VALUE]..., or - for a line of them each on standard "
-                       "input" );
-   command->callback(
-      [options, &status] { status = runValue( *options, stdin, stdout, stderr ); } );
+                       "TYPE [TEXT] [NAME=VALUE]..., or - for a line of them each, of 16 MiB at "
+                       "most, on standard input" );
+   command->callback( [options, &output, &status] { status = runValue( *options, output ); } );
 }
 
 } // namespace LspPingTool

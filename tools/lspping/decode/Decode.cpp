@@ -4,13 +4,14 @@
 #include "tools/lspping/capture/CaptureReader.h"
 #include "tools/lspping/capture/HexReader.h"
 #include "tools/lspping/decode/JsonPrinter.h"
-#include "tools/lspping/decode/Output.h"
 #include "tools/lspping/decode/Progress.h"
 #include "tools/lspping/decode/TextPrinter.h"
 #include "tools/lspping/decode/Walk.h"
+#include "tools/lspping/io/Diagnostics.h"
+#include "tools/lspping/io/Interruption.h"
+#include "tools/lspping/io/Output.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <memory>
 #include <unistd.h>
 
@@ -22,8 +23,9 @@ constexpr std::size_t blockSize = 65536;
 
 class Decoder {
  public:
-   explicit Decoder( DecodeOptions const & options )
+   Decoder( DecodeOptions const & options, Output & output )
       : isHex_( options.isHex ),
+        output_( output ),
         progress_( !output_.isTerminal() ),
         // On one terminal the text itself shows the problems, right below their message.
         tellsProblems_( options.isJson || !output_.isTerminal() ||
@@ -38,21 +40,26 @@ class Decoder {
    }
 
    void file( std::string const & path ) {
+      // Whoever sends messages one by one sees them one by one.
+      BeforeWait const beforeWait = [this] { flush(); };
       std::unique_ptr< EchoSource > source;
       if( isHex_ )
-         source = std::make_unique< HexReader >( path );
+         source = std::make_unique< HexReader >( path, beforeWait );
       else
-         source = std::make_unique< CaptureReader >( path );
+         source = std::make_unique< CaptureReader >( path, beforeWait );
       name_ = path == "-" ? "standard input" : path;
-      while( output_.state() == Output::State::open ) {
+      while( goesOn() ) {
          switch( source->next() ) {
          case EchoSource::Step::message:
             message( source->packet() );
             progress_.show( *source, name_ );
             break;
          case EchoSource::Step::error:
-            tell( source->error().message() );
-            statusIs( static_cast< int >( source->error().kind ) );
+            // An input that was left is not one that failed.
+            if( !isInterrupted() ) {
+               diagnose( source->error().message() );
+               statusIs( static_cast< int >( source->error().kind ) );
+            }
             break;
          case EchoSource::Step::end:
             return;
@@ -60,25 +67,28 @@ class Decoder {
       }
    }
 
+   bool goesOn() const noexcept {
+      return output_.state() == Output::State::open && !isInterrupted();
+   }
+
+   /// Messages that were begun and not finished are left out.
+   void flush() {
+      output_.write( printer_->pending().substr( 0, finished_ ) );
+      printer_->clear();
+      finished_ = 0;
+   }
+
    int finish() {
       flush();
       progress_.hide();
-      if( output_.state() == Output::State::closed )
-         return exitDone;
-      if( output_.state() == Output::State::failed ) {
-         (void)std::fprintf( stderr, "lspping: standard output: %s\n",
-                             systemText( output_.failure() ).c_str() );
-         return exitFileFailed;
-      }
       return status_;
    }
-
-   bool isOpen() const noexcept { return output_.state() == Output::State::open; }
 
  private:
    void message( EchoPacket const & packet ) {
       walk( packet, message_ );
       printer_->print( packet, message_ );
+      finished_ = printer_->pending().size();
       if( output_.isTerminal() || printer_->pending().size() >= blockSize )
          flush();
       problems( packet, packet.problems );
@@ -92,28 +102,24 @@ class Decoder {
       if( !tellsProblems_ )
          return;
       for( Problem const & problem : list ) {
-         tell( name_ + ": packet " + std::to_string( packet.number ) + ", offset " +
-               std::to_string( problem.offset ) + ": " + problem.text );
+         diagnose( name_ + ": packet " + std::to_string( packet.number ) + ", offset " +
+                   std::to_string( problem.offset ) + ": " + problem.text );
       }
    }
 
-   void tell( std::string const & text ) {
+   void diagnose( std::string const & text ) {
       progress_.hide();
-      (void)std::fprintf( stderr, "lspping: %s\n", text.c_str() );
-   }
-
-   void flush() {
-      output_.write( printer_->pending() );
-      printer_->clear();
+      tell( text );
    }
 
    void statusIs( int status ) { status_ = std::max( status_, status ); }
 
    bool isHex_;
-   Output output_;
+   Output & output_;
    Progress progress_;
    bool tellsProblems_;
    std::unique_ptr< Printer > printer_;
+   std::size_t finished_ = 0; ///< of what the printer has
    std::string name_;
    Message message_;
    int status_ = exitDone;
@@ -121,11 +127,16 @@ class Decoder {
 
 } // namespace
 
-int decode( DecodeOptions const & options ) {
-   Decoder decoder( options );
-   for( std::string const & path : options.files ) {
-      if( decoder.isOpen() )
-         decoder.file( path );
+int decode( DecodeOptions const & options, Output & output ) {
+   Decoder decoder( options, output );
+   try {
+      for( std::string const & path : options.files ) {
+         if( decoder.goesOn() )
+            decoder.file( path );
+      }
+   } catch( ... ) {
+      static_cast< void >( decoder.finish() );
+      throw;
    }
    return decoder.finish();
 }

@@ -5,6 +5,8 @@
 
 namespace LspPingTool {
 
+class Output;
+
 struct DecodeOptions {
    std::vector< std::string > files;
    bool isJson = false;
@@ -14,9 +16,9 @@ struct DecodeOptions {
    bool hasRecords = false;
 };
 
-/// Decodes the files one after the other to standard output, and tells standard error about what
-/// is wrong with them. The answer is the exit status: of all that was met, the highest of
-/// ExitStatus.
-int decode( DecodeOptions const & options );
+/// Decodes the files one after the other, and tells standard error about what is wrong with them,
+/// until all is done, nobody reads any more or the program is interrupted. The answer is the exit
+/// status: of all that was met, the highest of ExitStatus.
+int decode( DecodeOptions const & options, Output & output );
 
 } // namespace LspPingTool

@@ -32,7 +32,7 @@ class JsonPrinter final : public Printer {
    void bytesMember( std::string_view key, std::span< U8 const > bytes );
    void addressMember( std::string_view key, std::span< U8 const > address );
 
-   rapidjson::StringBuffer out_;
+   JsonBuffer out_;
    JsonWriter json_;
    Orlo::StringBuilder text_;
    bool hasRecords_;

@@ -21,18 +21,19 @@ char * putDigits( char * at, unsigned number, int count ) noexcept {
 
 void appendTime( Orlo::StringBuilder & out, TimeStamp const & time ) {
    using namespace std::chrono;
+   // A capture may have any 64 bits; the text has four digits for the year.
+   constexpr sys_seconds first = sys_days( year( 0 ) / 1 / 1 );
+   constexpr sys_seconds last = sys_days( year( 10000 ) / 1 / 1 ) - seconds( 1 );
    sys_seconds const point{ seconds( time.seconds ) };
+   if( point < first || point > last ) {
+      out.append( "out of range" );
+      return;
+   }
    sys_days const day = floor< days >( point );
    year_month_day const date{ day };
    auto const second = static_cast< unsigned >( ( point - day ).count() );
    char * at = out.room( 40 );
-   // A time stamp of a capture has 32 or 64 bits of seconds; the calendar has years to 32767.
-   int const year = int{ date.year() };
-   if( year < 0 || year > 9999 ) {
-      out.appendSigned( time.seconds );
-      return;
-   }
-   at = putDigits( at, static_cast< unsigned >( year ), 4 );
+   at = putDigits( at, static_cast< unsigned >( int{ date.year() } ), 4 );
    *at++ = '-';
    at = putDigits( at, unsigned{ date.month() }, 2 );
    *at++ = '-';

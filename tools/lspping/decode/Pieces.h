@@ -12,7 +12,8 @@
 // The smaller things that a message shows, for both printers.
 namespace LspPingTool {
 
-/// "2026-01-31T12:00:00.000001Z"; nine digits where the clock has nanoseconds.
+/// "2026-01-31T12:00:00.000001Z"; nine digits where the clock has nanoseconds. "out of range" where
+/// the year is not one of 0 to 9999.
 void appendTime( Orlo::StringBuilder & out, TimeStamp const & time );
 
 /// An address of 4 or 16 bytes in its usual text.

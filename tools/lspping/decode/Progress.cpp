@@ -1,5 +1,7 @@
 #include "tools/lspping/decode/Progress.h"
 
+#include "MplsUtils/LspPing/platform/Kiv/Printable.h"
+
 #include <cstdio>
 #include <unistd.h>
 
@@ -23,7 +25,8 @@ void Progress::draw( EchoSource const & source, std::string const & file ) {
    U64 const done = source.bytesRead() < *total ? source.bytesRead() : *total;
    std::string const bar( static_cast< std::size_t >( done * width / *total ), '#' );
    (void)std::fprintf( stderr, "\r\033[K[%-40s] %3u%% %s", bar.c_str(),
-                       static_cast< unsigned >( done * 100 / *total ), file.c_str() );
+                       static_cast< unsigned >( done * 100 / *total ),
+                       Kiv::printable( file ).c_str() );
    isShown_ = true;
 }
 

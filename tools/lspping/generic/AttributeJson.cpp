@@ -2,10 +2,13 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "MplsUtils/LspPing/platform/Kiv/Instance.h"
+#include "MplsUtils/LspPing/platform/Kiv/Printable.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 #include "MplsUtils/LspPing/platform/Velnet/ModuleTypes.h"
 
+#include <algorithm>
 #include <cstring>
+#include <new>
 #include <string>
 
 namespace LspPingTool {
@@ -66,41 +69,64 @@ void writeTarget( JsonWriter & json, Kiv::TypeRef type, void const * target ) {
       writeAttributes( json, type, target );
 }
 
-// Whether a byte of the eight is a control character, a quote or a backslash. A byte above 0x7f may
-// be taken for one, too; it then goes the slow way.
+// Whether a byte of the eight is a control character, a quote, a backslash or none of ASCII.
 bool needsEscape( U64 block ) noexcept {
    constexpr U64 ones = 0x0101010101010101;
    constexpr U64 highs = 0x80 * ones;
    U64 const quote = block ^ ( '"' * ones );
    U64 const backslash = block ^ ( '\\' * ones );
-   return ( ( ( block - 0x20 * ones ) | ( quote - ones ) | ( backslash - ones ) | block ) &
+   return ( ( ( block - 0x20 * ones ) | ( quote - ones ) | ( backslash - ones ) | ( block + ones ) |
+              block ) &
             highs ) != 0;
 }
 
-char * putEscaped( char * at, char character ) noexcept {
+char * putUnicodeEscape( char * at, unsigned code ) noexcept {
    static constexpr std::string_view digits = "0123456789ABCDEF";
+   for( char const character : { '\\', 'u', '0', '0', digits[code >> 4], digits[code & 15] } )
+      *at++ = character;
+   return at;
+}
+
+char * putAscii( char * at, char character ) noexcept {
    static constexpr std::string_view controls = "uuuuuuuubtnufruuuuuuuuuuuuuuuuuu";
    auto const code = static_cast< unsigned char >( character );
-   if( code >= 0x20 && character != '"' && character != '\\' ) {
-      *at++ = character;
-      return at;
+   if( code == 0x7f || ( code < 0x20 && controls[code] == 'u' ) )
+      return putUnicodeEscape( at, code );
+   if( code < 0x20 || character == '"' || character == '\\' )
+      *at++ = '\\';
+   *at++ = code < 0x20 ? controls[code] : character;
+   return at;
+}
+
+// Writes the first character of the text, or U+FFFD for a first byte that begins none, and takes it
+// away.
+char * putCharacter( char * at, std::string_view & text ) noexcept {
+   std::size_t const length = Kiv::utf8Length( text );
+   auto const second = static_cast< unsigned char >( length == 2 ? text[1] : '\0' );
+   if( length == 1 ) {
+      at = putAscii( at, text[0] );
+   } else if( text[0] == '\xC2' && length == 2 && second < 0xA0 ) {
+      at = putUnicodeEscape( at, second );
+   } else {
+      std::string_view const all = length == 0 ? "\xEF\xBF\xBD" : text.substr( 0, length );
+      at = std::copy( all.begin(), all.end(), at );
    }
-   *at++ = '\\';
-   if( code >= 0x20 ) {
-      *at++ = character;
-      return at;
-   }
-   *at++ = controls[code];
-   if( controls[code] == 'u' ) {
-      *at++ = '0';
-      *at++ = '0';
-      *at++ = digits[code >> 4];
-      *at++ = digits[code & 15];
-   }
+   text.remove_prefix( std::max( length, std::size_t{ 1 } ) );
    return at;
 }
 
 } // namespace
+
+void * JsonAllocator::Realloc( void * block, std::size_t, std::size_t size ) {
+   if( size == 0 ) {
+      Free( block );
+      return nullptr;
+   }
+   void * const result = std::realloc( block, size );
+   if( result == nullptr )
+      throw std::bad_alloc();
+   return result;
+}
 
 void JsonWriter::text( std::string_view text ) {
    Prefix( rapidjson::kStringType );
@@ -109,20 +135,22 @@ void JsonWriter::text( std::string_view text ) {
    char * const begin = os_->Push( room );
    char * at = begin;
    *at++ = '"';
-   while( text.size() >= sizeof( U64 ) ) {
-      U64 block;
-      std::memcpy( &block, text.data(), sizeof block );
-      if( needsEscape( block ) ) {
-         for( std::size_t i = 0; i < sizeof block; ++i )
-            at = putEscaped( at, text[i] );
-      } else {
-         std::memcpy( at, &block, sizeof block );
-         at += sizeof block;
+   while( !text.empty() ) {
+      if( text.size() >= sizeof( U64 ) ) {
+         U64 block;
+         std::memcpy( &block, text.data(), sizeof block );
+         if( !needsEscape( block ) ) {
+            std::memcpy( at, &block, sizeof block );
+            at += sizeof block;
+            text.remove_prefix( sizeof block );
+            continue;
+         }
       }
-      text.remove_prefix( sizeof block );
+      // All of the eight one by one, and whatever of the last character is behind them.
+      char const * const blockEnd = text.data() + std::min( text.size(), sizeof( U64 ) );
+      while( !text.empty() && text.data() < blockEnd )
+         at = putCharacter( at, text );
    }
-   for( char const character : text )
-      at = putEscaped( at, character );
    *at++ = '"';
    os_->Pop( room - static_cast< std::size_t >( at - begin ) );
    EndValue( true );

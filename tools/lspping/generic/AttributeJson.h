@@ -5,17 +5,34 @@
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
+#include <cstddef>
+#include <cstdlib>
 #include <string_view>
 
 namespace LspPingTool {
 
+/// Memory for rapidjson, which writes to whatever it is given, null too: without memory this raises
+/// std::bad_alloc.
+class JsonAllocator {
+ public:
+   static constexpr bool kNeedFree = true;
+
+   void * Malloc( std::size_t size ) { return Realloc( nullptr, 0, size ); }
+   void * Realloc( void * block, std::size_t, std::size_t size );
+   static void Free( void * block ) noexcept { std::free( block ); }
+};
+
+using JsonBuffer = rapidjson::GenericStringBuffer< rapidjson::UTF8<>, JsonAllocator >;
+
 /// Writes JSON into memory. Nearly all that the tool writes is text without anything to escape, so
 /// that is copied eight bytes at a time.
-class JsonWriter : public rapidjson::Writer< rapidjson::StringBuffer > {
+class JsonWriter
+   : public rapidjson::Writer< JsonBuffer, rapidjson::UTF8<>, rapidjson::UTF8<>, JsonAllocator > {
  public:
-   explicit JsonWriter( rapidjson::StringBuffer & out ) : Writer( out ) {}
+   explicit JsonWriter( JsonBuffer & out ) : Writer( out ) {}
 
-   /// A string or a key, as the place asks for.
+   /// A string or a key, as the place asks for. Each byte that is no UTF-8 becomes U+FFFD; control
+   /// characters are escaped, DEL and those above ASCII too, for the sake of terminals.
    void text( std::string_view text );
 };
 

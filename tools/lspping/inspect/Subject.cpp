@@ -18,19 +18,13 @@ bool isLaidOverBytes( Kiv::TypeRef type ) {
    return type.kind() == Kiv::Kind::pointerInterface && type.record().alignment == 1;
 }
 
-void needBytes( std::string_view name, std::size_t needed, std::size_t had ) {
-   if( had < needed )
+// Raises InputError when what the type reads of the element is not all there.
+void needBytes( std::string_view name, Kiv::TypeRef type, std::span< U8 const > element ) {
+   auto const extent = type.operations().extent;
+   std::size_t const needed = extent != nullptr ? extent( element ) : type.record().size;
+   if( element.size() < needed )
       throw InputError( std::string( name ) + " needs " + std::to_string( needed ) +
-                        " bytes, there are " + std::to_string( had ) );
-}
-
-// The bytes that the Pad TLV's parser reads: header and pad type, and as many as the length tells.
-std::size_t padBytes( std::span< U8 const > element ) {
-   std::size_t const shortest = 5;
-   if( element.size() < shortest )
-      return shortest;
-   auto const length = static_cast< std::size_t >( element[2] << 8 | element[3] );
-   return std::max( shortest, 4 + length );
+                        " bytes, there are " + std::to_string( element.size() ) );
 }
 
 } // namespace
@@ -43,8 +37,8 @@ Subject::Subject( Kiv::TypeRef type, std::span< U8 const > bytes, U32 offset )
                         std::to_string( bytes.size() ) + " bytes" );
    packetIs( bytes );
    if( isLaidOverBytes( type ) ) {
-      needBytes( type.name(), type.record().size, bytes_.size() - offset );
       object_ = bytes_.data() + offset;
+      checkBytes();
    } else if( type.operations().create != nullptr ) {
       parserIs( type );
    } else if( type == Kiv::typeOf< LspPing::LspPingPadTlv >() ) {
@@ -60,13 +54,17 @@ Subject::Subject( Kiv::TypeRef type, std::span< U8 const > bytes, U32 offset )
 
 Subject::~Subject() = default;
 
-// The heap gives even addresses, so one byte in front makes the element's odd.
+void Subject::checkBytes() const {
+   if( isLaidOverBytes( type_ ) )
+      needBytes( type_.name(), type_, bytes_.subspan( offset_ ) );
+}
+
+// The heap gives even addresses, so one byte in front makes the element's odd. Nothing is behind
+// the bytes, so that a sanitizer sees the first one too far.
 void Subject::packetIs( std::span< U8 const > bytes ) {
    std::size_t const front = ( offset_ & 1u ) ^ 1u;
-   std::vector< U8 > buffer( front + bytes.size() + slack );
+   std::vector< U8 > buffer( front + bytes.size() );
    std::copy( bytes.begin(), bytes.end(), buffer.begin() + static_cast< std::ptrdiff_t >( front ) );
-   // The packet ends with the bytes; the zeros stay in the memory behind them.
-   buffer.resize( front + bytes.size() );
    pkt_ = Velnet::pktFactory( std::move( buffer ) );
    pkt_->dataStartIs( static_cast< U32 >( front ) );
    bytes_ = { pkt_->data(), bytes.size() };
@@ -74,14 +72,12 @@ void Subject::packetIs( std::span< U8 const > bytes ) {
 
 void Subject::parserIs( Kiv::TypeRef parser ) {
    std::span< U8 const > const element = bytes_.subspan( offset_ );
-   bool const isPad = parser == Kiv::typeOf< LspPing::LspPingPadTlvParser >();
    Kiv::FoundAttribute const header = Kiv::attributeNamed( parser, "header" );
    KIV_ASSERT( header ); // every parser has one
-   needBytes( parser.name(), isPad ? padBytes( element ) : header.attribute->type().record().size,
-              element.size() );
+   needBytes( parser.name(), header.attribute->type(), element );
    node_ = parser.operations().create( pkt_, offset_ );
    object_ = node_.get();
-   if( isPad )
+   if( parser == Kiv::typeOf< LspPing::LspPingPadTlvParser >() )
       pad_.reset( Kiv::read< LspPing::LspPingPadTlv * >( *node_, "header" ) );
 }
 

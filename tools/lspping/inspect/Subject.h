@@ -15,8 +15,7 @@ class LspPingPadTlv;
 namespace LspPingTool {
 
 /// A view, parser or container over bytes. The element begins at an odd address, as elements in
-/// packets do; zeros that are not part of the bytes follow them, so that what a view reads behind
-/// its fixed part is defined.
+/// packets do.
 class Subject {
  public:
    /// Raises UsageError for a type that is not laid over bytes, InputError for too few of them.
@@ -24,6 +23,10 @@ class Subject {
    Subject( Subject const & ) = delete;
    Subject & operator=( Subject const & ) = delete;
    ~Subject();
+
+   /// A write may have changed the length, and with it the bytes that a view needs: raises
+   /// InputError if they are too few now.
+   void checkBytes() const;
 
    Kiv::TypeRef type() const noexcept { return type_; }
    void * object() const noexcept { return object_; }
@@ -36,9 +39,6 @@ class Subject {
    void packetIs( std::span< U8 const > bytes );
    void parserIs( Kiv::TypeRef parser );
    void containerIs();
-
-   // More than any view reads behind its fixed part, which says of itself how long it is.
-   static constexpr std::size_t slack = 256;
 
    Kiv::TypeRef type_;
    U32 offset_;

@@ -1,8 +1,10 @@
 #include "MplsUtils/LspPing/platform/Kiv/Collections.h"
 #include "tools/lspping/ExitStatus.h"
+#include "tools/lspping/inspect/Answers.h"
 #include "tools/lspping/inspect/Commands.h"
-#include "tools/lspping/inspect/Output.h"
 #include "tools/lspping/inspect/Registry.h"
+#include "tools/lspping/io/Diagnostics.h"
+#include "tools/lspping/io/Output.h"
 
 namespace LspPingTool {
 
@@ -144,7 +146,7 @@ std::string registryText( std::vector< ModuleShown > const & modules, bool detai
 
 } // namespace
 
-int runTypes( TypesOptions const & options, std::FILE * out, std::FILE * err ) {
+int runTypes( TypesOptions const & options, Output & output ) {
    try {
       std::vector< ModuleShown > const modules = modulesShown( options.name );
       std::string text;
@@ -154,9 +156,10 @@ int runTypes( TypesOptions const & options, std::FILE * out, std::FILE * err ) {
          text = registryMarkdown( modules );
       else
          text = registryText( modules, !options.name.empty() );
-      return put( out, text ) ? exitDone : exitFileFailed;
+      output.write( text );
+      return exitDone;
    } catch( UsageError const & e ) {
-      static_cast< void >( put( err, "lspping: " + std::string( e.what() ) + '\n' ) );
+      tell( e.what() );
       return exitWrongUsage;
    }
 }

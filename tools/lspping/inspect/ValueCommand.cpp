@@ -1,7 +1,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/Instance.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
+#include "tools/lspping/inspect/Answers.h"
 #include "tools/lspping/inspect/Commands.h"
-#include "tools/lspping/inspect/Output.h"
 
 #include <algorithm>
 #include <optional>
@@ -62,7 +62,8 @@ std::string answerValue( std::vector< std::string > const & arguments, bool json
                 line.EndObject();
              } ) +
              '\n';
-   std::string answer = text + '\n';
+   // On a line of its own, whatever the value has in it.
+   std::string answer = Kiv::printable( text ) + '\n';
    appendAttributes( answer, type, value.object() );
    appendOutcomes( answer, done );
    if( set )
@@ -72,8 +73,8 @@ std::string answerValue( std::vector< std::string > const & arguments, bool json
 
 } // namespace
 
-int runValue( ObjectOptions const & options, std::FILE * in, std::FILE * out, std::FILE * err ) {
-   return answerAll( options, in, out, err, answerValue );
+int runValue( ObjectOptions const & options, Output & output ) {
+   return answerAll( options, output, answerValue );
 }
 
 } // namespace LspPingTool

@@ -1,5 +1,5 @@
+#include "tools/lspping/inspect/Answers.h"
 #include "tools/lspping/inspect/Commands.h"
-#include "tools/lspping/inspect/Output.h"
 #include "tools/lspping/inspect/Subject.h"
 
 namespace LspPingTool {
@@ -20,6 +20,7 @@ std::string answerView( std::vector< std::string > const & arguments, bool json 
    Subject const subject( type, bytesGiven( arguments[1] ), offset );
    std::vector< WriteDone > const done =
       applyWrites( type, subject.object(), subject.room(), writes );
+   subject.checkBytes();
 
    if( json )
       return jsonLine( [&]( JsonWriter & line ) {
@@ -43,8 +44,8 @@ std::string answerView( std::vector< std::string > const & arguments, bool json 
 
 } // namespace
 
-int runView( ObjectOptions const & options, std::FILE * in, std::FILE * out, std::FILE * err ) {
-   return answerAll( options, in, out, err, answerView );
+int runView( ObjectOptions const & options, Output & output ) {
+   return answerAll( options, output, answerView );
 }
 
 } // namespace LspPingTool

@@ -1,7 +1,10 @@
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
 
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
+#include "MplsUtils/LspPing/platform/Kiv/Printable.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
+
+#include <algorithm>
 
 namespace Kiv {
 
@@ -101,21 +104,25 @@ void CharRange::failWords( std::string_view subject, std::string_view expected )
 }
 
 Orlo::String quoted( std::string_view text ) {
+   std::size_t shown = std::min( text.size(), longestQuote );
+   // Not in the middle of a character.
+   for( int i = 0; i < 3 && shown < text.size() && ( text[shown] & 0xC0 ) == 0x80; ++i ) {
+      --shown;
+   }
+   std::string_view left = text.substr( 0, shown );
    Orlo::StringBuilder out;
    out.append( '"' );
-   for( char const character : text.substr( 0, longestQuote ) ) {
-      auto const byte = static_cast< unsigned char >( character );
-      if( byte < 0x20 || byte == 0x7F ) {
-         out.append( byte < 0x10 ? "\\x0" : "\\x" );
-         out.appendHex( byte, false );
-      } else {
-         if( character == '"' || character == '\\' ) {
-            out.append( '\\' );
-         }
-         out.append( character );
+   for( ;; ) {
+      std::size_t const plain = std::min( left.find_first_of( "\"\\" ), left.size() );
+      appendPrintable( out, left.substr( 0, plain ) );
+      if( plain == left.size() ) {
+         break;
       }
+      out.append( '\\' );
+      out.append( left[plain] );
+      left.remove_prefix( plain + 1 );
    }
-   out.append( text.size() > longestQuote ? "\"..." : "\"" );
+   out.append( shown < text.size() ? "\"..." : "\"" );
    return std::move( out ).string();
 }
 

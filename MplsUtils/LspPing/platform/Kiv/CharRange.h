@@ -85,8 +85,8 @@ class LSPPING_PLATFORM_EXPORT CharRange {
    std::size_t position_ = 0;
 };
 
-/// The text in double quotes as error messages show it: control bytes, quotes and backslashes
-/// escaped, and "..." behind it where it is longer than 32 characters.
+/// The text in double quotes as error messages show it: what is not printable, quotes and
+/// backslashes escaped, and "..." behind it where it is longer than 32 bytes.
 LSPPING_PLATFORM_EXPORT Orlo::String quoted( std::string_view text );
 
 } // namespace Kiv

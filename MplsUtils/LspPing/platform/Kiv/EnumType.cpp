@@ -7,9 +7,8 @@
 namespace Kiv {
 
 void enumerationRangeError( EnumerationTable const & table, std::string_view met ) {
-   Orlo::String problem( "\"" );
-   problem.append( met.substr( 0, 64 ) ).append( "\" is no name or number of it" );
-   throw RangeException( Orlo::String( table.typeName ), std::move( problem ) );
+   throw RangeException( Orlo::String( table.typeName ),
+                         quoted( met ) + " is no name or number of it" );
 }
 
 void enumerationRangeError( EnumerationTable const & table, U64 met ) {

@@ -95,6 +95,8 @@ constexpr Operations operationsFor() {
          o.construct = []( void * place, void const * ) { ::new( place ) T(); };
       }
       o.destruct = []( void * object ) { std::destroy_at( static_cast< T * >( object ) ); };
+      if constexpr( requires { T::kivExtent; } )
+         o.extent = T::kivExtent;
       if constexpr( kind == Kind::pointerInterface )
          o.hash = pointerHash;
       else if constexpr( requires( T const & value ) { value.kivHash(); } )

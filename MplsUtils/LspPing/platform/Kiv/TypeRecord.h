@@ -4,6 +4,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/TypeId.h"
 
 #include <cstddef>
+#include <span>
 #include <string_view>
 
 namespace Orlo {
@@ -156,6 +157,9 @@ struct Operations {
    Orlo::Ptr< Orlo::Node > ( *create )( Orlo::Ptr< Velnet::Pkt > const &, U32 ) = nullptr;
    Orlo::Ptr< Orlo::Node > ( *createEmpty )() = nullptr;
    void * ( *target )( void * object ) = nullptr; ///< what forwarded attributes are read from
+   /// How many bytes an object over these, or copied from them, reads and writes, where that is not
+   /// its size. With too few of them to tell, as many as tell.
+   std::size_t ( *extent )( std::span< U8 const > bytes ) = nullptr;
 };
 
 /// Everything the type system knows of one type.

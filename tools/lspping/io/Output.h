@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <unistd.h>
 
 namespace LspPingTool {
 
@@ -14,17 +15,25 @@ class Output {
    };
 
    /// From here on a closed pipe is an answer of `write`, not a signal.
-   Output();
+   explicit Output( int descriptor = STDOUT_FILENO );
 
    bool isTerminal() const noexcept { return isTerminal_; }
    State state() const noexcept { return state_; }
-   /// The `errno` of a write that failed.
+   /// The `errno` of what failed.
    int failure() const noexcept { return failure_; }
 
-   /// Writes all of it. After the state has left `open` nothing is written.
+   /// Writes all of it. After the state has left `open` nothing is written. Once the program is
+   /// interrupted, a reader that takes nothing for a second counts as one that is gone.
    void write( std::string_view text );
 
+   /// Closes it and tells standard error if something of it was lost. The answer is the exit
+   /// status, which is `status` if not. That nobody reads any more is no failure.
+   int finish( int status );
+
  private:
+   void fails();
+
+   int descriptor_;
    bool isTerminal_;
    State state_ = State::open;
    int failure_ = 0;

@@ -6,7 +6,6 @@
 #include "tools/lspping/inspect/Commands.h"
 #include "tools/lspping/inspect/Writes.h"
 
-#include <cstdio>
 #include <functional>
 #include <span>
 #include <string>
@@ -28,11 +27,8 @@ std::string hexOf( std::span< U8 const > bytes );
 /// What a subcommand makes of its arguments: text, or one line of JSON.
 using Answer = std::function< std::string( std::vector< std::string > const &, bool json ) >;
 
-/// Answers the arguments, or each line of `in` if they are a single "-". Returns the exit code.
-int answerAll( ObjectOptions const & options, std::FILE * in, std::FILE * out, std::FILE * err,
-               Answer const & answer );
-
-/// Writes all of it; false when the file failed.
-bool put( std::FILE * out, std::string const & text );
+/// Answers the arguments, or each line of standard input if they are a single "-". Returns the exit
+/// status.
+int answerAll( ObjectOptions const & options, Output & output, Answer const & answer );
 
 } // namespace LspPingTool

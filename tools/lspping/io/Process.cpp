@@ -1,0 +1,38 @@
+#include "tools/lspping/io/Process.h"
+
+#include "tools/lspping/ExitStatus.h"
+#include "tools/lspping/io/Diagnostics.h"
+
+#include <cstdlib>
+#include <exception>
+#include <fcntl.h>
+#include <new>
+#include <unistd.h>
+
+namespace LspPingTool {
+
+void keepStandardDescriptors() {
+   for( int const descriptor : { STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO } ) {
+      // The lowest that is free is taken, which is this one; the other way round, it fails.
+      if( ::fcntl( descriptor, F_GETFD ) < 0 )
+         (void)::open( "/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY );
+   }
+}
+
+void endInOrderWithoutMemory() {
+   static std::terminate_handler const byDefault = std::get_terminate();
+   std::set_terminate( [] {
+      try {
+         if( std::exception_ptr const error = std::current_exception() )
+            std::rethrow_exception( error );
+      } catch( std::bad_alloc const & ) {
+         tellOutOfMemory();
+         std::_Exit( exitFileFailed );
+      } catch( ... ) {
+         byDefault();
+      }
+      byDefault();
+   } );
+}
+
+} // namespace LspPingTool
