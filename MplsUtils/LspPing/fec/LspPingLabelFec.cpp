@@ -33,13 +33,13 @@ std::ostream & operator<<( std::ostream & out, LspPingEntropyLabelFecSubTlvLabel
 
 Orlo::String LspPingNilFecSubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid NilFecSubTlv" );
+      return Orlo::stringOf( "Invalid NilFecSubTlv" );
    return Kiv::_fmt( "NilFec( '0x%x' )", label() );
 }
 
 Orlo::String LspPingEntropyLabelFecSubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invailid EntropyLabelFecSubTlv" );
+      return Orlo::stringOf( "Invailid EntropyLabelFecSubTlv" );
    return Kiv::_fmt( "EntropyLabelFec( '0x%x' )", label() );
 }
 

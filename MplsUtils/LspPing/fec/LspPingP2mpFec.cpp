@@ -15,26 +15,26 @@ constinit Kiv::AllocationTracker LspPingNodeAddrSubTlv::memAllocationTracker_ =
 
 Orlo::String LspPingP2mpFecStackSubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid LspPingP2mpFecStackSubTlv" );
+      return Orlo::stringOf( "Invalid LspPingP2mpFecStackSubTlv" );
    return Kiv::_fmt( "P2mpFecStackSubTlv( RootAddr: '%s' )", rootAddr() );
 }
 
 Orlo::String LspPingOpaqueValGenSubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid LspPingOpaqueValGenSubTlv" );
+      return Orlo::stringOf( "Invalid LspPingOpaqueValGenSubTlv" );
    return Kiv::_fmt( "OpaqueValGenSubTlv( lspId: %d )", lspId() );
 }
 
 Orlo::String LspPingOpaqueValSGSubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid LspPingOpaqueValSGSubTlv" );
+      return Orlo::stringOf( "Invalid LspPingOpaqueValSGSubTlv" );
    return Kiv::_fmt( "OpaqueValSGSubTlv( SourceAddr: '%s' GroupAddr: '%s' )", sourceAddr(),
                      groupAddr() );
 }
 
 Orlo::String LspPingNodeAddrSubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid NodeAddrSubTlv" );
+      return Orlo::stringOf( "Invalid NodeAddrSubTlv" );
    return Kiv::_fmt( "NodeAddr( Addr: '%s' )", addr() );
 }
 

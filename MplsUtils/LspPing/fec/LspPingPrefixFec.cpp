@@ -17,7 +17,7 @@ constinit Kiv::AllocationTracker LspPingBgpLuIpv6SubTlv::memAllocationTracker_ =
 
 Orlo::String LspPingLdpIpv4SubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid LdpIpv4SubTlv" );
+      return Orlo::stringOf( "Invalid LdpIpv4SubTlv" );
    return Kiv::_fmt( "LdpIpv4( '%s/%d' )", ipPrefix(), prefixLen() );
 }
 
@@ -36,13 +36,13 @@ Orlo::String LspPingGenericIpv6SubTlv::stringValue() const {
 
 Orlo::String LspPingBgpLuIpv4SubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid BgpLuIpv4SubTlv" );
+      return Orlo::stringOf( "Invalid BgpLuIpv4SubTlv" );
    return Kiv::_fmt( "BgpLuIpv4( '%s/%d' )", ipPrefix(), prefixLen() );
 }
 
 Orlo::String LspPingBgpLuIpv6SubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid BgpLuIpv6SubTlv" );
+      return Orlo::stringOf( "Invalid BgpLuIpv6SubTlv" );
    return Kiv::_fmt( "BgpLuIpv6( '%s/%d' )", ipPrefix(), prefixLen() );
 }
 

@@ -34,7 +34,7 @@ U8 * put( U8 * at, PseudowireAttachmentIdentifier const & id ) noexcept {
 
 Orlo::String LspPingFec128Ipv4SubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid Fec128Ipv4SubTlv" );
+      return Orlo::stringOf( "Invalid Fec128Ipv4SubTlv" );
    return Kiv::_fmt( "Fec128Ipv4:\tsender(%s),\treceiver(%s),\tpwId(%d),\tpwType(%d)", senderAddr(),
                      receiverAddr(), pwId(), pwType() );
 }
@@ -101,7 +101,7 @@ bool LspPingFec129Ipv4SubTlv::valid() const noexcept {
 
 Orlo::String LspPingFec129Ipv4SubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid Fec129Ipv4SubTlv" );
+      return Orlo::stringOf( "Invalid Fec129Ipv4SubTlv" );
    return Kiv::_fmt( "Fec129Ipv4:\tsender(%s),\treceiver(%s),\tpwType(%d),\tpwGenId(%s)",
                      senderAddr(), receiverAddr(), pwType(), pwGenId() );
 }

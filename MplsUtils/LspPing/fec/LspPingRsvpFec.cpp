@@ -11,7 +11,7 @@ constinit Kiv::AllocationTracker LspPingRsvpP2mpIpv4SubTlv::memAllocationTracker
 
 Orlo::String LspPingRsvpIpv4SubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid RsvpIpv4SubTlv" );
+      return Orlo::stringOf( "Invalid RsvpIpv4SubTlv" );
    return Kiv::_fmt( "RsvpIpv4:\tdestination(%s),\ttunnelId(%d),\textendedTunnelId(%s),"
                      "\tsenderAddress(%s),\tlspId(%d)",
                      destination(), tunnelId(), extendedTunnelId(), senderAddress(), lspId() );
@@ -19,7 +19,7 @@ Orlo::String LspPingRsvpIpv4SubTlv::stringValue() const {
 
 Orlo::String LspPingRsvpP2mpIpv4SubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid RsvpP2mpIpv4SubTlv" );
+      return Orlo::stringOf( "Invalid RsvpP2mpIpv4SubTlv" );
    return Kiv::_fmt( "RsvpP2mpIpv4:\tp2mpId(%d),\ttunnelId(%d),\textendedTunnelId(%s),"
                      "\tsenderAddress(%s),\tlspId(%d)",
                      p2mpId(), tunnelId(), extendedTunnelId(), senderAddress(), lspId() );

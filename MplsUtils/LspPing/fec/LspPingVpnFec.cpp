@@ -11,13 +11,13 @@ constinit Kiv::AllocationTracker LspPingVpnIpv6SubTlv::memAllocationTracker_ =
 
 Orlo::String LspPingVpnIpv4SubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid VpnIpv4SubTlv" );
+      return Orlo::stringOf( "Invalid VpnIpv4SubTlv" );
    return Kiv::_fmt( "VpnIpv4( %lu, '%s/%d' )", rd(), ipPrefix(), prefixLen() );
 }
 
 Orlo::String LspPingVpnIpv6SubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid VpnIpv6SubTlv" );
+      return Orlo::stringOf( "Invalid VpnIpv6SubTlv" );
    return Kiv::_fmt( "VpnIpv6( %lu, '%s/%d' )", rd(), ipPrefix(), prefixLen() );
 }
 

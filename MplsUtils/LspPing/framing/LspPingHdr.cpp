@@ -8,7 +8,7 @@ constinit Kiv::AllocationTracker LspPingHdr::memAllocationTracker_ = Kiv::tracke
 
 Orlo::String LspPingHdr::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid LspPingHdr" );
+      return Orlo::stringOf( "Invalid LspPingHdr" );
    // "tsSenSeconds" is the label that log readers know.
    return Kiv::_fmt( "LspPingHdr:\tver(%d),\tflag(%d),\tmsgType(%d),\treplyMode(%d),"
                      "\treturnCode(%d),\treturnSubcode(%d),\tsenderHandle(0x%x),\tseqNum(0x%x),"

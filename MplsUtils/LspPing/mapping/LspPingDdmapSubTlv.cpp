@@ -19,7 +19,7 @@ constinit Kiv::AllocationTracker LspPingMultiLabelSubTlv::memAllocationTracker_ 
 
 Orlo::String LspPingMultiLabelSubTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid Multi-label Sub-TLV" );
+      return Orlo::stringOf( "Invalid Multi-label Sub-TLV" );
    return Kiv::_fmt( "MultiLabel( LookupLabelCount: %d, Flags: %d )", lookupLabelCount(), flags() );
 }
 

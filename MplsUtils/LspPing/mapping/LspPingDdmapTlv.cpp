@@ -17,7 +17,7 @@ constinit Kiv::AllocationTracker LspPingDdmapV6UnnumberedTlv::memAllocationTrack
 
 Orlo::String LspPingDdmapTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid LspPingDdmapTlv" );
+      return Orlo::stringOf( "Invalid LspPingDdmapTlv" );
    return Kiv::_fmt( "DDMAPTlv( Downstream Address: '%s', Downstream Interface Address: '%s', "
                      "RetCode: %d, RetSubCode: %d )",
                      dsIpAddr(), dsIntfAddr(), retCode(), retSubcode() );
@@ -25,7 +25,7 @@ Orlo::String LspPingDdmapTlv::stringValue() const {
 
 Orlo::String LspPingDdmapV6Tlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid LspPingDdmapV6Tlv" );
+      return Orlo::stringOf( "Invalid LspPingDdmapV6Tlv" );
    return Kiv::_fmt( "DDMAPV6Tlv( Downstream Address: '%s', Downstream Interface Address: '%s', "
                      "RetCode: %d, RetSubCode: %d )",
                      dsIpAddr(), dsIntfAddr(), retCode(), retSubcode() );
@@ -33,7 +33,7 @@ Orlo::String LspPingDdmapV6Tlv::stringValue() const {
 
 Orlo::String LspPingDdmapUnnumberedTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid LspPingDdmapUnnumberedTlv" );
+      return Orlo::stringOf( "Invalid LspPingDdmapUnnumberedTlv" );
    return Kiv::_fmt(
       "DDMAPUnnumberedTlv( Downstream Address: '%s', Downstream Interface Index: %d, "
       "RetCode: %d, RetSubCode: %d )",
@@ -42,7 +42,7 @@ Orlo::String LspPingDdmapUnnumberedTlv::stringValue() const {
 
 Orlo::String LspPingDdmapV6UnnumberedTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid LspPingDdmapV6UnnumberedTlv" );
+      return Orlo::stringOf( "Invalid LspPingDdmapV6UnnumberedTlv" );
    return Kiv::_fmt(
       "DDMAPV6UnnumberedTlv( Downstream Address: '%s', Downstream Interface Index: %d, "
       "RetCode: %d, RetSubCode: %d )",

@@ -9,7 +9,7 @@ constinit Kiv::AllocationTracker LspPingEchoJitterTlv::memAllocationTracker_ =
 
 Orlo::String LspPingEchoJitterTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid EchoJitterTlv" );
+      return Orlo::stringOf( "Invalid EchoJitterTlv" );
    return Kiv::_fmt( "EchoJitterTlv( jittertime(%d) )", jitter() );
 }
 

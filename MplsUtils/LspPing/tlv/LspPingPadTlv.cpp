@@ -1,7 +1,6 @@
 #include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
 
 #include "MplsUtils/LspPing/framing/LspPingParsers.h"
-#include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 
 #include <algorithm>
@@ -22,7 +21,7 @@ std::unique_ptr< LspPingPadTlv > lspPingPadTlvFactory() {
 
 Orlo::String LspPingPadTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid LspPingPadTlv" );
+      return Orlo::stringOf( "Invalid LspPingPadTlv" );
    Orlo::StringBuilder text;
    text.append( "PadTlv( PadType: " );
    text.appendDecimal( padType() );

@@ -9,7 +9,7 @@ constinit Kiv::AllocationTracker LspPingReplyTosTlv::memAllocationTracker_ =
 
 Orlo::String LspPingReplyTosTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid LspPingReplyTosTlv" );
+      return Orlo::stringOf( "Invalid LspPingReplyTosTlv" );
    return Kiv::_fmt( "ReplyTosTlv( Type Of Service: %d )", tos() );
 }
 

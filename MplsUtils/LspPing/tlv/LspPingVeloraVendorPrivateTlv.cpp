@@ -1,7 +1,5 @@
 #include "MplsUtils/LspPing/tlv/LspPingVeloraVendorPrivateTlv.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
-
 namespace LspPing {
 
 constinit Kiv::AllocationTracker LspPingVeloraVendorPrivateTlv::memAllocationTracker_ =
@@ -9,8 +7,8 @@ constinit Kiv::AllocationTracker LspPingVeloraVendorPrivateTlv::memAllocationTra
 
 Orlo::String LspPingVeloraVendorPrivateTlv::stringValue() const {
    if( !valid() )
-      return Kiv::_fmt( "Invalid Velora Vendor Private TLV" );
-   return Kiv::_fmt( "VeloraVendorPrivate()" );
+      return Orlo::stringOf( "Invalid Velora Vendor Private TLV" );
+   return Orlo::stringOf( "VeloraVendorPrivate()" );
 }
 
 } // namespace LspPing
