@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <string>
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -29,6 +30,7 @@ class Child {
       if( process_ == 0 ) {
          ::dup2( in[0], STDIN_FILENO );
          ::dup2( out[1], STDOUT_FILENO );
+         ::dup2( error_, STDERR_FILENO );
          for( int const end : { in[0], in[1], out[0], out[1] } )
             ::close( end );
          if( ignoredSignal != 0 )
@@ -47,6 +49,7 @@ class Child {
       if( input_ >= 0 )
          ::close( input_ );
       ::close( output_ );
+      ::close( error_ );
       if( process_ > 0 ) {
          ::kill( process_, SIGKILL );
          ::waitpid( process_, nullptr, 0 );
@@ -78,6 +81,13 @@ class Child {
    }
    std::string readAll() { return read( SIZE_MAX ); }
 
+   /// What it has said on standard error.
+   std::string err() const {
+      std::string all( 1000, '\0' );
+      ssize_t const count = ::pread( error_, all.data(), all.size(), 0 );
+      return all.substr( 0, count > 0 ? static_cast< std::size_t >( count ) : 0 );
+   }
+
    void signal( int number ) { EXPECT_EQ( ::kill( process_, number ), 0 ); }
 
    /// As `waitpid` tells it, within ten seconds.
@@ -97,6 +107,7 @@ class Child {
       int const status = wait();
       EXPECT_TRUE( WIFSIGNALED( status ) ) << status;
       EXPECT_EQ( WTERMSIG( status ), number );
+      EXPECT_EQ( err(), "" );
    }
    void endsWith( int code ) {
       int const status = wait();
@@ -118,4 +129,5 @@ class Child {
    pid_t process_ = -1;
    int input_ = -1;
    int output_ = -1;
+   int error_ = ::memfd_create( "err", MFD_CLOEXEC );
 };

@@ -100,10 +100,12 @@ TEST_F( Interruption, doesNotWaitForAReaderThatTakesNothing ) {
    child.endsBy( SIGTERM );
 }
 
+// What is written here at once is more than a pipe takes.
 TEST_F( Interruption, doesNotWaitForAReaderThatStops ) {
-   Child child( { "decode", "--hex", manyLines() } );
+   Child child( { "types", "--json" } );
    child.waitUntilItSleeps();
    child.signal( SIGTERM );
+   child.waitUntilItSleeps();
    EXPECT_EQ( child.read( 10000 ).size(), 10000U );
    child.endsBy( SIGTERM );
 }
@@ -120,6 +122,7 @@ TEST_F( Interruption, writesAnAnswerToItsEnd ) {
    child.write( lines );
    child.waitUntilItSleeps();
    child.signal( SIGTERM );
+   child.waitUntilItSleeps();
    std::string const said = child.readAll();
    child.endsBy( SIGTERM );
    EXPECT_GT( said.size(), 60000U );
