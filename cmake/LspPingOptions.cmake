@@ -22,7 +22,8 @@ target_compile_options( LspPingWarnings INTERFACE
    $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict> )
 
 # The tool reads hostile bytes, and whatever it is linked with reads them too: every target is
-# hardened. Together that is about 1 % of the instructions of `lspping decode --json samples/echo.pcap`.
+# hardened. Together that takes 0.6 to 2.4 % more instructions of `lspping decode`, of which
+# control-flow protection is 0.9 % at the most.
 include( CheckCXXCompilerFlag )
 check_cxx_compiler_flag( -fstack-clash-protection LSPPING_HAS_STACK_CLASH_PROTECTION )
 check_cxx_compiler_flag( -fcf-protection LSPPING_HAS_CF_PROTECTION ) # x86 only
