@@ -1,5 +1,6 @@
 #include "tools/lspping/io/Process.h"
 
+#include "MplsUtils/LspPing/platform/Kiv/OutOfMemory.h"
 #include "tools/lspping/ExitStatus.h"
 #include "tools/lspping/io/Diagnostics.h"
 
@@ -7,6 +8,7 @@
 #include <exception>
 #include <fcntl.h>
 #include <new>
+#include <string_view>
 #include <unistd.h>
 
 namespace LspPingTool {
@@ -20,6 +22,10 @@ void keepStandardDescriptors() {
 }
 
 void endInOrderWithoutMemory() {
+   Kiv::outOfMemoryHandlerIs( []( std::string_view ) {
+      tellOutOfMemory();
+      std::_Exit( exitFileFailed );
+   } );
    static std::terminate_handler const byDefault = std::get_terminate();
    std::set_terminate( [] {
       try {
