@@ -3,6 +3,8 @@
 #include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 #include <compare>
 #include <iosfwd>
@@ -128,7 +130,12 @@ class LspPingLabelSubTlv : public LspPingTlvHdr {
 class LSPPING_EXPORT LspPingNilFecSubTlv
    : public Kiv::Typed< LspPingNilFecSubTlv, LspPingLabelSubTlv< LspPingNilFecSubTlvLabel > > {
  public:
-   constexpr bool valid() const noexcept { return type() == 16 && length() == 4; }
+   static constexpr auto element =
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::NilFec ).length( 4 );
+
+   constexpr bool valid() const noexcept {
+      return element.hasCode( type() ) && element.hasLength( length() );
+   }
    /// "NilFec( '0x3' )" with the label, or "Invalid NilFecSubTlv".
    Orlo::String stringValue() const;
 
@@ -142,7 +149,12 @@ class LSPPING_EXPORT LspPingEntropyLabelFecSubTlv
    : public Kiv::Typed< LspPingEntropyLabelFecSubTlv,
                         LspPingLabelSubTlv< LspPingEntropyLabelFecSubTlvLabel > > {
  public:
-   constexpr bool valid() const noexcept { return type() == 33 && length() == 4; }
+   static constexpr auto element =
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::EntropyLabel ).length( 4 );
+
+   constexpr bool valid() const noexcept {
+      return element.hasCode( type() ) && element.hasLength( length() );
+   }
    /// "EntropyLabelFec( '0x3' )" with the label, or "Invailid EntropyLabelFecSubTlv", spelled so.
    Orlo::String stringValue() const;
 

@@ -3,6 +3,8 @@
 #include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 namespace LspPing {
 
@@ -24,6 +26,10 @@ namespace LspPing {
 class LSPPING_EXPORT LspPingP2mpFecStackSubTlv
    : public Kiv::Typed< LspPingP2mpFecStackSubTlv, LspPingTlvHdr > {
  public:
+   static constexpr auto element = LspPingElement::targetFec( LspPingTargetFecSubTlvType::P2mpFec )
+                                      .atLeast( 9 )
+                                      .followedBy( LspPingBehind::opaqueValues );
+
    /// Address family number of the root.
    constexpr U16 family() const noexcept { return family_.value(); }
    constexpr void familyIs( U16 family ) noexcept { family_.valueIs( family ); }
@@ -37,7 +43,7 @@ class LSPPING_EXPORT LspPingP2mpFecStackSubTlv
    constexpr void opaqueLenIs( U16 bytes ) noexcept { opaqueLen_.valueIs( bytes ); }
 
    /// Looks at the type only.
-   constexpr bool valid() const noexcept { return type() == 19; }
+   constexpr bool valid() const noexcept { return element.hasCode( type() ); }
    /// "P2mpFecStackSubTlv( RootAddr: '10.0.0.1' )", or "Invalid LspPingP2mpFecStackSubTlv".
    Orlo::String stringValue() const;
 
@@ -108,10 +114,15 @@ static_assert( Kiv::isWireView< LspPingOpaqueValSubTlv, 3 > );
 class LSPPING_EXPORT LspPingOpaqueValGenSubTlv
    : public Kiv::Typed< LspPingOpaqueValGenSubTlv, LspPingOpaqueValSubTlv > {
  public:
+   static constexpr auto element =
+      LspPingElement::opaqueValue( LspPingP2mpFecStackSubTlvType::GenericLsp ).length( 4 );
+
    constexpr U32 lspId() const noexcept { return lspId_.value(); }
    constexpr void lspIdIs( U32 id ) noexcept { lspId_.valueIs( id ); }
 
-   constexpr bool valid() const noexcept { return type() == 1 && length() == 4; }
+   constexpr bool valid() const noexcept {
+      return element.hasCode( type() ) && element.hasLength( length() );
+   }
    /// "OpaqueValGenSubTlv( lspId: 7 )", negative from 2^31 on, or
    /// "Invalid LspPingOpaqueValGenSubTlv".
    Orlo::String stringValue() const;
@@ -143,12 +154,17 @@ static_assert( Kiv::isWireView< LspPingOpaqueValGenSubTlv, 7 > );
 class LSPPING_EXPORT LspPingOpaqueValSGSubTlv
    : public Kiv::Typed< LspPingOpaqueValSGSubTlv, LspPingOpaqueValSubTlv > {
  public:
+   static constexpr auto element =
+      LspPingElement::opaqueValue( LspPingP2mpFecStackSubTlvType::SGIpv4 ).length( 8 );
+
    constexpr Velnet::IpAddr sourceAddr() const noexcept { return sourceAddr_; }
    constexpr void sourceAddrIs( Velnet::IpAddr address ) noexcept { sourceAddr_ = address; }
    constexpr Velnet::IpAddr groupAddr() const noexcept { return groupAddr_; }
    constexpr void groupAddrIs( Velnet::IpAddr address ) noexcept { groupAddr_ = address; }
 
-   constexpr bool valid() const noexcept { return type() == 3 && length() == 8; }
+   constexpr bool valid() const noexcept {
+      return element.hasCode( type() ) && element.hasLength( length() );
+   }
    /// "OpaqueValSGSubTlv( SourceAddr: '10.0.0.1' GroupAddr: '232.0.0.1' )", or
    /// "Invalid LspPingOpaqueValSGSubTlv".
    Orlo::String stringValue() const;
@@ -183,6 +199,15 @@ static_assert( Kiv::isWireView< LspPingOpaqueValSGSubTlv, 11 > );
 class LSPPING_EXPORT LspPingNodeAddrSubTlv
    : public Kiv::Typed< LspPingNodeAddrSubTlv, LspPingTlvHdr > {
  public:
+   /// Among the responders' TLVs, the one that holds just an IPv4 node address.
+   static constexpr auto element = LspPingElement::tlv( LspPingTlvType::P2mpRespId )
+                                      .when( 4, 0 )
+                                      .when( 5, LspPingP2mpRespTlvType::NodeAddr4 )
+                                      .when( 6, 0 )
+                                      .when( 7, 4 )
+                                      .atLeast( 8 )
+                                      .followedBy( LspPingBehind::responderTlvs );
+
    /// LspPingP2mpRespTlvType.
    constexpr U16 subType() const noexcept { return subType_.value(); }
    constexpr void subTypeIs( U16 type ) noexcept { subType_.valueIs( type ); }
@@ -194,7 +219,7 @@ class LSPPING_EXPORT LspPingNodeAddrSubTlv
 
    /// Does not look at the TLV's own length.
    constexpr bool valid() const noexcept {
-      return type() == 11 && subType() == 3 && subTypeLen() == 4;
+      return element.hasCode( type() ) && subType() == 3 && subTypeLen() == 4;
    }
    /// "NodeAddr( Addr: '10.0.0.1' )", or "Invalid NodeAddrSubTlv".
    Orlo::String stringValue() const;

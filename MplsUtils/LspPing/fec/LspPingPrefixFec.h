@@ -4,6 +4,8 @@
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Velnet/Ip6Addr.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 namespace LspPing {
 
@@ -61,8 +63,11 @@ class LspPingPrefixSubTlv : public LspPingTlvHdr {
 class LSPPING_EXPORT LspPingLdpIpv4SubTlv
    : public Kiv::Typed< LspPingLdpIpv4SubTlv, LspPingPrefixSubTlv< Velnet::IpAddr > > {
  public:
+   static constexpr auto element =
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::LDPIpv4 ).length( valueLength );
+
    /// Looks at the length only, neither at the type nor at the prefix length.
-   constexpr bool valid() const noexcept { return length() == valueLength; }
+   constexpr bool valid() const noexcept { return element.hasLength( length() ); }
    /// "LdpIpv4( '10.1.2.0/24' )", or "Invalid LdpIpv4SubTlv".
    Orlo::String stringValue() const;
 
@@ -75,8 +80,11 @@ static_assert( Kiv::isWireView< LspPingLdpIpv4SubTlv, 12 > );
 class LSPPING_EXPORT LspPingGenericIpv4SubTlv
    : public Kiv::Typed< LspPingGenericIpv4SubTlv, LspPingPrefixSubTlv< Velnet::IpAddr > > {
  public:
+   static constexpr auto element =
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::GenericIpv4 ).length( valueLength );
+
    /// Looks at the length only, neither at the type nor at the prefix length.
-   constexpr bool valid() const noexcept { return length() == valueLength; }
+   constexpr bool valid() const noexcept { return element.hasLength( length() ); }
    /// "GenericIpv4( '10.1.2.0/24' )"; empty when invalid.
    Orlo::String stringValue() const;
 
@@ -89,8 +97,11 @@ static_assert( Kiv::isWireView< LspPingGenericIpv4SubTlv, 12 > );
 class LSPPING_EXPORT LspPingGenericIpv6SubTlv
    : public Kiv::Typed< LspPingGenericIpv6SubTlv, LspPingPrefixSubTlv< Velnet::Ip6Addr > > {
  public:
+   static constexpr auto element =
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::GenericIpv6 ).length( valueLength );
+
    /// Looks at the length only, neither at the type nor at the prefix length.
-   constexpr bool valid() const noexcept { return length() == valueLength; }
+   constexpr bool valid() const noexcept { return element.hasLength( length() ); }
    /// "GenericIpv6( '2001:db8::/32' )"; empty when invalid.
    Orlo::String stringValue() const;
 
@@ -103,8 +114,11 @@ static_assert( Kiv::isWireView< LspPingGenericIpv6SubTlv, 24 > );
 class LSPPING_EXPORT LspPingBgpLuIpv4SubTlv
    : public Kiv::Typed< LspPingBgpLuIpv4SubTlv, LspPingPrefixSubTlv< Velnet::IpAddr > > {
  public:
+   static constexpr auto element =
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::BGPLabeledIpv4 ).length( valueLength );
+
    constexpr bool valid() const noexcept {
-      return type() == 12 && length() == valueLength && prefixLen() <= 32;
+      return element.hasCode( type() ) && element.hasLength( length() ) && prefixLen() <= 32;
    }
    /// "BgpLuIpv4( '10.1.2.0/24' )", or "Invalid BgpLuIpv4SubTlv".
    Orlo::String stringValue() const;
@@ -118,8 +132,11 @@ static_assert( Kiv::isWireView< LspPingBgpLuIpv4SubTlv, 12 > );
 class LSPPING_EXPORT LspPingBgpLuIpv6SubTlv
    : public Kiv::Typed< LspPingBgpLuIpv6SubTlv, LspPingPrefixSubTlv< Velnet::Ip6Addr > > {
  public:
+   static constexpr auto element =
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::BGPLabeledIpv6 ).length( valueLength );
+
    constexpr bool valid() const noexcept {
-      return type() == 13 && length() == valueLength && prefixLen() <= 128;
+      return element.hasCode( type() ) && element.hasLength( length() ) && prefixLen() <= 128;
    }
    /// "BgpLuIpv6( '2001:db8::/32' )", or "Invalid BgpLuIpv6SubTlv".
    Orlo::String stringValue() const;

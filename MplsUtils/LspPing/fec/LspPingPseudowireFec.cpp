@@ -93,7 +93,7 @@ U16 LspPingFec129Ipv4SubTlv::additionalTlvLength() const noexcept {
 }
 
 bool LspPingFec129Ipv4SubTlv::valid() const noexcept {
-   if( type() != 11 || length() < minTlvLength )
+   if( !element.hasCode( type() ) || length() < minTlvLength )
       return false;
    // Identifiers are decoded only if the length covers them; what does not decode is the default.
    return !PseudowireGenId::isEq( pwGenId(), PseudowireGenId{} ) && isEthernet( pwType() );

@@ -5,6 +5,8 @@
 #include "MplsUtils/LspPing/platform/Pseudowire/ModuleTypes.h"
 #include "MplsUtils/LspPing/platform/Pseudowire/PseudowireGenId.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 #include <cstddef>
 #include <span>
@@ -56,6 +58,9 @@ class LspPingPseudowireSubTlv : public LspPingTlvHdr {
 class LSPPING_EXPORT LspPingFec128Ipv4SubTlv
    : public Kiv::Typed< LspPingFec128Ipv4SubTlv, LspPingPseudowireSubTlv > {
  public:
+   static constexpr auto element =
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::FEC128Pseudowire ).length( 14 );
+
    constexpr U32 pwId() const noexcept { return pwId_.value(); }
    constexpr void pwIdIs( U32 id ) noexcept { pwId_.valueIs( id ); }
    constexpr U16 pwType() const noexcept { return pwType_.value(); }
@@ -66,7 +71,8 @@ class LSPPING_EXPORT LspPingFec128Ipv4SubTlv
 
    /// Unlike in almost every other view, a must-be-zero field that is not makes this one invalid.
    constexpr bool valid() const noexcept {
-      return type() == 10 && length() == 14 && mbz() == 0 && isEthernet( pwType() );
+      return element.hasCode( type() ) && element.hasLength( length() ) && mbz() == 0 &&
+             isEthernet( pwType() );
    }
    /// The addresses, pwId and pwType, or "Invalid Fec128Ipv4SubTlv".
    Orlo::String stringValue() const;
@@ -111,6 +117,11 @@ static_assert( Kiv::isWireView< LspPingFec128Ipv4SubTlv, 20 > );
 class LSPPING_EXPORT LspPingFec129Ipv4SubTlv
    : public Kiv::Typed< LspPingFec129Ipv4SubTlv, LspPingPseudowireSubTlv > {
  public:
+   static constexpr auto element =
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::FEC129Pseudowire )
+         .atLeast( 16 )
+         .followedBy( LspPingBehind::identifiers );
+
    /// The value's length when all three identifiers are empty.
    static constexpr U16 minTlvLength = 16;
 

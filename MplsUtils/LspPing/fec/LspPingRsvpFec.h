@@ -3,6 +3,8 @@
 #include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 namespace LspPing {
 
@@ -73,11 +75,16 @@ class LspPingRsvpSubTlv : public LspPingTlvHdr {
 class LSPPING_EXPORT LspPingRsvpIpv4SubTlv
    : public Kiv::Typed< LspPingRsvpIpv4SubTlv, LspPingRsvpSubTlv< Velnet::IpAddr > > {
  public:
+   static constexpr auto element =
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::RSVPIpv4Lsp ).length( 20 );
+
    /// The tunnel's end point.
    constexpr Velnet::IpAddr destination() const noexcept { return session(); }
    constexpr void destinationIs( Velnet::IpAddr address ) noexcept { sessionIs( address ); }
 
-   constexpr bool valid() const noexcept { return type() == 3 && length() == 20; }
+   constexpr bool valid() const noexcept {
+      return element.hasCode( type() ) && element.hasLength( length() );
+   }
    /// "RsvpIpv4:" and five fields, each behind a tab, or "Invalid RsvpIpv4SubTlv".
    Orlo::String stringValue() const;
 
@@ -95,10 +102,15 @@ static_assert( Kiv::isWireView< LspPingRsvpIpv4SubTlv, 24 > );
 class LSPPING_EXPORT LspPingRsvpP2mpIpv4SubTlv
    : public Kiv::Typed< LspPingRsvpP2mpIpv4SubTlv, LspPingRsvpSubTlv< Velnet::NetU32 > > {
  public:
+   static constexpr auto element =
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::RSVPP2MPIpv4 ).length( 20 );
+
    constexpr U32 p2mpId() const noexcept { return session().value(); }
    constexpr void p2mpIdIs( U32 id ) noexcept { sessionIs( Velnet::NetU32( id ) ); }
 
-   constexpr bool valid() const noexcept { return type() == 17 && length() == 20; }
+   constexpr bool valid() const noexcept {
+      return element.hasCode( type() ) && element.hasLength( length() );
+   }
    /// "RsvpP2mpIpv4:" and five fields, each behind a tab, or "Invalid RsvpP2mpIpv4SubTlv". A
    /// `p2mpId` of 2^31 and more prints negative.
    Orlo::String stringValue() const;

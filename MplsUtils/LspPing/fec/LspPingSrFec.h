@@ -4,6 +4,8 @@
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Velnet/Ip6Addr.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 namespace LspPing {
 
@@ -36,10 +38,9 @@ class LspPingSrSubTlv : public LspPingTlvHdr {
    constexpr void reservedIs( U8 value ) noexcept { reserved_ = value; }
 
  protected:
-   // Up to the protocol, or with the two bytes behind it.
-   constexpr bool lengthFits() const noexcept {
-      return length() == sizeof( Address ) + 2 || length() == sizeof( Address ) + 4;
-   }
+   // Without and with what is behind the protocol.
+   static constexpr std::size_t shortLength = sizeof( Address ) + 2;
+   static constexpr std::size_t longLength = sizeof( Address ) + 4;
 
    template < class View >
    static consteval auto attributesOf() {
@@ -66,9 +67,14 @@ class LspPingSrSubTlv : public LspPingTlvHdr {
 class LSPPING_EXPORT LspPingSrIpv4SubTlv
    : public Kiv::Typed< LspPingSrIpv4SubTlv, LspPingSrSubTlv< Velnet::IpAddr > > {
  public:
+   static constexpr auto element = LspPingElement::targetFec( LspPingTargetFecSubTlvType::SRIpv4 )
+                                      .also( LspPingTargetFecSubTlvType::SRIpv4Deprecated )
+                                      .length( shortLength )
+                                      .orLength( longLength );
+
    /// Takes the assigned type and the one that was used before it was assigned.
    constexpr bool valid() const noexcept {
-      return ( type() == 34 || type() == 31744 ) && lengthFits();
+      return element.hasCode( type() ) && element.hasLength( length() );
    }
    /// "SrIpv4( '10.1.2.0/24', 0 )" with the algorithm last; empty when invalid.
    Orlo::String stringValue() const;
@@ -82,9 +88,14 @@ static_assert( Kiv::isWireView< LspPingSrIpv4SubTlv, 12 > );
 class LSPPING_EXPORT LspPingSrIpv6SubTlv
    : public Kiv::Typed< LspPingSrIpv6SubTlv, LspPingSrSubTlv< Velnet::Ip6Addr > > {
  public:
+   static constexpr auto element = LspPingElement::targetFec( LspPingTargetFecSubTlvType::SRIpv6 )
+                                      .also( LspPingTargetFecSubTlvType::SRIpv6Deprecated )
+                                      .length( shortLength )
+                                      .orLength( longLength );
+
    /// Takes the assigned type and the one that was used before it was assigned.
    constexpr bool valid() const noexcept {
-      return ( type() == 35 || type() == 31745 ) && lengthFits();
+      return element.hasCode( type() ) && element.hasLength( length() );
    }
    /// "SrIpv6( '2001:db8::/32', 0 )" with the algorithm last; empty when invalid.
    Orlo::String stringValue() const;

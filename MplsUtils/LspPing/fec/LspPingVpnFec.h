@@ -4,6 +4,8 @@
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Velnet/Ip6Addr.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 namespace LspPing {
 
@@ -64,8 +66,11 @@ class LspPingVpnSubTlv : public LspPingTlvHdr {
 class LSPPING_EXPORT LspPingVpnIpv4SubTlv
    : public Kiv::Typed< LspPingVpnIpv4SubTlv, LspPingVpnSubTlv< Velnet::IpAddr > > {
  public:
+   static constexpr auto element =
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::VPNIpv4 ).length( 13 );
+
    constexpr bool valid() const noexcept {
-      return type() == 6 && length() == 13 && prefixLen() <= 32;
+      return element.hasCode( type() ) && element.hasLength( length() ) && prefixLen() <= 32;
    }
    /// "VpnIpv4( 281474983264257, '10.0.0.0/8' )", or "Invalid VpnIpv4SubTlv".
    Orlo::String stringValue() const;
@@ -79,8 +84,11 @@ static_assert( Kiv::isWireView< LspPingVpnIpv4SubTlv, 20 > );
 class LSPPING_EXPORT LspPingVpnIpv6SubTlv
    : public Kiv::Typed< LspPingVpnIpv6SubTlv, LspPingVpnSubTlv< Velnet::Ip6Addr > > {
  public:
+   static constexpr auto element =
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::VPNIpv6 ).length( 25 );
+
    constexpr bool valid() const noexcept {
-      return type() == 7 && length() == 25 && prefixLen() <= 128;
+      return element.hasCode( type() ) && element.hasLength( length() ) && prefixLen() <= 128;
    }
    /// "VpnIpv6( 281474983264257, '2001:db8::/32' )", or "Invalid VpnIpv6SubTlv".
    Orlo::String stringValue() const;

@@ -4,6 +4,8 @@
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Velnet/Ip6Addr.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 namespace LspPing {
 
@@ -20,6 +22,11 @@ namespace LspPing {
 class LSPPING_EXPORT LspPingMultipathSubTlv
    : public Kiv::Typed< LspPingMultipathSubTlv, LspPingTlvHdr > {
  public:
+   static constexpr auto element =
+      LspPingElement::ddmapSubTlv( LspPingDDMappingSubTlvType::MultipathData )
+         .atLeast( 4 )
+         .followedBy( LspPingBehind::multipath );
+
    /// LspPingMultipathType.
    constexpr U8 multipathType() const noexcept { return multipathType_; }
    constexpr void multipathTypeIs( U8 type ) noexcept { multipathType_ = type; }
@@ -30,7 +37,7 @@ class LSPPING_EXPORT LspPingMultipathSubTlv
    constexpr void mbzIs( U8 value ) noexcept { mbz_ = value; }
 
    /// Looks at the type only.
-   constexpr bool valid() const noexcept { return type() == 1; }
+   constexpr bool valid() const noexcept { return element.hasCode( type() ); }
 
    static consteval auto kivAttributes() {
       using Self = LspPingMultipathSubTlv;
@@ -61,6 +68,11 @@ static_assert( Kiv::isWireView< LspPingMultipathSubTlv, 8 > );
 class LSPPING_EXPORT LspPingFecStackChangeSubTlv
    : public Kiv::Typed< LspPingFecStackChangeSubTlv, LspPingTlvHdr > {
  public:
+   static constexpr auto element =
+      LspPingElement::ddmapSubTlv( LspPingDDMappingSubTlvType::FecStackChange )
+         .chosenBy( 5 )
+         .atLeast( 4 );
+
    /// LspPingFecStackChangeSubTlvOperType.
    constexpr U8 operType() const noexcept { return operType_; }
    constexpr void operTypeIs( U8 type ) noexcept { operType_ = type; }
@@ -102,11 +114,17 @@ static_assert( Kiv::isWireView< LspPingFecStackChangeSubTlv, 8 > );
 template < class Address, U8 peerAddrType >
 class LspPingFecStackChangePeer : public LspPingFecStackChangeSubTlv {
  public:
+   static constexpr auto element = LspPingFecStackChangeSubTlv::element.when( peerAddrType )
+                                      .atLeast( 4 + sizeof( Address ) )
+                                      .followedBy( LspPingBehind::stackChangeFec );
+
    constexpr Address peerAddr() const noexcept { return peerAddr_; }
    constexpr void peerAddrIs( Address address ) noexcept { peerAddr_ = address; }
 
    /// Looks at type and address type only.
-   constexpr bool valid() const noexcept { return type() == 3 && addrType() == peerAddrType; }
+   constexpr bool valid() const noexcept {
+      return element.hasCode( type() ) && addrType() == peerAddrType;
+   }
 
    static consteval auto kivAttributes() {
       using Self = LspPingFecStackChangePeer;
@@ -141,8 +159,11 @@ static_assert( Kiv::isWireView< LspPingFecStackChangeV6SubTlv, 24 > );
 class LSPPING_EXPORT LspPingFecStackChangeUnspecifiedSubTlv
    : public Kiv::Typed< LspPingFecStackChangeUnspecifiedSubTlv, LspPingFecStackChangeSubTlv > {
  public:
+   static constexpr auto element =
+      LspPingFecStackChangeSubTlv::element.when( 0 ).followedBy( LspPingBehind::stackChangeFec );
+
    /// Looks at type and address type only.
-   constexpr bool valid() const noexcept { return type() == 3 && addrType() == 0; }
+   constexpr bool valid() const noexcept { return element.hasCode( type() ) && addrType() == 0; }
 
    static consteval auto kivAttributes() {
       using Self = LspPingFecStackChangeUnspecifiedSubTlv;
@@ -166,12 +187,17 @@ static_assert( Kiv::isWireView< LspPingFecStackChangeUnspecifiedSubTlv, 8 > );
 class LSPPING_EXPORT LspPingMultiLabelSubTlv
    : public Kiv::Typed< LspPingMultiLabelSubTlv, LspPingTlvHdr > {
  public:
+   static constexpr auto element =
+      LspPingElement::vendorSubTlv( LspPingVeloraVendorPrivateType::MultiLabel ).length( 4 );
+
    constexpr U16 lookupLabelCount() const noexcept { return lookupLabelCount_.value(); }
    constexpr void lookupLabelCountIs( U16 count ) noexcept { lookupLabelCount_.valueIs( count ); }
    constexpr U16 flags() const noexcept { return flags_.value(); }
    constexpr void flagsIs( U16 flags ) noexcept { flags_.valueIs( flags ); }
 
-   constexpr bool valid() const noexcept { return type() == 1 && length() == 4; }
+   constexpr bool valid() const noexcept {
+      return element.hasCode( type() ) && element.hasLength( length() );
+   }
    /// "MultiLabel( LookupLabelCount: 2, Flags: 0 )", or "Invalid Multi-label Sub-TLV".
    Orlo::String stringValue() const;
 

@@ -4,6 +4,9 @@
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Velnet/Ip6Addr.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 namespace LspPing {
 
@@ -18,6 +21,9 @@ namespace LspPing {
 // +-------------------------------+---------------+---------------+
 class LSPPING_EXPORT LspPingDdmapHdr : public Kiv::Typed< LspPingDdmapHdr, LspPingTlvHdr > {
  public:
+   static constexpr auto element =
+      LspPingElement::tlv( LspPingTlvType::DownstreamDetailedMapping ).chosenBy( 6 ).atLeast( 4 );
+
    /// Of the downstream link, in bytes.
    constexpr U16 mtu() const noexcept { return mtu_.value(); }
    constexpr void mtuIs( U16 mtu ) noexcept { mtu_.valueIs( mtu ); }
@@ -69,7 +75,7 @@ class LspPingDdmapBody : public LspPingDdmapHdr {
    constexpr void subTlvLenIs( U16 length ) noexcept { subTlvLen_.valueIs( length ); }
 
    /// Looks at the type only. Whoever lays the view has looked at `addrType`.
-   constexpr bool valid() const noexcept { return type() == 20; }
+   constexpr bool valid() const noexcept { return LspPingDdmapHdr::element.hasCode( type() ); }
 
  protected:
    constexpr Interface interface() const noexcept { return interface_; }
@@ -130,6 +136,10 @@ class LspPingDdmapUnnumbered : public LspPingDdmapBody< Address, Velnet::NetU32 
 class LSPPING_EXPORT LspPingDdmapTlv
    : public Kiv::Typed< LspPingDdmapTlv, LspPingDdmapNumbered< Velnet::IpAddr > > {
  public:
+   static constexpr auto element = LspPingDdmapHdr::element.when( LspPingAddrType::ipv4Numbered )
+                                      .atLeast( 16 )
+                                      .followedBy( LspPingBehind::subTlvs );
+
    /// "DDMAPTlv( Downstream Address: …", or "Invalid LspPingDdmapTlv".
    Orlo::String stringValue() const;
 
@@ -142,6 +152,10 @@ static_assert( Kiv::isWireView< LspPingDdmapTlv, 20 > );
 class LSPPING_EXPORT LspPingDdmapV6Tlv
    : public Kiv::Typed< LspPingDdmapV6Tlv, LspPingDdmapNumbered< Velnet::Ip6Addr > > {
  public:
+   static constexpr auto element = LspPingDdmapHdr::element.when( LspPingAddrType::ipv6Numbered )
+                                      .atLeast( 40 )
+                                      .followedBy( LspPingBehind::subTlvs );
+
    /// "DDMAPV6Tlv( Downstream Address: …", or "Invalid LspPingDdmapV6Tlv".
    Orlo::String stringValue() const;
 
@@ -154,6 +168,10 @@ static_assert( Kiv::isWireView< LspPingDdmapV6Tlv, 44 > );
 class LSPPING_EXPORT LspPingDdmapUnnumberedTlv
    : public Kiv::Typed< LspPingDdmapUnnumberedTlv, LspPingDdmapUnnumbered< Velnet::IpAddr > > {
  public:
+   static constexpr auto element = LspPingDdmapHdr::element.when( LspPingAddrType::ipv4Unnumbered )
+                                      .atLeast( 16 )
+                                      .followedBy( LspPingBehind::subTlvs );
+
    /// "DDMAPUnnumberedTlv( …", or "Invalid LspPingDdmapUnnumberedTlv". The index prints signed.
    Orlo::String stringValue() const;
 
@@ -166,6 +184,10 @@ static_assert( Kiv::isWireView< LspPingDdmapUnnumberedTlv, 20 > );
 class LSPPING_EXPORT LspPingDdmapV6UnnumberedTlv
    : public Kiv::Typed< LspPingDdmapV6UnnumberedTlv, LspPingDdmapUnnumbered< Velnet::Ip6Addr > > {
  public:
+   static constexpr auto element = LspPingDdmapHdr::element.when( LspPingAddrType::ipv6Unnumbered )
+                                      .atLeast( 28 )
+                                      .followedBy( LspPingBehind::subTlvs );
+
    /// "DDMAPV6UnnumberedTlv( …", or "Invalid LspPingDdmapV6UnnumberedTlv". The index prints
    /// signed.
    Orlo::String stringValue() const;

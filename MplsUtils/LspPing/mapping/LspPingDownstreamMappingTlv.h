@@ -8,7 +8,10 @@
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
 #include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
 #include "MplsUtils/LspPing/types/Export.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
 #include "MplsUtils/LspPing/types/LspPingModules.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 namespace LspPing {
 
@@ -24,6 +27,11 @@ namespace LspPing {
 class LSPPING_EXPORT LspPingDownstreamMappingHdr
    : public Kiv::Typed< LspPingDownstreamMappingHdr, Kiv::NrcPtrInterface > {
  public:
+   static constexpr auto element = LspPingElement::tlv( LspPingTlvType::DownstreamMapping )
+                                      .chosenBy( 6 )
+                                      .atLeast( 4 )
+                                      .overValue();
+
    /// Of the downstream link, in bytes.
    constexpr Velnet::NetU16 mtu() const noexcept { return mtu_; }
    constexpr void mtuIs( Velnet::NetU16 mtu ) noexcept { mtu_ = mtu; }
@@ -128,6 +136,11 @@ class LSPPING_EXPORT LspPingDownstreamMappingIpv4Tlv
    : public Kiv::Typed< LspPingDownstreamMappingIpv4Tlv,
                         LspPingDownstreamMappingNumbered< Velnet::IpAddr > > {
  public:
+   static constexpr auto element =
+      LspPingDownstreamMappingHdr::element.when( LspPingAddrType::ipv4Numbered )
+         .atLeast( 16 )
+         .followedBy( LspPingBehind::mappingLabels );
+
    static Kiv::AllocationTracker memAllocationTracker_;
 };
 static_assert( Kiv::isWireView< LspPingDownstreamMappingIpv4Tlv, 16 > );
@@ -137,6 +150,11 @@ class LSPPING_EXPORT LspPingDownstreamMappingIpv4UnnumberedTlv
    : public Kiv::Typed< LspPingDownstreamMappingIpv4UnnumberedTlv,
                         LspPingDownstreamMappingUnnumbered< Velnet::IpAddr > > {
  public:
+   static constexpr auto element =
+      LspPingDownstreamMappingHdr::element.when( LspPingAddrType::ipv4Unnumbered )
+         .atLeast( 16 )
+         .followedBy( LspPingBehind::mappingLabels );
+
    static Kiv::AllocationTracker memAllocationTracker_;
 };
 static_assert( Kiv::isWireView< LspPingDownstreamMappingIpv4UnnumberedTlv, 16 > );
@@ -146,6 +164,11 @@ class LSPPING_EXPORT LspPingDownstreamMappingIpv6Tlv
    : public Kiv::Typed< LspPingDownstreamMappingIpv6Tlv,
                         LspPingDownstreamMappingNumbered< Velnet::Ip6Addr > > {
  public:
+   static constexpr auto element =
+      LspPingDownstreamMappingHdr::element.when( LspPingAddrType::ipv6Numbered )
+         .atLeast( 40 )
+         .followedBy( LspPingBehind::mappingLabels );
+
    static Kiv::AllocationTracker memAllocationTracker_;
 };
 static_assert( Kiv::isWireView< LspPingDownstreamMappingIpv6Tlv, 40 > );
@@ -155,6 +178,11 @@ class LSPPING_EXPORT LspPingDownstreamMappingIpv6UnnumberedTlv
    : public Kiv::Typed< LspPingDownstreamMappingIpv6UnnumberedTlv,
                         LspPingDownstreamMappingUnnumbered< Velnet::Ip6Addr > > {
  public:
+   static constexpr auto element =
+      LspPingDownstreamMappingHdr::element.when( LspPingAddrType::ipv6Unnumbered )
+         .atLeast( 28 )
+         .followedBy( LspPingBehind::mappingLabels );
+
    static Kiv::AllocationTracker memAllocationTracker_;
 };
 static_assert( Kiv::isWireView< LspPingDownstreamMappingIpv6UnnumberedTlv, 28 > );

@@ -8,7 +8,10 @@
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
 #include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
 #include "MplsUtils/LspPing/types/Export.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
 #include "MplsUtils/LspPing/types/LspPingModules.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 namespace LspPing {
 
@@ -24,6 +27,11 @@ namespace LspPing {
 class LSPPING_EXPORT LspPingIntfAndLabelStackHdr
    : public Kiv::Typed< LspPingIntfAndLabelStackHdr, Kiv::NrcPtrInterface > {
  public:
+   static constexpr auto element = LspPingElement::tlv( LspPingTlvType::IntfAndLabelStack )
+                                      .chosenBy( 4 )
+                                      .atLeast( 4 )
+                                      .overValue();
+
    /// LspPingAddrType: which of the four views describes the rest.
    constexpr U8 addrType() const noexcept { return addrType_; }
    constexpr void addrTypeIs( U8 type ) noexcept { addrType_ = type; }
@@ -111,6 +119,11 @@ class LSPPING_EXPORT LspPingIntfAndLabelStackIpv4Tlv
    : public Kiv::Typed< LspPingIntfAndLabelStackIpv4Tlv,
                         LspPingIntfAndLabelStackNumbered< Velnet::IpAddr > > {
  public:
+   static constexpr auto element =
+      LspPingIntfAndLabelStackHdr::element.when( LspPingAddrType::ipv4Numbered )
+         .atLeast( 12 )
+         .followedBy( LspPingBehind::labelStack );
+
    static Kiv::AllocationTracker memAllocationTracker_;
 };
 static_assert( Kiv::isWireView< LspPingIntfAndLabelStackIpv4Tlv, 12 > );
@@ -120,6 +133,11 @@ class LSPPING_EXPORT LspPingIntfAndLabelStackIpv4UnnumberedTlv
    : public Kiv::Typed< LspPingIntfAndLabelStackIpv4UnnumberedTlv,
                         LspPingIntfAndLabelStackUnnumbered< Velnet::IpAddr > > {
  public:
+   static constexpr auto element =
+      LspPingIntfAndLabelStackHdr::element.when( LspPingAddrType::ipv4Unnumbered )
+         .atLeast( 12 )
+         .followedBy( LspPingBehind::labelStack );
+
    static Kiv::AllocationTracker memAllocationTracker_;
 };
 static_assert( Kiv::isWireView< LspPingIntfAndLabelStackIpv4UnnumberedTlv, 12 > );
@@ -129,6 +147,11 @@ class LSPPING_EXPORT LspPingIntfAndLabelStackIpv6Tlv
    : public Kiv::Typed< LspPingIntfAndLabelStackIpv6Tlv,
                         LspPingIntfAndLabelStackNumbered< Velnet::Ip6Addr > > {
  public:
+   static constexpr auto element =
+      LspPingIntfAndLabelStackHdr::element.when( LspPingAddrType::ipv6Numbered )
+         .atLeast( 36 )
+         .followedBy( LspPingBehind::labelStack );
+
    static Kiv::AllocationTracker memAllocationTracker_;
 };
 static_assert( Kiv::isWireView< LspPingIntfAndLabelStackIpv6Tlv, 36 > );
@@ -138,6 +161,11 @@ class LSPPING_EXPORT LspPingIntfAndLabelStackIpv6UnnumberedTlv
    : public Kiv::Typed< LspPingIntfAndLabelStackIpv6UnnumberedTlv,
                         LspPingIntfAndLabelStackUnnumbered< Velnet::Ip6Addr > > {
  public:
+   static constexpr auto element =
+      LspPingIntfAndLabelStackHdr::element.when( LspPingAddrType::ipv6Unnumbered )
+         .atLeast( 24 )
+         .followedBy( LspPingBehind::labelStack );
+
    static Kiv::AllocationTracker memAllocationTracker_;
 };
 static_assert( Kiv::isWireView< LspPingIntfAndLabelStackIpv6UnnumberedTlv, 24 > );

@@ -2,6 +2,8 @@
 
 #include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 namespace LspPing {
 
@@ -17,11 +19,15 @@ namespace LspPing {
 class LSPPING_EXPORT LspPingEchoJitterTlv
    : public Kiv::Typed< LspPingEchoJitterTlv, LspPingTlvHdr > {
  public:
+   static constexpr auto element = LspPingElement::tlv( LspPingTlvType::EchoJitter ).length( 4 );
+
    /// The time over which the responders spread their replies, in milliseconds.
    constexpr U32 jitter() const noexcept { return jitter_.value(); }
    constexpr void jitterIs( U32 jitter ) noexcept { jitter_.valueIs( jitter ); }
 
-   constexpr bool valid() const noexcept { return type() == 12 && length() == 4; }
+   constexpr bool valid() const noexcept {
+      return element.hasCode( type() ) && element.hasLength( length() );
+   }
    /// "EchoJitterTlv( jittertime(500) )", or "Invalid EchoJitterTlv". The time prints signed.
    Orlo::String stringValue() const;
 

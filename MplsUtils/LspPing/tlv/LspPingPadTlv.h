@@ -4,6 +4,8 @@
 #include "MplsUtils/LspPing/platform/Kiv/DynArray.h"
 #include "MplsUtils/LspPing/platform/Kiv/WholeAssignment.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 #include <cstddef>
 #include <memory>
@@ -23,6 +25,9 @@ namespace LspPing {
 // +---------------+-----------------------------------------------+
 class LSPPING_EXPORT LspPingPadTlv : public Kiv::Typed< LspPingPadTlv, LspPingTlvHdr > {
  public:
+   static constexpr auto element =
+      LspPingElement::tlv( LspPingTlvType::Pad ).atLeast( 1 ).followedBy( LspPingBehind::padding );
+
    /// The bytes behind the pad type, the first of them at index 0.
    using KivPadding = Kiv::DynArray< U8 >;
 
@@ -45,7 +50,9 @@ class LSPPING_EXPORT LspPingPadTlv : public Kiv::Typed< LspPingPadTlv, LspPingTl
    void paddingDelAll() noexcept { padding_.entryDelAll(); }
 
    /// Does not look at the length.
-   bool valid() const noexcept { return type() == 3 && static_cast< U8 >( padType() - 1 ) < 2; }
+   bool valid() const noexcept {
+      return element.hasCode( type() ) && static_cast< U8 >( padType() - 1 ) < 2;
+   }
    /// "PadTlv( PadType: 1, Size: 4, Padding: 0xAB 0x0 0xC )", or "Invalid LspPingPadTlv". As many
    /// bytes are printed as the length tells, whatever the padding holds.
    Orlo::String stringValue() const;

@@ -2,6 +2,8 @@
 
 #include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 namespace LspPing {
 
@@ -16,6 +18,8 @@ namespace LspPing {
 // +---------------+---------------+-------------------------------+
 class LSPPING_EXPORT LspPingReplyTosTlv : public Kiv::Typed< LspPingReplyTosTlv, LspPingTlvHdr > {
  public:
+   static constexpr auto element = LspPingElement::tlv( LspPingTlvType::ReplyTosByte ).length( 4 );
+
    /// The type-of-service byte that the responder is asked to send its reply with.
    constexpr U8 tos() const noexcept { return tos_; }
    constexpr void tosIs( U8 tos ) noexcept { tos_ = tos; }
@@ -25,7 +29,9 @@ class LSPPING_EXPORT LspPingReplyTosTlv : public Kiv::Typed< LspPingReplyTosTlv,
    constexpr U16 mbz1() const noexcept { return mbz1_.raw(); }
    constexpr void mbz1Is( U16 raw ) noexcept { mbz1_.rawIs( raw ); }
 
-   constexpr bool valid() const noexcept { return type() == 10 && length() == 4; }
+   constexpr bool valid() const noexcept {
+      return element.hasCode( type() ) && element.hasLength( length() );
+   }
    /// "ReplyTosTlv( Type Of Service: 7 )", or "Invalid LspPingReplyTosTlv".
    Orlo::String stringValue() const;
 

@@ -2,6 +2,8 @@
 
 #include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 #include "MplsUtils/LspPing/types/LspPingVendorIana.h"
 
 namespace LspPing {
@@ -19,13 +21,18 @@ namespace LspPing {
 class LSPPING_EXPORT LspPingVeloraVendorPrivateTlv
    : public Kiv::Typed< LspPingVeloraVendorPrivateTlv, LspPingTlvHdr > {
  public:
+   static constexpr auto element = LspPingElement::tlv( LspPingTlvType::VeloraVendorPrivate )
+                                      .atLeast( 4 )
+                                      .followedBy( LspPingBehind::vendorTlvs );
+
    /// IANA Private Enterprise Number of the vendor that defines what follows.
    constexpr U32 vendorIana() const noexcept { return vendorIana_.value(); }
    constexpr void vendorIanaIs( U32 number ) noexcept { vendorIana_.valueIs( number ); }
 
    /// The length is not looked at.
    constexpr bool valid() const noexcept {
-      return type() == 65261 && vendorIana() == static_cast< U32 >( LspPingVendorIana::VeloraIana );
+      return element.hasCode( type() ) &&
+             vendorIana() == static_cast< U32 >( LspPingVendorIana::VeloraIana );
    }
    /// "VeloraVendorPrivate()", or "Invalid Velora Vendor Private TLV".
    Orlo::String stringValue() const;
