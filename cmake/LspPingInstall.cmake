@@ -1,12 +1,12 @@
 # Installs the libraries, their headers in the tree that they are included by, and the tool, so that
-# `find_package( LspPing )` gives LspPing::LspPing and LspPing::Platform as they are inside of the
+# `find_package( LspPing )` gives LspPing::Message, LspPing::LspPing and LspPing::Platform as they are inside of the
 # project.
 
 include( CMakePackageConfigHelpers )
 
 set( packageFolder ${CMAKE_INSTALL_LIBDIR}/cmake/LspPing )
 
-install( TARGETS LspPing LspPingPlatform EXPORT LspPingTargets
+install( TARGETS LspPingMessage LspPing LspPingPlatform EXPORT LspPingTargets
          LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} )
 install( DIRECTORY ${PROJECT_SOURCE_DIR}/MplsUtils DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
          FILES_MATCHING PATTERN "*.h" )
@@ -25,7 +25,8 @@ install( FILES ${PROJECT_BINARY_DIR}/LspPingConfig.cmake
 # The libraries find each other, and the tool finds them, wherever the prefix is moved to. They are
 # built with the paths that they are installed with: what CMake is to change while installing has an
 # empty entry until then, and that is the working directory to the loader.
-set_target_properties( LspPing PROPERTIES INSTALL_RPATH "$ORIGIN" BUILD_WITH_INSTALL_RPATH ON )
+set_target_properties( LspPingMessage LspPing PROPERTIES
+   INSTALL_RPATH "$ORIGIN" BUILD_WITH_INSTALL_RPATH ON )
 if( TARGET lspping )
    file( RELATIVE_PATH libraries ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR} )
    set( paths "$ORIGIN/${libraries}" "$ORIGIN/../lib" ) # the latter in the build's own folder

@@ -1,60 +1,20 @@
-#include "examples/EchoRecords.h"
 #include "examples/MessageBuilder.h"
+
+#include "MplsUtils/LspPing/message/LspPingMessageReader.h"
+#include "MplsUtils/LspPing/message/LspPingMessageRecords.h"
 
 #include <charconv>
 #include <iostream>
 #include <string_view>
 
-// What an agent does with a message that came: walks its elements, lays views over them, keeps what
-// they say as records, and prints the records. docs/agent.md explains it.
+// What an agent does with a message that came: reads it, keeps what it says as
+// records, and prints the records. docs/agent.md explains it.
 //    agentRecords          takes a reply that it builds with the library's setters
 //    agentRecords HEX      takes that message
 
 namespace {
 
 using namespace LspPing;
-using EchoRecords::Bytes;
-
-LspPingTlvType typeOf( Bytes tlv ) {
-   // Each element that was taken begins with its header, and views have no alignment.
-   return static_cast< LspPingTlvType >(
-      reinterpret_cast< LspPingTlvHdr const * >( tlv.data() )->type() );
-}
-
-// What a record has no place for is told, not lost in silence.
-void tell( EchoRecords::Kept kept ) {
-   if( !kept.lost.empty() )
-      std::cout << "not in the records: " << kept.lost << '\n';
-}
-
-EchoRecords::Records recordsOf( Bytes message ) {
-   EchoRecords::Records records;
-   Bytes left = message.subspan( sizeof( LspPingHdr ) );
-   for( Bytes tlv = EchoRecords::takeElement( left ); !tlv.empty();
-        tlv = EchoRecords::takeElement( left ) ) {
-      if( typeOf( tlv ) == LspPingTlvType::TargetFecStack ) {
-         Bytes fecs = EchoRecords::valueOf( tlv );
-         std::size_t position = 0;
-         for( Bytes fec = EchoRecords::takeElement( fecs ); !fec.empty();
-              fec = EchoRecords::takeElement( fecs ) )
-            tell( records.addFec( position++, fec ) );
-      } else if( typeOf( tlv ) == LspPingTlvType::DownstreamDetailedMapping ) {
-         EchoRecords::Mapping mapping;
-         EchoRecords::Kept const kept = EchoRecords::detailedMapping( tlv, mapping );
-         tell( kept );
-         if( !kept.isKept )
-            continue;
-         Bytes subTlvs = EchoRecords::subTlvsOf( tlv );
-         for( Bytes subTlv = EchoRecords::takeElement( subTlvs ); !subTlv.empty();
-              subTlv = EchoRecords::takeElement( subTlvs ) )
-            tell( EchoRecords::mappingSubTlv( subTlv, mapping ) );
-         tell( records.addMapping( LspPingDownstreamMappingType::downstreamDetailedMap, mapping ) );
-      } else {
-         tell( records.addTlv( tlv ) );
-      }
-   }
-   return records;
-}
 
 /// A transit router's reply: one next hop for some addresses, reached with one label.
 Examples::Bytes builtReply() {
@@ -125,15 +85,18 @@ void print( std::optional< Record > const & record ) {
 
 int main( int count, char ** arguments ) {
    Examples::Bytes const message = count > 1 ? bytesOf( arguments[1] ) : builtReply();
-   if( message.size() < sizeof( LspPingHdr ) ) {
+   LspPingMessageReader reader;
+   LspPingMessage const & read = reader.read( message );
+   if( read.header() == nullptr ) {
       std::cerr << "agentRecords: no message of 32 bytes or more in hexadecimal\n";
       return 1;
    }
-   // The header's bytes are there, and the view has no alignment.
-   auto const & header = *reinterpret_cast< LspPingHdr const * >( message.data() );
-   std::cout << header.stringValue() << '\n';
+   std::cout << read.header()->stringValue() << '\n';
 
-   EchoRecords::Records const records = recordsOf( message );
+   LspPingMessageRecords const records( read );
+   // What a record has no place for is told, not lost in silence.
+   for( LspPingLeftOut const & lost : records.leftOut )
+      std::cout << "not in the records: " << lost.what << '\n';
    print( records.fecStack );
    print( records.downstreamMappings );
    print( records.intfAndLabelStack );

@@ -1,6 +1,6 @@
+#include "MplsUtils/LspPing/message/LspPingMessageReader.h"
 #include "tools/lspping/decode/JsonPrinter.h"
 #include "tools/lspping/decode/TextPrinter.h"
-#include "tools/lspping/decode/Walk.h"
 
 #include <cstdlib>
 #include <memory>
@@ -12,24 +12,26 @@
 namespace {
 
 // Elements stand in the order of their bytes, and each inside what contains it.
-bool isOrdered( LspPingTool::Message const & message ) {
-   for( std::size_t i = 0; i < message.elements.size(); ++i ) {
-      LspPingTool::Element const & element = message.elements[i];
-      if( element.after <= i || element.after > message.elements.size() )
+bool isOrdered( LspPing::LspPingElementRange elements, std::size_t begin, std::size_t size ) {
+   for( LspPing::LspPingElementRef const element : elements ) {
+      std::size_t const end = element.offset() + element.bytes().size();
+      if( element.offset() < begin || end > size )
          return false;
-      if( element.offset + element.present > message.bytes.size() )
+      if( !isOrdered( element.elements(), element.offset() + 1, size ) )
          return false;
-      if( i + 1 < element.after && message.elements[i + 1].offset <= element.offset )
-         return false;
-      if( element.after < message.elements.size() &&
-          message.elements[element.after].offset <= element.offset )
-         return false;
-   }
-   for( LspPingTool::Problem const & problem : message.problems ) {
-      if( problem.offset > message.bytes.size() || problem.text.empty() )
-         return false;
+      begin = element.offset() + 1;
    }
    return true;
+}
+
+bool isSound( LspPing::LspPingMessage const & message ) {
+   for( LspPing::LspPingProblem const & problem : message.problems() ) {
+      Orlo::StringBuilder text;
+      message.appendText( text, problem );
+      if( text.size() == 0 || problem.offset + problem.strayBytes > message.bytes().size() )
+         return false;
+   }
+   return isOrdered( message.elements(), 32, message.bytes().size() );
 }
 
 } // namespace
@@ -45,9 +47,10 @@ extern "C" int LLVMFuzzerTestOneInput( U8 const * data, std::size_t size ) {
    std::unique_ptr< U8[] > const block( new U8[size] );
    std::copy( data, data + size, block.get() );
 
-   static LspPingTool::Message message;
-   LspPingTool::walk( { block.get() + 1, size - 1 }, { padding, ( data[0] & 1 ) != 0 }, message );
-   if( !isOrdered( message ) )
+   static LspPing::LspPingMessageReader reader;
+   LspPing::LspPingMessage const & message =
+      reader.read( { block.get() + 1, size - 1 }, { padding, ( data[0] & 1 ) != 0 } );
+   if( !isSound( message ) )
       std::abort();
 
    LspPingTool::EchoPacket packet;

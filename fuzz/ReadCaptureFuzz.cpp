@@ -1,8 +1,8 @@
+#include "MplsUtils/LspPing/message/LspPingMessageReader.h"
 #include "tools/lspping/capture/CaptureReader.h"
 #include "tools/lspping/capture/HexReader.h"
 #include "tools/lspping/decode/JsonPrinter.h"
 #include "tools/lspping/decode/TextPrinter.h"
-#include "tools/lspping/decode/Walk.h"
 
 #include <cstdlib>
 #include <string>
@@ -15,22 +15,23 @@
 namespace {
 
 void print( LspPingTool::Printer && printer, LspPingTool::EchoPacket const & packet,
-            LspPingTool::Message const & message ) {
+            LspPing::LspPingMessage const & message ) {
    printer.print( packet, message );
    if( !printer.pending().ends_with( '\n' ) )
       std::abort();
 }
 
 void readAll( LspPingTool::EchoSource && source ) {
-   static LspPingTool::Message message;
+   static LspPing::LspPingMessageReader reader;
    for( ;; ) {
       switch( source.next() ) {
-      case LspPingTool::EchoSource::Step::message:
-         LspPingTool::walk( source.packet(), message );
+      case LspPingTool::EchoSource::Step::message: {
+         LspPing::LspPingMessage const & message = reader.read( source.packet().payload );
          print( LspPingTool::TextPrinter( LspPingTool::TextPrinter::Colour::off ), source.packet(),
                 message );
          print( LspPingTool::JsonPrinter(), source.packet(), message );
          break;
+      }
       case LspPingTool::EchoSource::Step::error:
          if( source.error().message().empty() )
             std::abort();

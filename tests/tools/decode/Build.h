@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "MplsUtils/LspPing/message/LspPingMessageReader.h"
 #include "tools/lspping/decode/JsonPrinter.h"
 #include "tools/lspping/decode/TextPrinter.h"
-#include "tools/lspping/decode/Walk.h"
 
 // Messages put together by hand, and what the tool makes of them.
 
@@ -44,24 +44,41 @@ inline Bytes tlv( std::size_t type, Bytes const & value ) {
 inline Bytes const ldp = tlv( 1, { 10, 1, 2, 0, 24 } );
 inline Bytes const nil = tlv( 16, { 0, 0, 0x30, 0 } );
 
+struct Problem {
+   std::size_t offset;
+   std::string text;
+   std::size_t strayBytes = 0;
+
+   friend bool operator==( Problem const &, Problem const & ) = default;
+};
+
 /// The message in a block of the heap of just its size, at an odd address, walked.
 class Decoded {
  public:
-   explicit Decoded( Bytes const & bytes, LspPingTool::MessageEnd end = {} )
+   explicit Decoded( Bytes const & bytes, LspPing::LspPingMessageEnd end = {} )
       : block_( new U8[bytes.size() + 1] ) {
       std::copy( bytes.begin(), bytes.end(), block_.get() + 1 );
       packet_.number = 1;
       packet_.payload = { block_.get() + 1, bytes.size() };
-      LspPingTool::walk( packet_.payload, end, message_ );
+      reader_->read( packet_.payload, end );
    }
 
    LspPingTool::EchoPacket & packet() { return packet_; }
-   LspPingTool::Message const & message() const { return message_; }
-   std::vector< LspPingTool::Problem > const & problems() const { return message_.problems; }
+   LspPing::LspPingMessage const & message() const { return reader_->message(); }
+   /// Offset, words and stray bytes of each.
+   std::vector< Problem > problems() const {
+      std::vector< Problem > result;
+      for( LspPing::LspPingProblem const & problem : message().problems() ) {
+         Orlo::StringBuilder text;
+         message().appendText( text, problem );
+         result.push_back( { problem.offset, text.string(), problem.strayBytes } );
+      }
+      return result;
+   }
 
    std::string text() const {
       LspPingTool::TextPrinter printer( LspPingTool::TextPrinter::Colour::off );
-      printer.print( packet_, message_ );
+      printer.print( packet_, message() );
       return std::string( printer.pending() );
    }
    /// Without the message's own line.
@@ -71,14 +88,15 @@ class Decoded {
    }
    std::string json() const {
       LspPingTool::JsonPrinter printer;
-      printer.print( packet_, message_ );
+      printer.print( packet_, message() );
       return std::string( printer.pending() );
    }
 
  private:
    std::unique_ptr< U8[] > block_;
    LspPingTool::EchoPacket packet_;
-   LspPingTool::Message message_;
+   std::unique_ptr< LspPing::LspPingMessageReader > reader_ =
+      std::make_unique< LspPing::LspPingMessageReader >();
 };
 
 inline std::string elementsOf( Bytes const & tlvs ) {

@@ -1,42 +1,6 @@
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "tests/tools/decode/Build.h"
 
-#include <set>
-
 namespace {
-
-using LspPingTool::elementRows;
-
-TEST( Elements, haveRegisteredViewsThatNeedNoMoreThanThePaddedValue ) {
-   for( LspPingTool::ElementRow const & row : elementRows() ) {
-      U32 const header = LspPingTool::headerSize( row.context );
-      EXPECT_FALSE( LspPingTool::codeName( row.context, row.code ).empty() ) << row.code;
-      if( row.view == nullptr )
-         continue;
-      EXPECT_TRUE( Kiv::TypeRef( row.view->id ) ) << row.code;
-      EXPECT_LE( row.view->offset + row.view->size, header + ( row.valueLength + 3u ) / 4 * 4 )
-         << row.code;
-      EXPECT_GE( row.bodyOffset, header ) << row.code;
-   }
-}
-
-// Rows of one code stand together, and only the last of them takes everything.
-TEST( Elements, areFoundByTheirSelector ) {
-   std::set< std::pair< int, int > > closed;
-   for( std::size_t i = 0; i < elementRows().size(); ++i ) {
-      LspPingTool::ElementRow const & row = elementRows()[i];
-      std::pair< int, int > const key{ static_cast< int >( row.context ), row.code };
-      EXPECT_FALSE( closed.contains( key ) ) << row.code;
-      if( row.selectorOffset == 0 )
-         closed.insert( key );
-      Bytes bytes( 12, 0 );
-      if( row.selectorOffset != 0 )
-         bytes[row.selectorOffset] = row.selector;
-      else
-         bytes[4] = bytes[5] = bytes[6] = 99;
-      EXPECT_EQ( LspPingTool::elementRow( row.context, row.code, bytes ), &row ) << row.code;
-   }
-}
 
 TEST( Elements, showTheDetailedMappingOfEveryAddressType ) {
    Bytes const v6{ 0x20, 1, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1 };

@@ -3,8 +3,6 @@
 // What an element says against the RFCs, and what only our views do not take for valid.
 namespace {
 
-using LspPingTool::Problem;
-
 Bytes const v6{ 0x20, 1, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1 };
 
 std::vector< Problem > problemsOfFec( std::size_t type, Bytes const & value ) {

@@ -59,8 +59,8 @@ TEST( TextPrinter, printsTheSourcesProblemsAndTheMessages ) {
 TEST( TextPrinter, colours ) {
    LspPingTool::TextPrinter printer( LspPingTool::TextPrinter::Colour::on );
    LspPingTool::EchoPacket packet;
-   LspPingTool::Message message;
-   LspPingTool::walk( {}, LspPingTool::MessageEnd{}, message );
+   LspPing::LspPingMessageReader reader;
+   LspPing::LspPingMessage const & message = reader.read( {} );
    printer.print( packet, message );
    EXPECT_EQ( printer.pending(), "\033[1m0 no LspPingHdr( Bytes:  )\033[0m\n"
                                  "   \033[31m! offset 0: header: needed 32 bytes, had 0\033[0m\n" );

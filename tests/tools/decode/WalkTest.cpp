@@ -2,8 +2,6 @@
 
 namespace {
 
-using LspPingTool::Problem;
-
 TEST( Walk, findsAFecInItsStack ) {
    EXPECT_EQ( elementsOf( tlv( 1, ldp ) ), "   TargetFecStack\n"
                                            "      LdpIpv4( '10.1.2.0/24' )\n" );
@@ -140,9 +138,9 @@ TEST( Walk, endsAtALengthThatWraps ) {
 // A message of 65535 bytes can hold it, and the total length is told without the wrap.
 TEST( Walk, takesATlvWhoseTotalLengthWraps ) {
    Decoded const decoded( request + tlv( 99, Bytes( 65529, 1 ) ) + tlv( 12, { 0, 0, 0, 9 } ) );
-   ASSERT_EQ( decoded.message().elements.size(), 2u );
-   EXPECT_EQ( decoded.message().elements[0].totalLength, 65536u );
-   EXPECT_EQ( decoded.message().elements[1].offset, 32u + 65536u );
+   ASSERT_EQ( decoded.message().elementCount(), 2u );
+   EXPECT_EQ( decoded.message().element( 0 ).totalLength(), 65536u );
+   EXPECT_EQ( decoded.message().element( 1 ).offset(), 32u + 65536u );
    EXPECT_TRUE( decoded.problems().empty() );
 }
 
@@ -244,9 +242,8 @@ TEST( Walk, takesAMessageCutAnywhere ) {
    // Where a TLV ends, so may the message.
    std::vector< std::size_t > ends;
    Decoded const decoded( whole );
-   for( std::size_t i = 0; i < decoded.message().elements.size();
-        i = decoded.message().elements[i].after )
-      ends.push_back( decoded.message().elements[i].offset );
+   for( LspPing::LspPingElementRef const tlv : decoded.message().elements() )
+      ends.push_back( tlv.offset() );
    for( std::size_t size = 0; size < whole.size(); ++size ) {
       Decoded const cut(
          Bytes( whole.begin(), whole.begin() + static_cast< std::ptrdiff_t >( size ) ) );

@@ -7,8 +7,14 @@ namespace {
 std::string leftOut( Bytes const & tlvs ) {
    Decoded const decoded( request + tlvs );
    std::string lines;
-   for( LspPingTool::Problem const & problem : LspPingTool::recordsOf( decoded.message() ).leftOut )
-      lines += std::to_string( problem.offset ) + " " + problem.text + "\n";
+   LspPing::LspPingMessage const & message = decoded.message();
+   for( LspPing::LspPingLeftOut const & lost : LspPing::LspPingMessageRecords( message ).leftOut ) {
+      std::string_view const name = message.element( lost.element ).name();
+      lines += std::to_string( lost.offset ) + " " +
+               ( name.empty() ? std::to_string( message.element( lost.element ).code() )
+                              : std::string( name ) ) +
+               ": " + std::string( lost.what ) + "\n";
+   }
    return lines;
 }
 std::string leftOutOfFec( std::size_t type, Bytes const & value ) {

@@ -151,15 +151,14 @@ void PrintTo( Counts const & counts, std::ostream * out ) {
 
 Counts countsOf( std::string const & capture ) {
    LspPingTool::CaptureReader reader( LSPPING_CAPTURES "/" + capture );
-   LspPingTool::Message message;
+   LspPing::LspPingMessageReader messages;
    Counts counts;
    for( auto step = reader.next(); step != LspPingTool::EchoSource::Step::end;
         step = reader.next() ) {
       if( step != LspPingTool::EchoSource::Step::message )
          continue;
       LspPingTool::EchoPacket const & packet = reader.packet();
-      LspPingTool::walk( packet, message );
-      EchoRecords::Records const records = LspPingTool::recordsOf( message );
+      LspPing::LspPingMessageRecords const records( messages.read( packet.payload ) );
       ++counts.messages;
       counts.fecStacks += records.fecStack.has_value();
       counts.mappings += records.downstreamMappings.has_value();

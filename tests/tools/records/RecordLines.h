@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MplsUtils/LspPing/message/LspPingMessageRecords.h"
 #include "tests/tools/decode/Build.h"
 
 #include <initializer_list>

@@ -15,8 +15,6 @@ namespace LspPingTool {
 struct Problem {
    std::size_t offset;
    std::string text;
-   /// As many bytes from the offset on are part of nothing else that is shown.
-   std::size_t strayBytes = 0;
 
    friend bool operator==( Problem const &, Problem const & ) = default;
 };

@@ -1,12 +1,12 @@
 #include "tools/lspping/decode/Decode.h"
 
+#include "MplsUtils/LspPing/message/LspPingMessageReader.h"
 #include "tools/lspping/ExitStatus.h"
 #include "tools/lspping/capture/CaptureReader.h"
 #include "tools/lspping/capture/HexReader.h"
 #include "tools/lspping/decode/JsonPrinter.h"
 #include "tools/lspping/decode/Progress.h"
 #include "tools/lspping/decode/TextPrinter.h"
-#include "tools/lspping/decode/Walk.h"
 #include "tools/lspping/io/Diagnostics.h"
 #include "tools/lspping/io/Interruption.h"
 #include "tools/lspping/io/Output.h"
@@ -86,25 +86,26 @@ class Decoder {
 
  private:
    void message( EchoPacket const & packet ) {
-      walk( packet, message_ );
-      printer_->print( packet, message_ );
+      LspPing::LspPingMessage const & message = reader_.read(
+         packet.payload, { packet.possiblePadding, packet.payload.size() < packet.claimedLength } );
+      printer_->print( packet, message );
       finished_ = printer_->pending().size();
       if( output_.isTerminal() || printer_->pending().size() >= blockSize )
          flush();
-      problems( packet, packet.problems );
-      problems( packet, message_.problems );
+      for( Problem const & problem : packet.problems )
+         this->problem( packet, problem.offset, problem.text );
+      for( LspPing::LspPingProblem const & problem : message.problems() ) {
+         Orlo::StringBuilder text;
+         message.appendText( text, problem );
+         this->problem( packet, problem.offset, text.view() );
+      }
    }
 
-   void problems( EchoPacket const & packet, std::vector< Problem > const & list ) {
-      if( list.empty() )
-         return;
+   void problem( EchoPacket const & packet, std::size_t offset, std::string_view text ) {
       statusIs( exitMalformedInput );
-      if( !tellsProblems_ )
-         return;
-      for( Problem const & problem : list ) {
+      if( tellsProblems_ )
          diagnose( name_ + ": packet " + std::to_string( packet.number ) + ", offset " +
-                   std::to_string( problem.offset ) + ": " + problem.text );
-      }
+                   std::to_string( offset ) + ": " + std::string( text ) );
    }
 
    void diagnose( std::string const & text ) {
@@ -121,7 +122,7 @@ class Decoder {
    std::unique_ptr< Printer > printer_;
    std::size_t finished_ = 0; ///< of what the printer has
    std::string name_;
-   Message message_;
+   LspPing::LspPingMessageReader reader_;
    int status_ = exitDone;
 };
 

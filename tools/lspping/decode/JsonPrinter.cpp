@@ -1,40 +1,19 @@
 #include "tools/lspping/decode/JsonPrinter.h"
 
-#include "MplsUtils/LspPing/framing/LspPingHdr.h"
-#include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
+#include "MplsUtils/LspPing/message/LspPingMessageRecords.h"
+#include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "tools/lspping/decode/Pieces.h"
 
 namespace LspPingTool {
 
-namespace {
-
-bool hasSubTlvs( Element const & element ) noexcept {
-   if( element.row == nullptr )
-      return false;
-   switch( element.row->body ) {
-   case Body::tlvs:
-   case Body::fecs:
-   case Body::ddmapSubTlvs:
-   case Body::stackChangeFec:
-   case Body::responderTlvs:
-   case Body::vendorTlvs:
-   case Body::opaqueValue:
-      return true;
-   default:
-      return false;
-   }
-}
-
-} // namespace
-
-void JsonPrinter::print( EchoPacket const & packet, Message const & message ) {
+void JsonPrinter::print( EchoPacket const & packet, LspPing::LspPingMessage const & message ) {
    json_.Reset( out_ );
    json_.StartObject();
    packetMembers( packet );
    writeKey( json_, "message" );
    header( message );
    writeKey( json_, "tlvs" );
-   elements( message, 0, message.elements.size() );
+   elements( message.elements() );
    writeKey( json_, "problems" );
    problems( packet, message );
    if( hasRecords_ ) {
@@ -80,99 +59,88 @@ void JsonPrinter::packetMembers( EchoPacket const & packet ) {
    json_.EndArray();
 }
 
-void JsonPrinter::header( Message const & message ) {
+void JsonPrinter::header( LspPing::LspPingMessage const & message ) {
    json_.StartObject();
-   if( message.hasHeader ) {
-      // The walk found the header's bytes, and the view has no alignment.
-      auto const & view = *reinterpret_cast< LspPing::LspPingHdr const * >( message.bytes.data() );
+   if( LspPing::LspPingHdr const * header = message.header() ) {
       Kiv::TypeRef const type = Kiv::typeOf< LspPing::LspPingHdr >();
       member( "type", type.name() );
       member( "offset", 0 );
-      member( "length", Message::headerLength );
+      member( "length", sizeof( *header ) );
       writeKey( json_, "valid" );
-      json_.Bool( message.isHeaderValid );
-      member( "text", view.stringValue() );
+      json_.Bool( header->valid() );
+      Orlo::String const text = header->stringValue();
+      member( "text", text );
       writeKey( json_, "attributes" );
-      writeAttributes( json_, type, &view );
+      writeAttributes( json_, type, header,
+                       { Kiv::attributeNamed( type, "stringValue" ).attribute, text } );
    } else {
       member( "offset", 0 );
-      member( "length", message.bytes.size() );
-      bytesMember( "hex", message.bytes );
+      member( "length", message.bytes().size() );
+      bytesMember( "hex", message.bytes() );
    }
    json_.EndObject();
 }
 
-void JsonPrinter::elements( Message const & message, std::size_t begin, std::size_t end ) {
+void JsonPrinter::elements( LspPing::LspPingElementRange elements ) {
    json_.StartArray();
-   for( std::size_t i = begin; i < end; i = message.elements[i].after )
-      element( message, i );
+   for( LspPing::LspPingElementRef const one : elements )
+      element( one );
    json_.EndArray();
 }
 
-void JsonPrinter::element( Message const & message, std::size_t index ) {
-   Element const & element = message.elements[index];
+void JsonPrinter::element( LspPing::LspPingElementRef element ) {
    json_.StartObject();
-   member( "code", element.code );
+   member( "code", element.code() );
    text_.clear();
-   appendCodeName( text_, element.context, element.code );
+   appendCodeName( text_, element );
    member( "name", text_.view() );
-   member( "offset", element.offset );
-   member( "length", element.length );
-   member( "totalLength", element.totalLength );
-   if( element.isViewed ) {
-      View const & view = *element.row->view;
-      Kiv::TypeRef const type( view.id );
+   member( "offset", element.offset() );
+   member( "length", element.length() );
+   member( "totalLength", element.totalLength() );
+   if( Kiv::TypeRef const type = element.type() ) {
       member( "type", type.name() );
       writeKey( json_, "valid" );
-      json_.Bool( element.isValid );
+      json_.Bool( element.isValid() );
+      ElementObject const object( element );
       text_.clear();
-      appendViewText( text_, message, element );
+      object.appendText( text_ );
       member( "text", text_.view() );
       writeKey( json_, "attributes" );
-      struct Target {
-         JsonWriter & json;
-         Kiv::TypeRef type;
-      } target{ json_, type };
-      view.visit(
-         message.at( element ), element.length,
-         []( void const * object, void * context ) {
-            Target const & to = *static_cast< Target * >( context );
-            writeAttributes( to.json, to.type, object );
-         },
-         &target );
-   }
-   if( element.isViewed && element.row->isNonIp ) {
-      writeKey( json_, "nonIp" );
-      json_.StartObject();
-      for( NamedNumber const & field : nonIpFields( message, element ) )
-         member( field.name, field.number );
-      json_.EndObject();
+      writeAttributes( json_, type, object.get(),
+                       { Kiv::attributeNamed( type, "stringValue" ).attribute, text_.view() } );
+      if( element.row()->isNonIp ) {
+         writeKey( json_, "nonIp" );
+         json_.StartObject();
+         for( NamedNumber const & field : nonIpFields( element ) )
+            member( field.name, field.number );
+         json_.EndObject();
+      }
    }
    if( showsBytes( element ) )
-      bytesMember( "hex", message.bytesOf( element ) );
-   if( element.hasMultipath )
-      multipath( message, element );
-   if( element.hasLabels )
-      labels( message, element );
-   if( hasSubTlvs( element ) ) {
+      bytesMember( "hex", element.bytes() );
+   if( element.hasMultipath() )
+      multipath( element );
+   if( element.hasLabels() )
+      labels( element );
+   if( element.isContainer() ) {
       writeKey( json_, "subTlvs" );
-      elements( message, index + 1, element.after );
+      elements( element.elements() );
    }
    json_.EndObject();
 }
 
-void JsonPrinter::labels( Message const & message, Element const & element ) {
+void JsonPrinter::labels( LspPing::LspPingElementRef element ) {
+   LspPing::LspPingLabels const labels = element.labels();
    writeKey( json_, "labels" );
    json_.StartArray();
-   for( U32 i = 0; i < element.labelCount; ++i ) {
-      Label const label =
-         labelAt( message.bytes.data() + element.labelsOffset + std::size_t{ 4 } * i );
+   for( std::size_t i = 0; i < labels.size(); ++i ) {
+      LspPing::LspPingLabel const label = labels[i];
       json_.StartObject();
       member( "label", label.label );
       member( "tc", label.trafficClass );
       writeKey( json_, "bos" );
-      json_.Bool( label.bottomOfStack );
-      if( hasProtocol( element ) ) {
+      json_.Bool( label.isBottomOfStack );
+      if( labels.hasProtocol() ) {
          text_.clear();
          appendProtocol( text_, label.last );
          member( "protocol", text_.view() );
@@ -184,35 +152,35 @@ void JsonPrinter::labels( Message const & message, Element const & element ) {
    json_.EndArray();
 }
 
-void JsonPrinter::multipath( Message const & message, Element const & element ) {
-   Multipath const multipath( message, element );
+void JsonPrinter::multipath( LspPing::LspPingElementRef element ) {
+   LspPing::LspPingMultipath const multipath = element.multipath();
    writeKey( json_, "multipath" );
    json_.StartObject();
    text_.clear();
-   appendMultipathType( text_, multipath.type() );
+   appendText( text_, multipath.type() );
    member( "type", text_.view() );
    if( multipath.isSet() ) {
-      if( multipath.type() == Multipath::maskedLabels )
+      if( multipath.isLabels() )
          member( "base", multipath.baseLabel() );
       else
-         addressMember( "base", multipath.base() );
+         addressMember( "base", multipath.baseAddress() );
       bytesMember( "mask", multipath.mask() );
-   } else if( multipath.type() == Multipath::addresses ) {
+   } else if( multipath.type() == LspPing::LspPingMultipathType::ipMultipath ) {
       writeKey( json_, "addresses" );
       json_.StartArray();
-      for( std::size_t i = 0; i < multipath.addressCount(); ++i ) {
+      for( LspPing::LspPingMultipath::Item const item : multipath ) {
          text_.clear();
-         appendAddress( text_, multipath.address( i ) );
+         appendText( text_, item.first );
          writeString( json_, text_.view() );
       }
       json_.EndArray();
-   } else if( multipath.type() == Multipath::ranges ) {
+   } else if( multipath.isList() ) {
       writeKey( json_, "ranges" );
       json_.StartArray();
-      for( std::size_t i = 0; i + 1 < multipath.addressCount(); i += 2 ) {
+      for( LspPing::LspPingMultipath::Item const item : multipath ) {
          json_.StartObject();
-         addressMember( "first", multipath.address( i ) );
-         addressMember( "last", multipath.address( i + 1 ) );
+         addressMember( "first", item.first );
+         addressMember( "last", item.last );
          json_.EndObject();
       }
       json_.EndArray();
@@ -222,7 +190,7 @@ void JsonPrinter::multipath( Message const & message, Element const & element ) 
    json_.EndObject();
 }
 
-void JsonPrinter::records( Message const & message ) {
+void JsonPrinter::records( LspPing::LspPingMessage const & message ) {
    auto const object = [this]< class Record >( std::string_view key,
                                                std::optional< Record > const & record ) {
       if( !record )
@@ -230,7 +198,7 @@ void JsonPrinter::records( Message const & message ) {
       writeKey( json_, key );
       writeAttributes( json_, Kiv::typeOf< Record >(), &*record );
    };
-   MessageRecords const records = recordsOf( message );
+   LspPing::LspPingMessageRecords const records( message );
    json_.StartObject();
    object( "fecStack", records.fecStack );
    object( "downstreamMappings", records.downstreamMappings );
@@ -239,10 +207,14 @@ void JsonPrinter::records( Message const & message ) {
    if( !records.leftOut.empty() ) {
       writeKey( json_, "leftOut" );
       json_.StartArray();
-      for( Problem const & leftOut : records.leftOut ) {
+      for( LspPing::LspPingLeftOut const & leftOut : records.leftOut ) {
+         text_.clear();
+         appendCodeName( text_, message.element( leftOut.element ) );
+         text_.append( ": " );
+         text_.append( leftOut.what );
          json_.StartObject();
          member( "offset", leftOut.offset );
-         member( "what", leftOut.text );
+         member( "what", text_.view() );
          json_.EndObject();
       }
       json_.EndArray();
@@ -250,17 +222,23 @@ void JsonPrinter::records( Message const & message ) {
    json_.EndObject();
 }
 
-void JsonPrinter::problems( EchoPacket const & packet, Message const & message ) {
+void JsonPrinter::problems( EchoPacket const & packet, LspPing::LspPingMessage const & message ) {
    json_.StartArray();
-   for( std::vector< Problem > const * list : { &packet.problems, &message.problems } ) {
-      for( Problem const & problem : *list ) {
-         json_.StartObject();
-         member( "offset", problem.offset );
-         member( "problem", problem.text );
-         if( problem.strayBytes != 0 )
-            bytesMember( "hex", message.bytesOf( problem ) );
-         json_.EndObject();
-      }
+   for( Problem const & problem : packet.problems ) {
+      json_.StartObject();
+      member( "offset", problem.offset );
+      member( "problem", problem.text );
+      json_.EndObject();
+   }
+   for( LspPing::LspPingProblem const & problem : message.problems() ) {
+      text_.clear();
+      message.appendText( text_, problem );
+      json_.StartObject();
+      member( "offset", problem.offset );
+      member( "problem", text_.view() );
+      if( problem.strayBytes != 0 )
+         bytesMember( "hex", message.strayBytes( problem ) );
+      json_.EndObject();
    }
    json_.EndArray();
 }
@@ -278,6 +256,12 @@ void JsonPrinter::member( std::string_view key, std::string_view text ) {
 void JsonPrinter::bytesMember( std::string_view key, std::span< U8 const > bytes ) {
    text_.clear();
    appendBytes( text_, bytes );
+   member( key, text_.view() );
+}
+
+void JsonPrinter::addressMember( std::string_view key, Velnet::IpGenAddr const & address ) {
+   text_.clear();
+   appendText( text_, address );
    member( key, text_.view() );
 }
 

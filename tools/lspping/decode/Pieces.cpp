@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
 #include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
+#include "tools/lspping/generic/AttributeText.h"
 
 #include <array>
 #include <chrono>
@@ -70,25 +71,47 @@ void appendBytes( Orlo::StringBuilder & out, std::span< U8 const > bytes ) {
    out.advanceTo( at );
 }
 
-void appendViewText( Orlo::StringBuilder & out, Message const & message, Element const & element ) {
-   element.row->view->appendText( out, message.at( element ), element.length );
+ElementObject::ElementObject( LspPing::LspPingElementRef element )
+   : element_( element ),
+     object_( element.view() ) {
+   if( object_ == nullptr ) {
+      element.padInto( pad_.emplace() );
+      object_ = &*pad_;
+   }
 }
 
-bool showsBytes( Element const & element ) noexcept {
-   if( element.isViewed )
-      return !element.isValid || element.row->isUnknownSelector || element.hidesBytes;
-   return element.row == nullptr || element.row->view != nullptr || element.row->body == Body::none;
+void ElementObject::appendText( Orlo::StringBuilder & out ) const {
+   if( pad_ )
+      out.append( pad_->stringValue() );
+   else if( !element_.appendText( out ) )
+      appendFields( out, element_.type(), Kiv::typeOf< LspPing::LspPingTlvHdr >(), object_ );
 }
 
-std::vector< NamedNumber > nonIpFields( Message const & message, Element const & element ) {
-   U8 const * const at = message.bytes.data() + element.offset;
+bool showsBytes( LspPing::LspPingElementRef element ) noexcept {
+   if( element.hidesBytes() )
+      return true;
+   if( element.isDescribed() )
+      return !element.isValid();
+   return element.row() == nullptr || element.row()->isDescribed() ||
+          element.row()->facts.behind == LspPing::LspPingBehind::nothing;
+}
+
+void appendCodeName( Orlo::StringBuilder & out, LspPing::LspPingElementRef element ) {
+   if( std::string_view const name = element.name(); !name.empty() )
+      out.append( name );
+   else
+      out.appendDecimal( element.code() );
+}
+
+std::vector< NamedNumber > nonIpFields( LspPing::LspPingElementRef element ) {
+   U8 const * const at = element.bytes().data();
    // The numbers have no alignment.
    auto const u32 = [at]( std::size_t offset ) {
       return reinterpret_cast< Velnet::NetU32 const * >( at + offset )->value();
    };
    U32 const length = reinterpret_cast< Velnet::NetU16 const * >( at + 18 )->value();
    std::vector< NamedNumber > fields{ { "ingressIfNum", u32( 8 ) }, { "egressIfNum", u32( 12 ) } };
-   if( element.row->body == Body::ddmapSubTlvs )
+   if( element.isContainer() )
       fields.insert( fields.end(),
                      { { "retCode", at[16] }, { "retSubcode", at[17] }, { "subTlvLen", length } } );
    else
@@ -98,40 +121,8 @@ std::vector< NamedNumber > nonIpFields( Message const & message, Element const &
    return fields;
 }
 
-Label labelAt( U8 const * bytes ) noexcept {
-   U32 const upper = U32{ bytes[0] } << 16 | U32{ bytes[1] } << 8 | bytes[2];
-   return { upper >> 4, static_cast< U8 >( upper >> 1 & 7 ), ( upper & 1 ) != 0, bytes[3] };
-}
-
-bool hasProtocol( Element const & element ) noexcept {
-   return element.row->body != Body::labelStack;
-}
-
 void appendProtocol( Orlo::StringBuilder & out, U8 protocol ) {
    appendText( out, static_cast< LspPing::LspPingDownstreamSignalingProtocol >( protocol ) );
-}
-
-U32 Multipath::baseLabel() const noexcept {
-   return U32{ bytes_[0] } << 24 | U32{ bytes_[1] } << 16 | U32{ bytes_[2] } << 8 | bytes_[3];
-}
-
-void Multipath::appendMember( Orlo::StringBuilder & out, std::size_t bit ) const {
-   if( type_ == maskedLabels ) {
-      out.appendDecimal( U64{ baseLabel() } + bit );
-      return;
-   }
-   std::array< U8, 16 > address;
-   std::memcpy( address.data(), bytes_.data(), addressSize_ );
-   std::size_t carry = bit;
-   for( std::size_t i = addressSize_; i-- > 0 && carry != 0; carry >>= 8 ) {
-      carry += address[i];
-      address[i] = static_cast< U8 >( carry );
-   }
-   appendAddress( out, std::span( address ).first( addressSize_ ) );
-}
-
-void appendMultipathType( Orlo::StringBuilder & out, U8 type ) {
-   appendText( out, static_cast< LspPing::LspPingMultipathType >( type ) );
 }
 
 } // namespace LspPingTool

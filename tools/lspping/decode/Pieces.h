@@ -1,10 +1,13 @@
 #pragma once
 
+#include "MplsUtils/LspPing/message/LspPingMessage.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 #include "MplsUtils/LspPing/platform/Velnet/Ip6Addr.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
-#include "tools/lspping/decode/Message.h"
+#include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
+#include "tools/lspping/capture/EchoPacket.h"
 
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -22,12 +25,28 @@ void appendAddress( Orlo::StringBuilder & out, std::span< U8 const > address );
 /// Two lower-case digits for each byte.
 void appendBytes( Orlo::StringBuilder & out, std::span< U8 const > bytes );
 
-/// The text of a view that is laid: what the library says, or the fields where it has no text.
-/// Empty for the views whose invalid text is empty.
-void appendViewText( Orlo::StringBuilder & out, Message const & message, Element const & element );
+/// The object that stands for an element's bytes: its view, or a copy of a Pad TLV.
+class ElementObject {
+ public:
+   /// The element must have a type.
+   explicit ElementObject( LspPing::LspPingElementRef element );
+
+   void const * get() const noexcept { return object_; }
+   /// The class's own text, or the fields where it has none. Empty for the classes whose text of an
+   /// invalid element is empty.
+   void appendText( Orlo::StringBuilder & out ) const;
+
+ private:
+   LspPing::LspPingElementRef element_;
+   void const * object_;
+   std::optional< LspPing::LspPingPadTlv > pad_;
+};
 
 /// Whether the element's bytes must be shown because nothing else says all that they say.
-bool showsBytes( Element const & element ) noexcept;
+bool showsBytes( LspPing::LspPingElementRef element ) noexcept;
+
+/// The name of the element's code, or else the number.
+void appendCodeName( Orlo::StringBuilder & out, LspPing::LspPingElementRef element );
 
 struct NamedNumber {
    std::string_view name;
@@ -35,67 +54,9 @@ struct NamedNumber {
 };
 /// The fixed part of a mapping of address type 5 behind what its view has, RFC 6426 section 2.1.1.
 /// The element must have that part.
-std::vector< NamedNumber > nonIpFields( Message const & message, Element const & element );
+std::vector< NamedNumber > nonIpFields( LspPing::LspPingElementRef element );
 
-/// A downstream label (RFC 8029 section 3.4.1.2) or a label stack entry (RFC 3032 section 2.1).
-struct Label {
-   U32 label;
-   U8 trafficClass;
-   bool bottomOfStack;
-   /// LspPingDownstreamSignalingProtocol, or the time to live.
-   U8 last;
-};
-Label labelAt( U8 const * bytes ) noexcept;
-/// Whether a signaling protocol stands behind the element's labels, and not a time to live.
-bool hasProtocol( Element const & element ) noexcept;
+/// A LspPingDownstreamSignalingProtocol by its name, or its number.
 void appendProtocol( Orlo::StringBuilder & out, U8 protocol );
-
-/// Multipath information, RFC 8029 section 3.4.1.1.1, as far as it is whole.
-class Multipath {
- public:
-   enum Type : U8 {
-      addresses = 2,
-      ranges = 4,
-      maskedAddresses = 8,
-      maskedLabels = 9,
-   };
-
-   Multipath( Message const & message, Element const & element ) noexcept
-      : bytes_( message.bytes.subspan( element.multipathOffset, element.multipathLength ) ),
-        type_( element.multipathType ),
-        addressSize_( element.multipathIsIpv6 && element.multipathType != maskedLabels ? 16 : 4 ) {}
-
-   U8 type() const noexcept { return type_; }
-   std::span< U8 const > bytes() const noexcept { return bytes_; }
-
-   /// Of the lists: a range is two addresses.
-   std::size_t addressCount() const noexcept { return bytes_.size() / addressSize_; }
-   std::span< U8 const > address( std::size_t i ) const noexcept {
-      return bytes_.subspan( i * addressSize_, addressSize_ );
-   }
-
-   /// Of the sets.
-   bool isSet() const noexcept {
-      return ( type_ == maskedAddresses || type_ == maskedLabels ) && bytes_.size() > addressSize_;
-   }
-   std::span< U8 const > base() const noexcept { return bytes_.first( addressSize_ ); }
-   U32 baseLabel() const noexcept;
-   std::span< U8 const > mask() const noexcept { return bytes_.subspan( addressSize_ ); }
-   bool contains( std::size_t bit ) const noexcept {
-      return ( bytes_[addressSize_ + bit / 8] >> ( 7 - bit % 8 ) & 1 ) != 0;
-   }
-   std::size_t bitCount() const noexcept { return 8 * ( bytes_.size() - addressSize_ ); }
-
-   /// Appends the base moved on by that many addresses or labels.
-   void appendMember( Orlo::StringBuilder & out, std::size_t bit ) const;
-
- private:
-   std::span< U8 const > bytes_;
-   U8 type_;
-   std::size_t addressSize_;
-};
-
-/// The multipath type's name, or its number.
-void appendMultipathType( Orlo::StringBuilder & out, U8 type );
 
 } // namespace LspPingTool

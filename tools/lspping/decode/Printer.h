@@ -1,6 +1,7 @@
 #pragma once
 
-#include "tools/lspping/decode/Message.h"
+#include "MplsUtils/LspPing/message/LspPingMessage.h"
+#include "tools/lspping/capture/EchoPacket.h"
 
 #include <string_view>
 
@@ -14,11 +15,17 @@ class Printer {
    Printer & operator=( Printer const & ) = delete;
    virtual ~Printer() = default;
 
-   virtual void print( EchoPacket const & packet, Message const & message ) = 0;
+   virtual void print( EchoPacket const & packet, LspPing::LspPingMessage const & message ) = 0;
 
    /// What was printed since the last `clear`; good until the printer is used again.
    virtual std::string_view pending() const = 0;
    virtual void clear() = 0;
+};
+
+/// Whether a printer shows the records, too.
+enum class ShowRecords : bool {
+   no,
+   yes,
 };
 
 } // namespace LspPingTool

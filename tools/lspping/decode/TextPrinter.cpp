@@ -1,6 +1,6 @@
 #include "tools/lspping/decode/TextPrinter.h"
 
-#include "MplsUtils/LspPing/framing/LspPingHdr.h"
+#include "MplsUtils/LspPing/message/LspPingMessageRecords.h"
 #include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 #include "tools/lspping/decode/Pieces.h"
@@ -18,44 +18,27 @@ void appendWithoutNamespace( Orlo::StringBuilder & out, std::string_view name ) 
    out.append( name.starts_with( prefix ) ? name.substr( prefix.size() ) : name );
 }
 
-// The runs of bits that are set, as first and last member.
-void appendSet( Orlo::StringBuilder & out, Multipath const & set ) {
-   std::string_view separator = " ";
-   std::size_t const count = set.bitCount();
-   for( std::size_t bit = 0; bit < count; ++bit ) {
-      if( !set.contains( bit ) )
-         continue;
-      std::size_t const first = bit;
-      while( bit + 1 < count && set.contains( bit + 1 ) )
-         ++bit;
-      out.append( separator );
-      separator = ", ";
-      set.appendMember( out, first );
-      if( bit != first ) {
-         out.append( '-' );
-         set.appendMember( out, bit );
-      }
-   }
-}
-
 } // namespace
 
-void TextPrinter::print( EchoPacket const & packet, Message const & message ) {
+void TextPrinter::print( EchoPacket const & packet, LspPing::LspPingMessage const & message ) {
    messageLine( packet, message );
-   for( Element const & element : message.elements )
-      elementLine( message, element );
+   for( U32 i = 0; i < message.elementCount(); ++i )
+      elementLine( message.element( i ) );
    if( hasRecords_ )
       recordLines( message );
    for( Problem const & problem : packet.problems )
-      problemLine( problem );
-   for( Problem const & problem : message.problems ) {
-      problemLine( problem );
+      problemLine( problem.offset, problem.text );
+   for( LspPing::LspPingProblem const & problem : message.problems() ) {
+      Orlo::StringBuilder text;
+      message.appendText( text, problem );
+      problemLine( problem.offset, text.view() );
       if( problem.strayBytes != 0 )
-         bytesLine( 2, message.bytesOf( problem ) );
+         bytesLine( 2, message.strayBytes( problem ) );
    }
 }
 
-void TextPrinter::messageLine( EchoPacket const & packet, Message const & message ) {
+void TextPrinter::messageLine( EchoPacket const & packet,
+                               LspPing::LspPingMessage const & message ) {
    colour( bold );
    out_.appendDecimal( packet.number );
    out_.append( ' ' );
@@ -87,13 +70,11 @@ void TextPrinter::messageLine( EchoPacket const & packet, Message const & messag
       out_.appendHex( static_cast< U16 >( *packet.channelType ), false );
       out_.append( ' ' );
    }
-   if( message.hasHeader ) {
-      // The walk found the header's bytes, and the view has no alignment.
-      out_.append(
-         reinterpret_cast< LspPing::LspPingHdr const * >( message.bytes.data() )->stringValue() );
+   if( LspPing::LspPingHdr const * header = message.header() ) {
+      out_.append( header->stringValue() );
    } else {
       out_.append( "no LspPingHdr( Bytes: " );
-      appendBytes( out_, message.bytes );
+      appendBytes( out_, message.bytes() );
       out_.append( " )" );
    }
    colour( plain );
@@ -113,38 +94,40 @@ void TextPrinter::endpoint( std::span< U8 const > address, std::optional< U16 > 
    }
 }
 
-void TextPrinter::elementLine( Message const & message, Element const & element ) {
-   indent( element.depth + 1u );
-   if( element.isViewed ) {
+void TextPrinter::elementLine( LspPing::LspPingElementRef element ) {
+   U32 const depth = element.depth();
+   indent( depth + 1 );
+   if( element.isDescribed() ) {
       std::size_t const before = out_.size();
-      appendViewText( out_, message, element );
+      if( !element.appendText( out_ ) )
+         ElementObject( element ).appendText( out_ );
       // A few views have no words for an invalid element.
       if( out_.size() == before ) {
          out_.append( "Invalid " );
-         appendWithoutNamespace( out_, Kiv::TypeRef( element.row->view->id ).name() );
+         appendWithoutNamespace( out_, element.type().name() );
       }
       out_.append( '\n' );
-      if( element.row->isNonIp )
-         nonIpLine( message, element );
+      if( element.row()->isNonIp )
+         nonIpLine( element );
       if( showsBytes( element ) )
-         bytesLine( element.depth + 2u, message.bytesOf( element ) );
+         bytesLine( depth + 2, element.bytes() );
    } else {
-      appendCodeName( out_, element.context, element.code );
+      appendCodeName( out_, element );
       if( showsBytes( element ) ) {
          out_.append( "( Code: " );
-         out_.appendDecimal( element.code );
+         out_.appendDecimal( element.code() );
          out_.append( ", Length: " );
-         out_.appendDecimal( element.length );
+         out_.appendDecimal( element.length() );
          out_.append( ", Bytes: " );
-         appendBytes( out_, message.bytesOf( element ) );
+         appendBytes( out_, element.bytes() );
          out_.append( " )" );
       }
       out_.append( '\n' );
    }
-   if( element.hasMultipath )
-      multipathLine( message, element );
-   if( element.hasLabels )
-      labelLines( message, element );
+   if( element.hasMultipath() )
+      multipathLine( element );
+   if( element.hasLabels() )
+      labelLines( element );
 }
 
 void TextPrinter::bytesLine( U32 level, std::span< U8 const > bytes ) {
@@ -154,10 +137,10 @@ void TextPrinter::bytesLine( U32 level, std::span< U8 const > bytes ) {
    out_.append( " )\n" );
 }
 
-void TextPrinter::nonIpLine( Message const & message, Element const & element ) {
+void TextPrinter::nonIpLine( LspPing::LspPingElementRef element ) {
    std::string_view separator = "NonIp( ";
-   indent( element.depth + 2u );
-   for( NamedNumber const & field : nonIpFields( message, element ) ) {
+   indent( element.depth() + 2 );
+   for( NamedNumber const & field : nonIpFields( element ) ) {
       out_.append( separator );
       separator = ", ";
       out_.append( field.name );
@@ -167,19 +150,34 @@ void TextPrinter::nonIpLine( Message const & message, Element const & element ) 
    out_.append( " )\n" );
 }
 
-void TextPrinter::multipathLine( Message const & message, Element const & element ) {
-   Multipath const multipath( message, element );
-   indent( element.depth + 2u );
+void TextPrinter::multipathLine( LspPing::LspPingElementRef element ) {
+   LspPing::LspPingMultipath const multipath = element.multipath();
+   indent( element.depth() + 2 );
    out_.append( "Multipath( " );
-   appendMultipathType( out_, multipath.type() );
+   appendText( out_, multipath.type() );
    out_.append( ":" );
-   if( multipath.isSet() ) {
-      appendSet( out_, multipath );
-   } else if( multipath.type() == Multipath::addresses || multipath.type() == Multipath::ranges ) {
-      bool const isRanges = multipath.type() == Multipath::ranges;
+   if( multipath.isList() ) {
+      bool const isRanges = multipath.type() == LspPing::LspPingMultipathType::ipRangeMultipath;
       for( std::size_t i = 0; i < multipath.addressCount(); ++i ) {
          out_.append( isRanges && i % 2 == 1 ? "-" : i == 0 ? " " : ", " );
-         appendAddress( out_, multipath.address( i ) );
+         appendText( out_, multipath.address( i ) );
+      }
+   } else if( multipath.isSet() ) {
+      std::string_view separator = " ";
+      for( LspPing::LspPingMultipath::Item const item : multipath ) {
+         out_.append( separator );
+         separator = ", ";
+         if( multipath.isLabels() )
+            out_.appendDecimal( item.firstLabel );
+         else
+            appendText( out_, item.first );
+         if( !item.isRange() )
+            continue;
+         out_.append( '-' );
+         if( multipath.isLabels() )
+            out_.appendDecimal( item.lastLabel );
+         else
+            appendText( out_, item.last );
       }
    } else {
       out_.append( ' ' );
@@ -188,17 +186,17 @@ void TextPrinter::multipathLine( Message const & message, Element const & elemen
    out_.append( " )\n" );
 }
 
-void TextPrinter::labelLines( Message const & message, Element const & element ) {
-   for( U32 i = 0; i < element.labelCount; ++i ) {
-      Label const label =
-         labelAt( message.bytes.data() + element.labelsOffset + std::size_t{ 4 } * i );
-      indent( element.depth + 2u );
+void TextPrinter::labelLines( LspPing::LspPingElementRef element ) {
+   LspPing::LspPingLabels const labels = element.labels();
+   for( std::size_t i = 0; i < labels.size(); ++i ) {
+      LspPing::LspPingLabel const label = labels[i];
+      indent( element.depth() + 2 );
       out_.append( "Label( " );
       out_.appendDecimal( label.label );
       out_.append( ", TC: " );
       out_.appendDecimal( label.trafficClass );
-      out_.append( label.bottomOfStack ? ", S: 1" : ", S: 0" );
-      if( hasProtocol( element ) ) {
+      out_.append( label.isBottomOfStack ? ", S: 1" : ", S: 0" );
+      if( labels.hasProtocol() ) {
          out_.append( ", Protocol: " );
          appendProtocol( out_, label.last );
       } else {
@@ -210,7 +208,7 @@ void TextPrinter::labelLines( Message const & message, Element const & element )
 }
 
 // Each in its generic text, which begins with its type.
-void TextPrinter::recordLines( Message const & message ) {
+void TextPrinter::recordLines( LspPing::LspPingMessage const & message ) {
    auto const line = [this]< class Record >( std::optional< Record > const & record ) {
       if( !record )
          return;
@@ -218,28 +216,30 @@ void TextPrinter::recordLines( Message const & message ) {
       KivOrlo::appendValue( out_, Kiv::typeOf< Record >(), &*record );
       out_.append( '\n' );
    };
-   MessageRecords const records = recordsOf( message );
+   LspPing::LspPingMessageRecords const records( message );
    line( records.fecStack );
    line( records.downstreamMappings );
    line( records.intfAndLabelStack );
    line( records.pad );
-   for( Problem const & leftOut : records.leftOut ) {
+   for( LspPing::LspPingLeftOut const & leftOut : records.leftOut ) {
       indent( 1 );
       out_.append( "not in the records: offset " );
       out_.appendDecimal( leftOut.offset );
       out_.append( ": " );
-      out_.append( leftOut.text );
+      appendCodeName( out_, message.element( leftOut.element ) );
+      out_.append( ": " );
+      out_.append( leftOut.what );
       out_.append( '\n' );
    }
 }
 
-void TextPrinter::problemLine( Problem const & problem ) {
+void TextPrinter::problemLine( std::size_t offset, std::string_view text ) {
    indent( 1 );
    colour( red );
    out_.append( "! offset " );
-   out_.appendDecimal( problem.offset );
+   out_.appendDecimal( offset );
    out_.append( ": " );
-   out_.append( problem.text );
+   out_.append( text );
    colour( plain );
    out_.append( '\n' );
 }

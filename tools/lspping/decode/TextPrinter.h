@@ -1,7 +1,6 @@
 #pragma once
 
 #include "tools/lspping/decode/Printer.h"
-#include "tools/lspping/decode/Records.h"
 
 namespace LspPingTool {
 
@@ -17,20 +16,20 @@ class TextPrinter final : public Printer {
       : hasColour_( colour == Colour::on ),
         hasRecords_( records == ShowRecords::yes ) {}
 
-   void print( EchoPacket const & packet, Message const & message ) override;
+   void print( EchoPacket const & packet, LspPing::LspPingMessage const & message ) override;
    std::string_view pending() const override { return out_.view(); }
    void clear() override { out_.clear(); }
 
  private:
-   void messageLine( EchoPacket const & packet, Message const & message );
+   void messageLine( EchoPacket const & packet, LspPing::LspPingMessage const & message );
    void endpoint( std::span< U8 const > address, std::optional< U16 > port );
-   void elementLine( Message const & message, Element const & element );
-   void labelLines( Message const & message, Element const & element );
+   void elementLine( LspPing::LspPingElementRef element );
+   void labelLines( LspPing::LspPingElementRef element );
    void bytesLine( U32 level, std::span< U8 const > bytes );
-   void nonIpLine( Message const & message, Element const & element );
-   void multipathLine( Message const & message, Element const & element );
-   void recordLines( Message const & message );
-   void problemLine( Problem const & problem );
+   void nonIpLine( LspPing::LspPingElementRef element );
+   void multipathLine( LspPing::LspPingElementRef element );
+   void recordLines( LspPing::LspPingMessage const & message );
+   void problemLine( std::size_t offset, std::string_view text );
    void indent( U32 level );
    void colour( std::string_view sequence );
 

@@ -51,14 +51,17 @@ void writeCollection( JsonWriter & json, Kiv::TypeRef declaring, Kiv::Attribute 
    json.EndObject();
 }
 
-void writeMembers( JsonWriter & json, Kiv::TypeRef type, void const * object ) {
+void writeMembers( JsonWriter & json, Kiv::TypeRef type, void const * object, KnownText known ) {
    if( Kiv::TypeRef const base = type.base() )
-      writeMembers( json, base, object );
+      writeMembers( json, base, object, known );
    for( Kiv::Attribute const & attribute : type.attributes() ) {
       if( !attribute.readable() )
          continue;
       writeKey( json, attribute.name() );
-      writeAttribute( json, type, attribute, object );
+      if( &attribute == known.attribute )
+         writeString( json, known.text );
+      else
+         writeAttribute( json, type, attribute, object );
    }
 }
 
@@ -209,9 +212,9 @@ void writeAttribute( JsonWriter & json, Kiv::TypeRef declaring, Kiv::Attribute c
    }
 }
 
-void writeAttributes( JsonWriter & json, Kiv::TypeRef type, void const * object ) {
+void writeAttributes( JsonWriter & json, Kiv::TypeRef type, void const * object, KnownText known ) {
    json.StartObject();
-   writeMembers( json, type, object );
+   writeMembers( json, type, object, known );
    json.EndObject();
 }
 

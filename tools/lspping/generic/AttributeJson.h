@@ -54,7 +54,14 @@ void writeValue( JsonWriter & json, Kiv::TypeRef type, void const * value );
 void writeAttribute( JsonWriter & json, Kiv::TypeRef declaring, Kiv::Attribute const & attribute,
                      void const * object );
 
+/// An attribute whose value, a text, is at hand already.
+struct KnownText {
+   Kiv::Attribute const * attribute = nullptr;
+   std::string_view text;
+};
+
 /// Writes an object of all readable attributes, the inherited ones first.
-void writeAttributes( JsonWriter & json, Kiv::TypeRef type, void const * object );
+void writeAttributes( JsonWriter & json, Kiv::TypeRef type, void const * object,
+                      KnownText known = {} );
 
 } // namespace LspPingTool

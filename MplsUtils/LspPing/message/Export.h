@@ -1,0 +1,4 @@
+#pragma once
+
+// What `libLspPingMessage.so` offers to others.
+#define LSPPING_MESSAGE_EXPORT __attribute__( ( visibility( "default" ) ) )

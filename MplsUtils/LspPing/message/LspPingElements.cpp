@@ -1,0 +1,285 @@
+#include "MplsUtils/LspPing/message/LspPingElements.h"
+
+#include "MplsUtils/LspPing/LspPingHdr.h"
+#include "MplsUtils/LspPing/LspPingTypes.h"
+#include "MplsUtils/LspPing/platform/Kiv/EnumType.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace LspPing {
+
+namespace {
+
+using Flaw = LspPingFlaw;
+using Code = LspPingProblemCode;
+
+// Whoever asks has checked that the view's bytes are there, and views have no alignment.
+template < class View >
+View const & laid( U8 const * element ) noexcept {
+   U32 const offset = View::element.isOverValue ? sizeof( LspPingTlvHdr ) : 0;
+   return *reinterpret_cast< View const * >( element + offset );
+}
+
+// The views that are laid over the value have containers that decide; they take what has enough
+// bytes for its address type.
+template < class View >
+bool validOf( U8 const * element, U32 length ) noexcept {
+   if constexpr( requires( View const & view ) { view.valid(); } )
+      return laid< View >( element ).valid();
+   else
+      return length >= View::element.leastLength;
+}
+
+// The Pad TLV's class holds a copy of the value; this asks the same of the bytes.
+bool padValid( U8 const * element, U32 length ) noexcept {
+   return length >= 1 && ( element[4] == static_cast< U8 >( LspPingPadType::dropPadding ) ||
+                           element[4] == static_cast< U8 >( LspPingPadType::copyPadding ) );
+}
+
+constexpr Flaw prefixFlaw( U32 bits, U32 longest ) noexcept {
+   return bits > longest ? Flaw{ Code::prefixTooLong, { bits, longest } } : Flaw{};
+}
+
+// What contradicts the RFC that defines the element. Most say no more than the view does.
+template < class View >
+Flaw flawIn( View const & view, bool isValid ) noexcept {
+   if constexpr( requires { view.prefixLen(); } ) {
+      if( Flaw const flaw = prefixFlaw( view.prefixLen(), 8 * sizeof( view.ipPrefix() ) ) )
+         return flaw;
+   }
+   return isValid ? Flaw{} : Flaw{ Code::notValid, {} };
+}
+
+// Another vendor's TLV is as good as any: only, nobody here can read it.
+Flaw flawIn( LspPingVeloraVendorPrivateTlv const &, bool ) noexcept {
+   return {};
+}
+
+// RFC 8029 section 3.2.9 has a place for more pseudowires than the view.
+Flaw flawIn( LspPingFec128Ipv4SubTlv const & fec, bool ) noexcept {
+   return fec.mbz() == 0 ? Flaw{} : Flaw{ Code::notZero, {} };
+}
+
+// Whether the identifiers fit is seen where they are walked. All types and lengths zero name
+// nothing.
+Flaw flawIn( LspPingFec129Ipv4SubTlv const & fec, bool ) noexcept {
+   static constexpr std::array< U8, 6 > nothing{};
+   U8 const * const identifiers = reinterpret_cast< U8 const * >( &fec ) + sizeof( fec );
+   return std::memcmp( identifiers, nothing.data(), nothing.size() ) == 0
+             ? Flaw{ Code::noIdentifiers, {} }
+             : Flaw{};
+}
+
+// The root's address, RFC 6425 section 3.1.2.1.
+Flaw flawIn( LspPingP2mpFecStackSubTlv const & fec, bool ) noexcept {
+   U32 const expected = fec.family() == 1 ? 4 : 16;
+   if( fec.family() != 1 && fec.family() != 2 )
+      return { Code::familyUnknown, { fec.family() } };
+   if( fec.addrLen() != expected )
+      return { Code::rootLengthWrong, { fec.addrLen(), expected } };
+   return {};
+}
+
+template < class View >
+Flaw flawOf( U8 const * element, U32 length ) noexcept {
+   return flawIn( laid< View >( element ), validOf< View >( element, length ) );
+}
+
+constexpr LspPingElement withCode( LspPingElement facts, std::size_t i ) noexcept {
+   facts.codes = { facts.codes[i] };
+   facts.codeCount = 1;
+   return facts;
+}
+
+template < class View >
+void appendTextOf( Orlo::StringBuilder & out, U8 const * element ) {
+   out.append( laid< View >( element ).stringValue() );
+}
+
+template < class View >
+constexpr LspPingElementRow rowOf( LspPingElement facts ) noexcept {
+   LspPingElementRow row{ facts, Kiv::typeIdOf< View > };
+   if constexpr( std::is_same_v< View, LspPingPadTlv > ) {
+      row.valid = &padValid;
+      row.flaw = []( U8 const * element, U32 length ) noexcept {
+         return padValid( element, length ) ? Flaw{} : Flaw{ Code::notValid, {} };
+      };
+   } else {
+      row.viewSize = sizeof( View );
+      row.readsValue = facts.behind == LspPingBehind::identifiers;
+      row.valid = &validOf< View >;
+      row.flaw = &flawOf< View >;
+      if constexpr( requires( View const & view ) { view.stringValue(); } )
+         row.appendText = &appendTextOf< View >;
+   }
+   return row;
+}
+
+constexpr LspPingElementRow unviewed( LspPingElement facts ) noexcept {
+   return { facts, {} };
+}
+
+Flaw ldpIpv6Flaw( U8 const * element, U32 ) noexcept {
+   return prefixFlaw( element[4 + sizeof( Velnet::Ip6Addr )], 128 );
+}
+
+// Two interface numbers of four bytes stand behind the header, and then all is as with IPv4.
+template < class Header >
+constexpr LspPingElementRow nonIp( LspPingBehind behind ) noexcept {
+   constexpr U8 nonIpAddrType = 5;
+   LspPingElementRow row = rowOf< Header >( Header::element.when( nonIpAddrType ) );
+   row.facts.leastLength = 16;
+   row.facts.behind = behind;
+   row.isNonIp = true;
+   return row;
+}
+
+// Elements that no class describes.
+constexpr auto unviewedRows = [] {
+   using Element = LspPingElement;
+   using Tlv = LspPingTlvType;
+   using Fec = LspPingTargetFecSubTlvType;
+   using Responder = LspPingP2mpRespTlvType;
+   LspPingElementRow ldpIpv6 = unviewed( Element::targetFec( Fec::LDPIpv6 ).length( 17 ) );
+   ldpIpv6.flaw = &ldpIpv6Flaw;
+   return std::to_array< LspPingElementRow >( {
+      unviewed( Element::tlv( Tlv::TargetFecStack ).followedBy( LspPingBehind::fecs ) ),
+      unviewed( Element::tlv( Tlv::VendorEnterpriseNum ).atLeast( 4 ) ),
+      unviewed( Element::tlv( Tlv::ErrorTlv ).followedBy( LspPingBehind::tlvs ) ),
+      unviewed( Element::tlv( Tlv::P2mpRespId ).followedBy( LspPingBehind::responderTlvs ) ),
+      nonIp< LspPingDownstreamMappingHdr >( LspPingBehind::mappingLabels ),
+      nonIp< LspPingDdmapHdr >( LspPingBehind::subTlvs ),
+      ldpIpv6,
+      unviewed( Element::targetFec( Fec::RSVPIpv6Lsp ).length( 56 ) ),
+      unviewed( Element::targetFec( Fec::L2VPNEndpoint ).length( 14 ) ),
+      unviewed( Element::ddmapSubTlv( LspPingDDMappingSubTlvType::LabelStack )
+                   .followedBy( LspPingBehind::protocolLabels ) ),
+      unviewed( Element::responderSubTlv( Responder::EgrAddr4 ).length( 4 ) ),
+      unviewed( Element::responderSubTlv( Responder::EgrAddr6 ).length( 16 ) ),
+      unviewed( Element::responderSubTlv( Responder::NodeAddr4 ).length( 4 ) ),
+      unviewed( Element::responderSubTlv( Responder::NodeAddr6 ).length( 16 ) ),
+   } );
+}();
+
+template < class T >
+constexpr std::size_t rowCount() noexcept {
+   if constexpr( requires { T::element; } )
+      return T::element.codeCount;
+   else
+      return 0;
+}
+
+// Rows that need more bytes to be theirs come first.
+constexpr bool comesBefore( LspPingElementRow const & a, LspPingElementRow const & b ) noexcept {
+   if( a.facts.context != b.facts.context )
+      return a.facts.context < b.facts.context;
+   if( a.code() != b.code() )
+      return a.code() < b.code();
+   return a.facts.selectorCount > b.facts.selectorCount;
+}
+
+template < class List >
+struct Rows;
+template < class... Ts >
+struct Rows< Kiv::TypeList< Ts... > > {
+   static constexpr std::size_t size = ( rowCount< Ts >() + ... + unviewedRows.size() );
+
+   static constexpr auto sorted() noexcept {
+      std::array< LspPingElementRow, size > rows{};
+      std::size_t count = 0;
+      // A place is found while a row is added: std::stable_sort cannot run while compiling.
+      auto const add = [&]( LspPingElementRow row ) {
+         std::size_t at = count++;
+         for( ; at > 0 && comesBefore( row, rows[at - 1] ); --at )
+            rows[at] = rows[at - 1];
+         rows[at] = row;
+      };
+      auto const addClass = [&]< class T >( Kiv::Of< T > ) {
+         if constexpr( rowCount< T >() > 0 ) {
+            for( std::size_t i = 0; i < T::element.codeCount; ++i )
+               add( rowOf< T >( withCode( T::element, i ) ) );
+         }
+      };
+      ( addClass( Kiv::Of< Ts >{} ), ... );
+      for( LspPingElementRow const & row : unviewedRows )
+         add( row );
+      return rows;
+   }
+};
+
+constexpr auto rows = Rows< LspPingHdrTypes >::sorted();
+
+// Where the rows of a code begin: nearly all codes are small, and those of a context lie together.
+constexpr std::size_t smallCodes = 64;
+constexpr std::size_t noRow = rows.size();
+static_assert( noRow <= 0xff );
+constexpr auto smallCodeRows = [] {
+   std::array< std::array< U8, smallCodes >, lspPingContextCount > first{};
+   for( auto & codes : first )
+      codes.fill( noRow );
+   for( std::size_t i = rows.size(); i-- > 0; ) {
+      if( rows[i].code() < smallCodes )
+         first[static_cast< std::size_t >( rows[i].facts.context )][rows[i].code()] =
+            static_cast< U8 >( i );
+   }
+   return first;
+}();
+
+LspPingElementRow const * firstRow( LspPingContext context, U32 code ) noexcept {
+   if( code < smallCodes )
+      return rows.data() + smallCodeRows[static_cast< std::size_t >( context )][code];
+   return std::find_if( rows.begin(), rows.end(), [&]( LspPingElementRow const & row ) {
+      return row.code() == code && row.facts.context == context;
+   } );
+}
+
+// A row that others of its code come before. It is taken instead of one that its bytes select but
+// are too few for, if it says nothing of the selecting byte.
+bool isFallback( LspPingElementRow const & row ) noexcept {
+   return row.facts.selectorCount == 0 && row.facts.chooser == 0;
+}
+
+} // namespace
+
+LspPingElementRow const * elementOf( LspPingContext context, U32 code,
+                                     std::span< U8 const > bytes ) noexcept {
+   LspPingElementRow const * const end = rows.data() + rows.size();
+   LspPingElementRow const * row = firstRow( context, code );
+   LspPingElementRow const * selected = nullptr;
+   for( ; row != end && row->facts.context == context && row->code() == code; ++row ) {
+      if( selected != nullptr )
+         return isFallback( *row ) ? row : selected;
+      if( !row->facts.isSelectedBy( bytes ) )
+         continue;
+      if( row->facts.selectorCount == 0 || bytes.size() >= row->fixedSize() )
+         return row;
+      selected = row;
+   }
+   return selected;
+}
+
+std::span< LspPingElementRow const > lspPingElements() noexcept {
+   return rows;
+}
+
+std::string_view lspPingCodeName( LspPingContext context, U32 code ) noexcept {
+   switch( context ) {
+   case LspPingContext::message:
+      return Kiv::enumType< LspPingTlvType >.name( code );
+   case LspPingContext::targetFec:
+      return Kiv::enumType< LspPingTargetFecSubTlvType >.name( code );
+   case LspPingContext::ddmap:
+      return Kiv::enumType< LspPingDDMappingSubTlvType >.name( code );
+   case LspPingContext::p2mpResponder:
+      return Kiv::enumType< LspPingP2mpRespTlvType >.name( code );
+   case LspPingContext::vendorPrivate:
+      return Kiv::enumType< LspPingVeloraVendorPrivateType >.name( code );
+   case LspPingContext::opaqueValue:
+      return Kiv::enumType< LspPingP2mpFecStackSubTlvType >.name( code );
+   }
+   return {};
+}
+
+} // namespace LspPing

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "MplsUtils/LspPing/message/Export.h"
+#include "MplsUtils/LspPing/message/LspPingProblem.h"
+#include "MplsUtils/LspPing/platform/Kiv/TypeId.h"
+#include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+#include "MplsUtils/LspPing/types/LspPingElement.h"
+
+#include <span>
+#include <string_view>
+
+namespace LspPing {
+
+/// An element that can stand in a message, as the table has it: its facts, which stand beside its
+/// class, and the view. Elements with several codes have a row for each.
+struct LspPingElementRow {
+   /// With one code, the row's.
+   LspPingElement facts;
+   /// None where no class describes the element.
+   Kiv::TypeId type;
+   /// Bytes of the view; 0 without one, and for the Pad TLV, whose class holds a copy of the value.
+   U16 viewSize = 0;
+   /// The view's operations take all that the length covers, not only the view's own size.
+   bool readsValue = false;
+   /// Address type 5 (RFC 6426 section 2.1.1): the fixed part numbers interfaces, and the view
+   /// ends before them.
+   bool isNonIp = false;
+
+   // Both take the element's first byte and its length; as many bytes are there as `viewSize` and
+   // `facts.leastLength` ask for.
+   bool ( *valid )( U8 const * element, U32 length ) = nullptr;
+   /// What contradicts an RFC although the length is right. The view's `valid` is not asked where
+   /// it looks at less than the RFC does, or at more.
+   LspPingFlaw ( *flaw )( U8 const * element, U32 length ) = nullptr;
+   /// The view's own text; null where it has none.
+   void ( *appendText )( Orlo::StringBuilder & out, U8 const * element ) = nullptr;
+
+   constexpr U16 code() const noexcept { return facts.code(); }
+   constexpr U32 headerSize() const noexcept { return lspPingHeaderSize( facts.context ); }
+   constexpr bool isDescribed() const noexcept { return valid != nullptr; }
+   constexpr U32 viewOffset() const noexcept { return facts.isOverValue ? headerSize() : 0; }
+   /// Up to what stands behind the fixed part, counted from the element's first byte.
+   constexpr U32 fixedSize() const noexcept { return headerSize() + facts.leastLength; }
+};
+
+/// The row of an element, null for one that is not known. `bytes` are those of the element that
+/// are there, header first: where a selecting byte is missing, the row that needs none is taken.
+LSPPING_MESSAGE_EXPORT LspPingElementRow const * elementOf( LspPingContext context, U32 code,
+                                                            std::span< U8 const > bytes ) noexcept;
+
+/// All rows: by context and code, those with selectors first.
+LSPPING_MESSAGE_EXPORT std::span< LspPingElementRow const > lspPingElements() noexcept;
+
+/// The enumerator's name of a code, empty where it has none.
+LSPPING_MESSAGE_EXPORT std::string_view lspPingCodeName( LspPingContext context,
+                                                         U32 code ) noexcept;
+
+} // namespace LspPing

@@ -1,0 +1,281 @@
+#pragma once
+
+#include "MplsUtils/LspPing/framing/LspPingHdr.h"
+#include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
+#include "MplsUtils/LspPing/message/Export.h"
+#include "MplsUtils/LspPing/message/LspPingElements.h"
+#include "MplsUtils/LspPing/message/LspPingMultipath.h"
+#include "MplsUtils/LspPing/message/LspPingProblem.h"
+#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace LspPing {
+
+class LspPingElementRange;
+class LspPingMessage;
+class LspPingPadTlv;
+
+/// A downstream label (RFC 8029 section 3.4.1.2) or a label stack entry (RFC 3032 section 2.1).
+struct LspPingLabel {
+   U32 label;
+   U8 trafficClass;
+   bool isBottomOfStack;
+   /// LspPingDownstreamSignalingProtocol, or the time to live.
+   U8 last;
+};
+
+/// The labels that stand in an element. The bytes stay the message's.
+class LspPingLabels {
+ public:
+   LspPingLabels() noexcept = default;
+   LspPingLabels( std::span< U8 const > bytes, bool hasProtocol ) noexcept
+      : bytes_( bytes ),
+        hasProtocol_( hasProtocol ) {}
+
+   std::size_t size() const noexcept { return bytes_.size() / 4; }
+   std::span< U8 const > bytes() const noexcept { return bytes_; }
+   /// Whether a signaling protocol stands behind each label, and not a time to live.
+   bool hasProtocol() const noexcept { return hasProtocol_; }
+   LspPingLabel operator[]( std::size_t i ) const noexcept {
+      U8 const * const at = bytes_.data() + 4 * i;
+      U32 const upper = U32{ at[0] } << 16 | U32{ at[1] } << 8 | at[2];
+      return { upper >> 4, static_cast< U8 >( upper >> 1 & 7 ), ( upper & 1 ) != 0, at[3] };
+   }
+
+ private:
+   std::span< U8 const > bytes_;
+   bool hasProtocol_ = false;
+};
+
+/// A TLV, a sub-TLV, a FEC or an opaque value of a message that was read: a handle, to be passed
+/// by value, good as long as the message. All offsets count from the message's first byte.
+class LSPPING_MESSAGE_EXPORT LspPingElementRef {
+ public:
+   LspPingContext context() const noexcept { return data().context; }
+   U32 code() const noexcept { return data().code; }
+   /// The enumerator's name of the code, empty where it has none.
+   std::string_view name() const noexcept { return lspPingCodeName( context(), code() ); }
+   U32 offset() const noexcept { return data().offset; }
+   /// Of the value, as the element says.
+   U32 length() const noexcept { return data().length; }
+   /// With header and padding, not cut to 16 bits.
+   U32 totalLength() const noexcept { return data().totalLength; }
+   /// How deep it stands: 0 in the message itself.
+   U32 depth() const noexcept { return data().depth; }
+   /// Which of the message's elements it is.
+   U32 index() const noexcept;
+
+   /// Header and value as far as they are there, without padding.
+   std::span< U8 const > bytes() const noexcept;
+   std::span< U8 const > value() const noexcept {
+      return bytes().subspan( lspPingHeaderSize( context() ) );
+   }
+   /// Header, value and the padding that is there. Where a view covers padding that is missing,
+   /// zeros stand for it.
+   std::span< U8 const > paddedBytes() const noexcept;
+   /// Header and value are all there.
+   bool isWhole() const noexcept {
+      return data().present == lspPingHeaderSize( context() ) + length();
+   }
+
+   /// What the table of elements says; null for a code that nobody knows.
+   LspPingElementRow const * row() const noexcept { return data().row; }
+   /// The class that describes the element; none where there is none or its bytes are missing.
+   Kiv::TypeRef type() const noexcept {
+      return data().isViewed ? Kiv::TypeRef( data().row->type ) : Kiv::TypeRef();
+   }
+   /// Whether it has a type().
+   bool isDescribed() const noexcept { return data().isViewed; }
+   /// What the class says of itself: false without one.
+   bool isValid() const noexcept { return data().isValid; }
+   /// Bytes of it are shown neither by its class nor by what it contains.
+   bool hidesBytes() const noexcept { return data().hidesBytes; }
+
+   /// The view, where it describes this element and lies there whole; null otherwise. A base of
+   /// the view will do, such as LspPingDdmapHdr for a mapping of any address type.
+   template < class View >
+   View const * as() const noexcept {
+      static_assert( Kiv::isWireView< View, sizeof( View ) > );
+      if constexpr( std::is_same_v< View, LspPingTlvHdr > )
+         return context() != LspPingContext::opaqueValue
+                   ? reinterpret_cast< View const * >( bytes().data() )
+                   : nullptr;
+      else
+         return static_cast< View const * >( viewAs( Kiv::typeOf< View >() ) );
+   }
+   /// The object of `type()`: the view, or null for the Pad TLV, which `padInto` copies.
+   void const * view() const noexcept;
+   /// Appends the view's own text, such as "LdpIpv4( '10.1.2.0/24' )". False where there is no view
+   /// or it has no text.
+   bool appendText( Orlo::StringBuilder & out ) const;
+   /// Of a Pad TLV with a type() only.
+   void padInto( LspPingPadTlv & pad ) const;
+
+   /// What stands in it, in the order of the bytes.
+   LspPingElementRange elements() const noexcept;
+   /// Whether it is one that other elements stand in, be there any or none.
+   bool isContainer() const noexcept { return data().isContainer; }
+
+   bool hasMultipath() const noexcept { return data().hasMultipath; }
+   LspPingMultipath multipath() const noexcept;
+   bool hasLabels() const noexcept { return data().hasLabels; }
+   LspPingLabels labels() const noexcept;
+
+ private:
+   friend class LspPingMessage;
+   friend class LspPingElementRange;
+   friend class LspPingWalk;
+   struct Data {
+      LspPingElementRow const * row = nullptr;
+      U32 offset = 0;
+      U32 length = 0;
+      U32 totalLength = 0;
+      U32 code = 0;
+      // Of header and value; with the padding that is there.
+      U32 present = 0;
+      U32 occupied = 0;
+      // Its descendants are the elements from the next one up to here.
+      U32 after = 0;
+      // Where a zero-padded copy begins for a view that takes padding which is not there.
+      U32 copy = 0;
+      U32 multipathOffset = 0;
+      U32 multipathLength = 0;
+      U32 labelsOffset = 0;
+      U32 labelsLength = 0;
+      LspPingContext context = LspPingContext::message;
+      U8 depth = 0;
+      U8 multipathType = 0;
+      bool isViewed = false;
+      bool isValid = false;
+      bool isCopied = false;
+      bool hidesBytes = false;
+      bool isContainer = false;
+      bool isMappingIpv6 = false;
+      bool hasMultipath = false;
+      bool hasLabels = false;
+   };
+
+   LspPingElementRef( LspPingMessage const & message, Data const * data ) noexcept
+      : message_( &message ),
+        data_( data ) {}
+   Data const & data() const noexcept { return *data_; }
+   U8 const * at() const noexcept;
+   void const * viewAs( Kiv::TypeRef wanted ) const noexcept;
+
+   LspPingMessage const * message_;
+   Data const * data_;
+};
+
+/// Elements that stand beside each other, for range-for.
+class LspPingElementRange {
+   using Data = LspPingElementRef::Data;
+
+ public:
+   class Iterator {
+    public:
+      LspPingElementRef operator*() const noexcept { return { *message_, data_ }; }
+      Iterator & operator++() noexcept;
+      friend bool operator==( Iterator const & a, Iterator const & b ) noexcept {
+         return a.data_ == b.data_;
+      }
+
+    private:
+      friend class LspPingElementRange;
+      Iterator( LspPingMessage const * message, Data const * data ) noexcept
+         : message_( message ),
+           data_( data ) {}
+      LspPingMessage const * message_;
+      Data const * data_;
+   };
+
+   Iterator begin() const noexcept { return { message_, begin_ }; }
+   Iterator end() const noexcept { return { message_, end_ }; }
+   bool empty() const noexcept { return begin_ == end_; }
+
+ private:
+   friend class LspPingElementRef;
+   friend class LspPingMessage;
+   LspPingElementRange( LspPingMessage const & message, Data const * begin,
+                        Data const * end ) noexcept
+      : message_( &message ),
+        begin_( begin ),
+        end_( end ) {}
+
+   LspPingMessage const * message_;
+   Data const * begin_;
+   Data const * end_;
+};
+
+/// What a reader found in the bytes of a message. It owns none of them and is good as long as they
+/// are, and until its reader reads again.
+class LSPPING_MESSAGE_EXPORT LspPingMessage {
+ public:
+   LspPingMessage() noexcept = default;
+   LspPingMessage( LspPingMessage const & ) = delete;
+   LspPingMessage & operator=( LspPingMessage const & ) = delete;
+   ~LspPingMessage() = default;
+
+   std::span< U8 const > bytes() const noexcept { return bytes_; }
+   /// Null when 32 bytes are not there. Whether it is valid, the header says.
+   LspPingHdr const * header() const noexcept {
+      // The bytes are there, and the view has no alignment.
+      return bytes_.size() >= sizeof( LspPingHdr )
+                ? reinterpret_cast< LspPingHdr const * >( bytes_.data() )
+                : nullptr;
+   }
+
+   /// The top-level TLVs, in the order of the bytes.
+   LspPingElementRange elements() const noexcept {
+      return { *this, elements_.data(), elements_.data() + elements_.size() };
+   }
+   /// All elements, each in front of what it contains.
+   U32 elementCount() const noexcept { return static_cast< U32 >( elements_.size() ); }
+   LspPingElementRef element( U32 index ) const noexcept {
+      return { *this, elements_.data() + index };
+   }
+
+   /// What is wrong with the message, in the order in which it was found. Empty for a well-formed
+   /// one: what only nobody here knows is no problem.
+   std::span< LspPingProblem const > problems() const noexcept { return problems_; }
+   /// The bytes that the problem speaks of and that are part of nothing else.
+   std::span< U8 const > strayBytes( LspPingProblem const & problem ) const noexcept {
+      return bytes_.subspan( problem.offset, problem.strayBytes );
+   }
+   /// Says the problem in words, such as "NilFec: length 8 needs 12 bytes, had 8".
+   void appendText( Orlo::StringBuilder & out, LspPingProblem const & problem ) const;
+
+ private:
+   friend class LspPingElementRef;
+   friend class LspPingElementRange::Iterator;
+   friend class LspPingMessageReader;
+   friend class LspPingWalk;
+
+   std::span< U8 const > bytes_;
+   std::vector< LspPingElementRef::Data > elements_;
+   std::vector< LspPingProblem > problems_;
+   std::vector< U8 > copies_;
+};
+
+inline U32 LspPingElementRef::index() const noexcept {
+   return static_cast< U32 >( data_ - message_->elements_.data() );
+}
+inline U8 const * LspPingElementRef::at() const noexcept {
+   Data const & own = data();
+   return own.isCopied ? message_->copies_.data() + own.copy : message_->bytes_.data() + own.offset;
+}
+inline std::span< U8 const > LspPingElementRef::bytes() const noexcept {
+   return message_->bytes_.subspan( data().offset, data().present );
+}
+inline LspPingElementRange LspPingElementRef::elements() const noexcept {
+   return { *message_, data_ + 1, message_->elements_.data() + data().after };
+}
+inline LspPingElementRange::Iterator & LspPingElementRange::Iterator::operator++() noexcept {
+   data_ = message_->elements_.data() + data_->after;
+   return *this;
+}
+
+} // namespace LspPing

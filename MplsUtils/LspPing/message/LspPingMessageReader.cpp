@@ -1,0 +1,497 @@
+#include "MplsUtils/LspPing/message/LspPingMessageReader.h"
+
+#include "MplsUtils/LspPing/platform/Kiv/OutOfMemory.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace LspPing {
+
+namespace {
+
+constexpr U32 roundedUp( U32 length ) noexcept {
+   return ( length + 3 ) & ~U32{ 3 };
+}
+
+constexpr U32 headerLength = sizeof( LspPingHdr );
+constexpr U32 beyondAll = 0xffffffff;
+
+// A piece of the message: both ends count from the message's first byte.
+struct Region {
+   U32 begin;
+   U32 end;
+   // There should be more behind its end.
+   bool isCut = false;
+
+   U32 size() const noexcept { return end - begin; }
+};
+
+// The steps of a walk: aligned as they should be, or where that does not come out and the other
+// does, without any alignment.
+enum class Alignment : U8 {
+   four,
+   none,
+};
+
+} // namespace
+
+// Carries the bytes that are left and compares by subtraction, so that no length can lead out of
+// them.
+class LspPingWalk {
+ public:
+   LspPingWalk( LspPingMessageEnd end, LspPingMessage & message ) noexcept
+      : message_( message ),
+        bytes_( message.bytes_ ),
+        padding_( static_cast< U32 >( end.possiblePadding ) ),
+        isCut_( end.isCut ) {}
+
+   void message();
+
+ private:
+   using Data = LspPingElementRef::Data;
+   using Code = LspPingProblemCode;
+
+   void header();
+   bool comesOut( LspPingContext context, Region region, Alignment alignment ) const noexcept;
+   void elements( LspPingContext context, Region region, U32 depth );
+   U32 element( LspPingContext context, Region region, U32 depth, Alignment alignment );
+   void view( U32 index );
+   void judge( U32 index );
+   bool lengthFits( U32 index );
+   void body( U32 index );
+   void contents( U32 index, LspPingContext context, Region region );
+   void subTlvs( U32 index, Region region );
+   void stackChangeFec( U32 index, Region region );
+   void opaqueValues( U32 index, Region region );
+   void identifiers( U32 index, Region region );
+   U32 multipath( U32 index, Region region, U8 type, U32 length );
+   void labels( U32 index, Region region );
+   void leftOver( U32 index, Region region );
+   bool isZero( Region region ) noexcept;
+
+   U8 byte( U32 offset ) const noexcept { return bytes_[offset]; }
+   U32 word( U32 offset ) const noexcept {
+      return U32{ bytes_[offset] } << 8 | U32{ bytes_[offset + 1] };
+   }
+   Data & at( U32 index ) noexcept { return message_.elements_[index]; }
+
+   void problem( Code code, U32 offset, std::array< U32, 3 > numbers = {},
+                 U32 element = LspPingProblem::noElement, U32 strayBytes = 0 ) {
+      message_.problems_.push_back( { { code, numbers }, offset, element, strayBytes } );
+   }
+   // About an element, at its own offset.
+   void problemOf( U32 index, Code code, std::array< U32, 3 > numbers = {} ) {
+      problem( code, at( index ).offset, numbers, index );
+   }
+
+   LspPingMessage & message_;
+   std::span< U8 const > bytes_;
+   U32 padding_;
+   bool isCut_;
+   // The bytes from the first to before the second are zero.
+   U32 zerosBegin_ = 0;
+   U32 zerosEnd_ = 0;
+   // Of the mapping that the walk is in, or was in last.
+   bool isMappingIpv6_ = false;
+};
+
+void LspPingWalk::message() {
+   U32 const size = static_cast< U32 >( bytes_.size() );
+   header();
+   if( size <= headerLength )
+      return;
+   Region const tlvs{ headerLength, size, isCut_ };
+   // Behind the header of another version, only what looks like TLVs to its end is taken for them.
+   U32 const version = message_.header()->version();
+   if( version != 1 && version != 2 &&
+       !comesOut( LspPingContext::message, tlvs, Alignment::four ) ) {
+      problem( Code::noTlvs, headerLength, { tlvs.size() }, LspPingProblem::noElement,
+               tlvs.size() );
+      return;
+   }
+   elements( LspPingContext::message, tlvs, 0 );
+}
+
+void LspPingWalk::header() {
+   LspPingHdr const * const header = message_.header();
+   if( header == nullptr )
+      problem( Code::headerCut, 0, { headerLength, static_cast< U32 >( bytes_.size() ) } );
+   else if( !header->valid() )
+      problem( Code::headerInvalid, 0, { header->version(), header->messageType() } );
+   else if( header->version() != 1 )
+      problem( Code::versionUnknown, 0, { header->version(), 1 } );
+}
+
+// The last element's padding may be missing.
+bool LspPingWalk::comesOut( LspPingContext context, Region region,
+                            Alignment alignment ) const noexcept {
+   U32 const header = lspPingHeaderSize( context );
+   while( region.begin < region.end ) {
+      if( context == LspPingContext::message && region.size() <= padding_ &&
+          region.end == bytes_.size() )
+         return true;
+      if( region.size() < header )
+         return false;
+      U32 const length = word( region.begin + header - 2 );
+      if( length > region.size() - header )
+         return false;
+      U32 const step = header + ( alignment == Alignment::four ? roundedUp( length ) : length );
+      if( step >= region.size() )
+         return true;
+      region.begin += step;
+   }
+   return true;
+}
+
+void LspPingWalk::elements( LspPingContext context, Region region, U32 depth ) {
+   if( depth > LspPingMessageReader::deepest ) {
+      problem( Code::tooDeep, region.begin, {}, LspPingProblem::noElement, region.size() );
+      return;
+   }
+   U32 const header = lspPingHeaderSize( context );
+   bool const isTlv = context == LspPingContext::message;
+   bool const isOpaque = context == LspPingContext::opaqueValue;
+   Alignment alignment = Alignment::four;
+   // Opaque values follow each other without padding, RFC 6388 section 2.3.
+   if( isOpaque ) {
+      alignment = Alignment::none;
+   } else if( !region.isCut && !comesOut( context, region, Alignment::four ) &&
+              comesOut( context, region, Alignment::none ) ) {
+      alignment = Alignment::none;
+      problem( isTlv ? Code::tlvsNotAligned : Code::subTlvsNotAligned, region.begin );
+   }
+   while( region.begin < region.end ) {
+      U32 const left = region.size();
+      if( isTlv && region.end == bytes_.size() && left <= padding_ )
+         return;
+      if( left < header ) {
+         problem( isTlv      ? Code::leftOverBehindTlv
+                  : isOpaque ? Code::leftOverBehindOpaqueValue
+                             : Code::leftOverBehindSubTlv,
+                  region.begin, { left, header }, LspPingProblem::noElement, left );
+         return;
+      }
+      if( byte( region.begin ) == 0 && word( region.begin + header - 2 ) == 0 &&
+          isZero( region ) ) {
+         problem( isTlv      ? Code::zerosBehindTlv
+                  : isOpaque ? Code::zerosBehindOpaqueValue
+                             : Code::zerosBehindSubTlv,
+                  region.begin, { left } );
+         return;
+      }
+      U32 const step = element( context, region, depth, alignment );
+      if( step >= left )
+         return;
+      region.begin += step;
+   }
+}
+
+// One element at the region's begin, where its header is there. The answer is how far the next one
+// is away; never nothing.
+U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alignment alignment ) {
+   U32 const header = lspPingHeaderSize( context );
+   U32 const left = region.size();
+   U32 const index = message_.elementCount();
+   Data & element = message_.elements_.emplace_back();
+   element.context = context;
+   element.depth = static_cast< U8 >( depth );
+   element.offset = region.begin;
+   element.code = header == 3 ? U32{ byte( region.begin ) } : word( region.begin );
+   element.length = word( region.begin + header - 2 );
+   // The header of three bytes is counted before the rounding.
+   element.totalLength = roundedUp( header + element.length );
+   element.present = std::min( header + element.length, left );
+   element.occupied =
+      alignment == Alignment::none ? element.present : std::min( left, element.totalLength );
+   element.row =
+      elementOf( context, element.code, bytes_.subspan( element.offset, element.present ) );
+
+   bool const isCut = element.length > left - header;
+   if( isCut )
+      problemOf( index, Code::lengthBeyond, { element.length, header + element.length, left } );
+   view( index );
+   body( index );
+   Data & done = at( index );
+   done.after = message_.elementCount();
+   if( isCut )
+      return beyondAll;
+   if( alignment == Alignment::none )
+      return header + done.length;
+   if( done.totalLength > left )
+      problemOf( index, Code::paddingMissing, { done.totalLength - left } );
+   return done.totalLength;
+}
+
+// Lays the row's view over the element if its bytes are there, in place or as a copy with padding.
+void LspPingWalk::view( U32 index ) {
+   Data & element = at( index );
+   if( element.row == nullptr )
+      return;
+   LspPingElementRow const & row = *element.row;
+   if( element.length < row.facts.leastLength ) {
+      problemOf( index, Code::tooShort, { element.length, row.facts.leastLength } );
+      return;
+   }
+   if( element.present < ( row.readsValue ? row.headerSize() + element.length : row.fixedSize() ) )
+      return;
+   if( row.isDescribed() ) {
+      if( U32 const size = row.viewOffset() + row.viewSize; size > element.occupied ) {
+         element.isCopied = true;
+         element.copy = static_cast< U32 >( message_.copies_.size() );
+         message_.copies_.resize( message_.copies_.size() + size );
+         std::memcpy( message_.copies_.data() + element.copy, bytes_.data() + element.offset,
+                      element.occupied );
+      }
+      // The Pad TLV's object is a copy of all the value.
+      element.isViewed = row.viewSize != 0 || element.present == row.headerSize() + element.length;
+      if( element.isViewed )
+         element.isValid = row.valid( message_.element( index ).at(), element.length );
+   }
+   if( element.isViewed || !row.isDescribed() )
+      judge( index );
+}
+
+void LspPingWalk::judge( U32 index ) {
+   Data & element = at( index );
+   LspPingElementRow const & row = *element.row;
+   if( row.facts.chooser != 0 ) {
+      problemOf( index, Code::addressTypeUnknown, { byte( element.offset + row.facts.chooser ) } );
+      element.hidesBytes = true;
+      return;
+   }
+   if( !lengthFits( index ) || row.flaw == nullptr )
+      return;
+   if( LspPingFlaw const flaw = row.flaw( message_.element( index ).at(), element.length ) ) {
+      problemOf( index, flaw.code, flaw.numbers );
+      element.hidesBytes = true;
+   }
+}
+
+bool LspPingWalk::lengthFits( U32 index ) {
+   Data const & element = at( index );
+   LspPingElement const & facts = element.row->facts;
+   if( !facts.hasFixedLength || facts.hasLength( element.length ) )
+      return true;
+   // Routers are seen to count the padding.
+   problemOf( index,
+              element.length == roundedUp( facts.leastLength ) ? Code::lengthCountsPadding
+                                                               : Code::lengthWrong,
+              { element.length, facts.leastLength } );
+   return false;
+}
+
+void LspPingWalk::body( U32 index ) {
+   Data & element = at( index );
+   if( element.row == nullptr )
+      return;
+   LspPingElementRow const & row = *element.row;
+   // Of a FEC 129 the identifiers are part of what has to be there.
+   U32 const fixed =
+      row.facts.behind == LspPingBehind::identifiers ? row.viewSize : row.fixedSize();
+   element.isContainer = row.facts.behind == LspPingBehind::tlvs ||
+                         row.facts.behind == LspPingBehind::fecs ||
+                         row.facts.behind == LspPingBehind::subTlvs ||
+                         row.facts.behind == LspPingBehind::stackChangeFec ||
+                         row.facts.behind == LspPingBehind::responderTlvs ||
+                         row.facts.behind == LspPingBehind::vendorTlvs ||
+                         row.facts.behind == LspPingBehind::opaqueValues;
+   if( element.present < fixed || ( row.isDescribed() && !element.isViewed ) )
+      return;
+   U32 const begin = element.offset + fixed;
+   Region const region{ begin, element.offset + element.present,
+                        element.present < row.headerSize() + element.length };
+   switch( row.facts.behind ) {
+   case LspPingBehind::nothing:
+   case LspPingBehind::padding:
+      return;
+   case LspPingBehind::tlvs:
+      contents( index, LspPingContext::message, region );
+      return;
+   case LspPingBehind::fecs:
+      contents( index, LspPingContext::targetFec, region );
+      return;
+   case LspPingBehind::responderTlvs:
+      // A view that describes one of them takes it with it.
+      elements( LspPingContext::p2mpResponder, region, element.depth + 1u );
+      return;
+   case LspPingBehind::vendorTlvs:
+      if( element.isValid )
+         elements( LspPingContext::vendorPrivate, region, element.depth + 1u );
+      return;
+   case LspPingBehind::subTlvs:
+      subTlvs( index, region );
+      return;
+   case LspPingBehind::stackChangeFec:
+      stackChangeFec( index, region );
+      return;
+   case LspPingBehind::opaqueValues:
+      opaqueValues( index, region );
+      return;
+   case LspPingBehind::identifiers:
+      identifiers( index, region );
+      return;
+   case LspPingBehind::multipath:
+      leftOver( index,
+                { multipath( index, region, byte( begin - 4 ), word( begin - 3 ) ), region.end } );
+      return;
+   case LspPingBehind::mappingLabels:
+      isMappingIpv6_ = byte( element.offset + 6 ) == 3 || byte( element.offset + 6 ) == 4;
+      labels( index,
+              { multipath( index, region, byte( begin - 4 ), word( begin - 2 ) ), region.end } );
+      return;
+   case LspPingBehind::protocolLabels:
+   case LspPingBehind::labelStack:
+      labels( index, region );
+      return;
+   }
+}
+
+// A container of nothing else, which is not for nothing.
+void LspPingWalk::contents( U32 index, LspPingContext context, Region region ) {
+   if( region.size() == 0 )
+      problemOf( index, Code::nothingInIt );
+   else
+      elements( context, region, at( index ).depth + 1u );
+}
+
+void LspPingWalk::subTlvs( U32 index, Region region ) {
+   U32 const offset = at( index ).offset;
+   U32 const depth = at( index ).depth + 1u;
+   U32 const length = word( region.begin - 2 );
+   if( length > region.size() ) {
+      problem( Code::subTlvsBeyond, region.begin - 2, { length, region.size() }, index );
+      region.isCut = true;
+   } else {
+      leftOver( index, { region.begin + length, region.end } );
+      region = { region.begin, region.begin + length };
+   }
+   isMappingIpv6_ = byte( offset + 6 ) == 3 || byte( offset + 6 ) == 4;
+   elements( LspPingContext::ddmap, region, depth );
+}
+
+// One FEC, and perhaps the TLV of the whole stack around it: the RFC uses the word for both.
+void LspPingWalk::stackChangeFec( U32 index, Region region ) {
+   Data const & element = at( index );
+   U32 const depth = element.depth + 1u;
+   U32 const length = byte( element.offset + 6 );
+   if( length > region.size() ) {
+      problem( Code::fecBeyond, element.offset + 6, { length, region.size() }, index );
+   } else {
+      // The length may leave out the FEC's padding, RFC 8029 section 3.4.1.3: it follows all the
+      // same, inside or as the padding of the sub-TLV.
+      U32 own = length;
+      if( length >= 4 && 4 + word( region.begin + 2 ) == length )
+         own = std::min( roundedUp( length ), element.offset + element.occupied - region.begin );
+      if( region.begin + own < region.end )
+         leftOver( index, { region.begin + own, region.end } );
+      region.end = region.begin + own;
+   }
+   bool const isStack = region.size() >= 8 && word( region.begin ) == 1 &&
+                        word( region.begin + 2 ) != 5 &&
+                        word( region.begin + 2 ) == 4 + roundedUp( word( region.begin + 6 ) );
+   if( region.size() > 0 )
+      elements( isStack ? LspPingContext::message : LspPingContext::targetFec, region, depth );
+}
+
+// Where the root address has another size than that of IPv4, the opaque value is elsewhere than the
+// view says.
+void LspPingWalk::opaqueValues( U32 index, Region region ) {
+   Data & element = at( index );
+   U32 const depth = element.depth + 1u;
+   U32 const rootLengthAt = element.offset + 6;
+   U32 const rootLength = byte( rootLengthAt );
+   U32 const begin = rootLengthAt + 3 + rootLength;
+   // The view shows an address of IPv4, whatever there is.
+   if( rootLength != 4 || begin > region.end )
+      element.hidesBytes = true;
+   if( begin > region.end ) {
+      problem( Code::rootDoesNotFit, rootLengthAt, { rootLength }, index );
+      return;
+   }
+   U32 const length = word( begin - 2 );
+   region.begin = begin;
+   if( length > region.size() ) {
+      problem( Code::opaqueValueBeyond, begin - 2, { length, region.size() }, index );
+   } else {
+      leftOver( index, { begin + length, region.end } );
+      region.end = begin + length;
+   }
+   elements( LspPingContext::opaqueValue, region, depth );
+}
+
+// Three times a type, a length and a value, RFC 8029 section 3.2.10. The length may count the
+// padding behind them.
+void LspPingWalk::identifiers( U32 index, Region region ) {
+   U32 begin = region.begin;
+   for( int count = 0; count < 3; ++count ) {
+      U32 const left = region.end - begin;
+      U32 const needed = left < 2 ? 2 : 2u + byte( begin + 1 );
+      if( needed > left ) {
+         problem( Code::identifierBeyond, begin, { needed, left }, index );
+         return;
+      }
+      begin += needed;
+   }
+   U32 const offset = at( index ).offset;
+   if( region.end - offset != roundedUp( begin - offset ) )
+      leftOver( index, { begin, region.end } );
+}
+
+// The answer is where the multipath information ends.
+U32 LspPingWalk::multipath( U32 index, Region region, U8 type, U32 length ) {
+   if( length > region.size() ) {
+      problem( Code::multipathBeyond, region.begin, { length, region.size() }, index,
+               region.size() );
+      return region.end;
+   }
+   if( length == 0 )
+      return region.begin;
+   Data & element = at( index );
+   element.hasMultipath = true;
+   element.multipathType = type;
+   element.multipathOffset = region.begin;
+   element.multipathLength = length;
+   element.isMappingIpv6 = isMappingIpv6_;
+   if( type == 0 )
+      problem( Code::multipathWithoutType, region.begin, { length }, index );
+   else if( !message_.element( index ).multipath().isWellFormed() )
+      problem( Code::multipathLengthWrong, region.begin, { length, type }, index, length );
+   return region.begin + length;
+}
+
+void LspPingWalk::labels( U32 index, Region region ) {
+   Data & element = at( index );
+   element.hasLabels = true;
+   element.labelsOffset = region.begin;
+   element.labelsLength = region.size() & ~U32{ 3 };
+   leftOver( index, { region.begin + element.labelsLength, region.end } );
+}
+
+void LspPingWalk::leftOver( U32 index, Region region ) {
+   if( region.size() > 0 )
+      problem( Code::leftOver, region.begin, { region.size() }, index, region.size() );
+}
+
+// Asked again and again on the way through zeros, it looks at each byte once.
+bool LspPingWalk::isZero( Region region ) noexcept {
+   if( region.begin < zerosBegin_ || region.begin >= zerosEnd_ ) {
+      auto const from = bytes_.begin() + region.begin;
+      auto const set = std::find_if( from, bytes_.end(), []( U8 byte ) { return byte != 0; } );
+      zerosBegin_ = region.begin;
+      zerosEnd_ = static_cast< U32 >( set - bytes_.begin() );
+   }
+   return region.end <= zerosEnd_;
+}
+
+LspPingMessage const & LspPingMessageReader::read( std::span< U8 const > bytes,
+                                                   LspPingMessageEnd end ) noexcept {
+   message_.bytes_ = bytes;
+   message_.elements_.clear();
+   message_.problems_.clear();
+   message_.copies_.clear();
+   Kiv::orOutOfMemory( "LspPing::LspPingMessageReader",
+                       [&] { LspPingWalk( end, message_ ).message(); } );
+   return message_;
+}
+
+} // namespace LspPing

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "MplsUtils/LspPing/message/Export.h"
+#include "MplsUtils/LspPing/platform/Velnet/IpGenAddr.h"
+#include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
+
+#include <cstddef>
+#include <span>
+
+namespace LspPing {
+
+/// Multipath information, RFC 8029 section 3.4.1.1.1: addresses or labels that are sent one way.
+/// The bytes stay the message's. Whatever they are, it reads what is whole of them.
+class LSPPING_MESSAGE_EXPORT LspPingMultipath {
+ public:
+   /// One address, a range of addresses (both ends belong to it), or a run of labels.
+   struct Item {
+      Velnet::IpGenAddr first;
+      Velnet::IpGenAddr last;
+      U64 firstLabel = 0;
+      U64 lastLabel = 0;
+
+      bool isRange() const noexcept { return firstLabel != lastLabel || !( first == last ); }
+   };
+   class Iterator;
+
+   LspPingMultipath() noexcept = default;
+   /// \param isMappingIpv6  Whether the mapping's own addresses are of IPv6.
+   LspPingMultipath( LspPingMultipathType type, std::span< U8 const > information,
+                     bool isMappingIpv6 ) noexcept;
+
+   LspPingMultipathType type() const noexcept { return type_; }
+   /// As it was sent.
+   std::span< U8 const > bytes() const noexcept { return bytes_; }
+
+   /// In IPv6 the addresses are IPv4-mapped, and it is not said that the family is the mapping's
+   /// own: addresses of 127/8 are seen in mappings of IPv6.
+   bool isIpv6() const noexcept { return isIpv6_; }
+   bool isLabels() const noexcept { return type_ == LspPingMultipathType::maskedLabelSetMultipath; }
+   bool isList() const noexcept {
+      return type_ == LspPingMultipathType::ipMultipath ||
+             type_ == LspPingMultipathType::ipRangeMultipath;
+   }
+   /// A base and a mask behind it, of at least one byte.
+   bool isSet() const noexcept {
+      return ( type_ == LspPingMultipathType::maskedIpSetMultipath || isLabels() ) &&
+             bytes_.size() > unit();
+   }
+   /// Whether the length is one that information of this type can have. None is.
+   bool isWellFormed() const noexcept;
+
+   /// Of a set of addresses, or of one of labels.
+   Velnet::IpGenAddr baseAddress() const noexcept { return address( 0 ); }
+   U32 baseLabel() const noexcept;
+   /// Of a set: bit 0 is the most significant one of the first byte.
+   std::span< U8 const > mask() const noexcept { return bytes_.subspan( unit() ); }
+
+   /// Of a list: how many addresses there are, two for each range, and one of them.
+   std::size_t addressCount() const noexcept { return bytes_.size() / unit(); }
+   Velnet::IpGenAddr address( std::size_t i ) const noexcept;
+
+   /// The addresses and ranges of a list, or the runs of bits that are set.
+   Iterator begin() const noexcept;
+   static constexpr std::nullptr_t end() noexcept { return nullptr; }
+
+ private:
+   friend class Iterator;
+   std::size_t unit() const noexcept { return isIpv6_ ? 16 : 4; }
+   bool contains( std::size_t bit ) const noexcept {
+      return ( bytes_[unit() + bit / 8] >> ( 7 - bit % 8 ) & 1 ) != 0;
+   }
+   Velnet::IpGenAddr member( std::size_t bit ) const noexcept;
+
+   std::span< U8 const > bytes_;
+   LspPingMultipathType type_ = LspPingMultipathType::noMultipath;
+   bool isIpv6_ = false;
+};
+
+class LSPPING_MESSAGE_EXPORT LspPingMultipath::Iterator {
+ public:
+   Item operator*() const noexcept;
+   Iterator & operator++() noexcept;
+   friend bool operator==( Iterator const & at, std::nullptr_t ) noexcept { return at.isAtEnd(); }
+
+ private:
+   friend class LspPingMultipath;
+   explicit Iterator( LspPingMultipath const & multipath ) noexcept : multipath_( &multipath ) {
+      findRun();
+   }
+   std::size_t count() const noexcept;
+   bool isAtEnd() const noexcept { return first_ >= count(); }
+   void findRun() noexcept;
+
+   LspPingMultipath const * multipath_;
+   // Addresses, ranges or bits: those from the first to before the last.
+   std::size_t first_ = 0;
+   std::size_t last_ = 0;
+};
+
+inline LspPingMultipath::Iterator LspPingMultipath::begin() const noexcept {
+   return Iterator( *this );
+}
+
+} // namespace LspPing

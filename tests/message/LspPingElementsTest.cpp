@@ -1,0 +1,88 @@
+#include "MplsUtils/LspPing/message/LspPingElements.h"
+#include "MplsUtils/LspPing/LspPingHdr.h"
+#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace {
+
+using namespace LspPing;
+
+TEST( LspPingElements, haveANameAndARegisteredType ) {
+   for( LspPingElementRow const & row : lspPingElements() ) {
+      EXPECT_FALSE( lspPingCodeName( row.facts.context, row.code() ).empty() ) << row.code();
+      EXPECT_EQ( bool( Kiv::TypeRef( row.type ) ), row.isDescribed() ) << row.code();
+   }
+}
+
+TEST( LspPingElements, haveViewsThatNeedNoMoreThanThePaddedValue ) {
+   for( LspPingElementRow const & row : lspPingElements() ) {
+      EXPECT_LE( row.viewOffset() + row.viewSize,
+                 row.headerSize() + ( row.facts.leastLength + 3u ) / 4 * 4 )
+         << row.code();
+   }
+}
+
+TEST( LspPingElements, areSorted ) {
+   LspPingElementRow const * before = nullptr;
+   for( LspPingElementRow const & row : lspPingElements() ) {
+      if( before != nullptr ) {
+         std::pair const first{ before->facts.context, before->code() };
+         std::pair const second{ row.facts.context, row.code() };
+         EXPECT_LE( first, second );
+         EXPECT_TRUE( first != second || before->facts.selectorCount >= row.facts.selectorCount )
+            << row.code();
+      }
+      before = &row;
+   }
+}
+
+TEST( LspPingElements, areFoundByTheirSelectors ) {
+   for( LspPingElementRow const & row : lspPingElements() ) {
+      std::vector< U8 > bytes( row.fixedSize(), 0 );
+      if( row.facts.selectorCount == 0 && bytes.size() > 4 )
+         std::fill( bytes.begin() + 4, bytes.end(), U8{ 99 } );
+      for( std::size_t i = 0; i < row.facts.selectorCount; ++i )
+         bytes[row.facts.selectors[i].offset] = row.facts.selectors[i].value;
+      EXPECT_EQ( elementOf( row.facts.context, row.code(), bytes ), &row ) << row.code();
+   }
+}
+
+// Every class with the facts beside it, under each of its codes.
+TEST( LspPingElements, areTheClassesOfTheList ) {
+   auto const rowsOf = []( Kiv::TypeId type ) {
+      std::vector< U16 > codes;
+      for( LspPingElementRow const & row : lspPingElements() ) {
+         if( row.type == type && !row.isNonIp )
+            codes.push_back( row.code() );
+      }
+      return codes;
+   };
+   EXPECT_EQ( rowsOf( Kiv::typeIdOf< LspPingSrIpv4SubTlv > ), ( std::vector< U16 >{ 34, 31744 } ) );
+   EXPECT_EQ( rowsOf( Kiv::typeIdOf< LspPingNodeAddrSubTlv > ), std::vector< U16 >{ 11 } );
+   EXPECT_EQ( rowsOf( Kiv::typeIdOf< LspPingPadTlv > ), std::vector< U16 >{ 3 } );
+   EXPECT_EQ( rowsOf( Kiv::typeIdOf< LspPingHdr > ), std::vector< U16 >{} );
+}
+
+// A node's address among the responders' TLVs has a view only where it is just that.
+TEST( LspPingElements, fallBackWhereTheBytesAreTooFew ) {
+   std::vector< U8 > bytes{ 0, 11, 0, 8, 0, 3, 0, 4, 10, 0, 0, 1 };
+   EXPECT_EQ( elementOf( LspPingContext::message, 11, bytes )->type,
+              Kiv::typeIdOf< LspPingNodeAddrSubTlv > );
+   bytes.resize( 10 );
+   EXPECT_FALSE( elementOf( LspPingContext::message, 11, bytes )->isDescribed() );
+   // A mapping stays what its address type says.
+   std::vector< U8 > const mapping{ 0, 20, 0, 4, 5, 0xdc, 1, 0 };
+   EXPECT_EQ( elementOf( LspPingContext::message, 20, mapping )->type,
+              Kiv::typeIdOf< LspPingDdmapTlv > );
+}
+
+TEST( LspPingElements, areNotFoundUnderOtherCodes ) {
+   EXPECT_EQ( elementOf( LspPingContext::message, 99, {} ), nullptr );
+   EXPECT_EQ( elementOf( LspPingContext::message, 65262, {} ), nullptr );
+   EXPECT_EQ( elementOf( LspPingContext::targetFec, 0, {} ), nullptr );
+   EXPECT_EQ( elementOf( LspPingContext::opaqueValue, 2, {} ), nullptr );
+}
+
+} // namespace
