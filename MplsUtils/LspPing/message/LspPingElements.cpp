@@ -39,7 +39,7 @@ bool padValid( U8 const * element, U32 length ) noexcept {
 }
 
 constexpr Flaw prefixFlaw( U32 bits, U32 longest ) noexcept {
-   return bits > longest ? Flaw{ Code::prefixTooLong, { bits, longest } } : Flaw{};
+   return bits > longest ? Flaw{ { Code::prefixTooLong, { bits, longest } } } : Flaw{};
 }
 
 // What contradicts the RFC that defines the element. Most say no more than the view does.
@@ -49,7 +49,7 @@ Flaw flawIn( View const & view, bool isValid ) noexcept {
       if( Flaw const flaw = prefixFlaw( view.prefixLen(), 8 * sizeof( view.ipPrefix() ) ) )
          return flaw;
    }
-   return isValid ? Flaw{} : Flaw{ Code::notValid, {} };
+   return isValid ? Flaw{} : Flaw{ { Code::notValid } };
 }
 
 // Another vendor's TLV is as good as any: only, nobody here can read it.
@@ -59,7 +59,8 @@ Flaw flawIn( LspPingVeloraVendorPrivateTlv const &, bool ) noexcept {
 
 // RFC 8029 section 3.2.9 has a place for more pseudowires than the view.
 Flaw flawIn( LspPingFec128Ipv4SubTlv const & fec, bool ) noexcept {
-   return fec.mbz() == 0 ? Flaw{} : Flaw{ Code::notZero, {} };
+   constexpr U32 mbzSize = sizeof( fec.mbz() );
+   return fec.mbz() == 0 ? Flaw{} : Flaw{ { Code::notZero }, sizeof( fec ) - mbzSize, mbzSize };
 }
 
 // Whether the identifiers fit is seen where they are walked. All types and lengths zero name
@@ -68,7 +69,7 @@ Flaw flawIn( LspPingFec129Ipv4SubTlv const & fec, bool ) noexcept {
    static constexpr std::array< U8, 6 > nothing{};
    U8 const * const identifiers = reinterpret_cast< U8 const * >( &fec ) + sizeof( fec );
    return std::memcmp( identifiers, nothing.data(), nothing.size() ) == 0
-             ? Flaw{ Code::noIdentifiers, {} }
+             ? Flaw{ { Code::noIdentifiers } }
              : Flaw{};
 }
 
@@ -76,9 +77,9 @@ Flaw flawIn( LspPingFec129Ipv4SubTlv const & fec, bool ) noexcept {
 Flaw flawIn( LspPingP2mpFecStackSubTlv const & fec, bool ) noexcept {
    U32 const expected = fec.family() == 1 ? 4 : 16;
    if( fec.family() != 1 && fec.family() != 2 )
-      return { Code::familyUnknown, { fec.family() } };
+      return { { Code::familyUnknown, { fec.family() } } };
    if( fec.addrLen() != expected )
-      return { Code::rootLengthWrong, { fec.addrLen(), expected } };
+      return { { Code::rootLengthWrong, { fec.addrLen(), expected } } };
    return {};
 }
 
@@ -104,7 +105,7 @@ constexpr LspPingElementRow rowOf( LspPingElement facts ) noexcept {
    if constexpr( std::is_same_v< View, LspPingPadTlv > ) {
       row.valid = &padValid;
       row.flaw = []( U8 const * element, U32 length ) noexcept {
-         return padValid( element, length ) ? Flaw{} : Flaw{ Code::notValid, {} };
+         return padValid( element, length ) ? Flaw{} : Flaw{ { Code::notValid } };
       };
    } else {
       row.viewSize = sizeof( View );

@@ -262,7 +262,8 @@ void LspPingWalk::judge( U32 index ) {
    if( !lengthFits( index ) || row.flaw == nullptr )
       return;
    if( LspPingFlaw const flaw = row.flaw( message_.element( index ).at(), element.length ) ) {
-      problemOf( index, flaw.code, flaw.numbers );
+      problem( flaw.code, element.offset + flaw.place, flaw.numbers, index,
+               std::min( flaw.placeBytes, element.occupied - flaw.place ) );
       element.hidesBytes = true;
    }
 }

@@ -52,16 +52,24 @@ enum class LspPingProblemCode : U8 {
 /// The enumerator's name.
 LSPPING_MESSAGE_EXPORT std::string_view lspPingProblemName( LspPingProblemCode code ) noexcept;
 
-/// What an element says against the RFCs; none where it does not.
-struct LspPingFlaw {
+/// A problem by its code and the numbers that its words have.
+struct LspPingProblemWords {
    LspPingProblemCode code = LspPingProblemCode::none;
    std::array< U32, 3 > numbers{};
+};
+
+/// What an element says against the RFCs; none where it does not.
+struct LspPingFlaw : LspPingProblemWords {
+   /// Where in the element, and how many bytes from there on it is about that nothing else shows:
+   /// those that are padding, but part of a view.
+   U32 place = 0;
+   U32 placeBytes = 0;
 
    constexpr explicit operator bool() const noexcept { return code != LspPingProblemCode::none; }
 };
 
 /// One thing that is wrong with a message.
-struct LspPingProblem : LspPingFlaw {
+struct LspPingProblem : LspPingProblemWords {
    static constexpr U32 noElement = 0xffffffff;
 
    /// From the message's first byte.

@@ -65,7 +65,8 @@ TEST( CutElements, keepThePaddingThatIsThere ) {
               "   TargetFecStack\n"
               "      Invalid Fec128Ipv4SubTlv\n"
               "         Bytes( 000a000e0a0000010a000002000000640005 )\n"
-              "   ! offset 36: FEC128Pseudowire: bytes that must be zero are not\n"
+              "   ! offset 54: FEC128Pseudowire: bytes that must be zero are not\n"
+              "      Bytes( 09 )\n"
               "   ! offset 36: FEC128Pseudowire: 1 byte of padding missing\n"
               "   ! offset 32: TargetFecStack: 1 byte of padding missing\n" );
 }
