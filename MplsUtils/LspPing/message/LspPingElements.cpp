@@ -187,6 +187,22 @@ template < class... Ts >
 struct Rows< Kiv::TypeList< Ts... > > {
    static constexpr std::size_t size = ( rowCount< Ts >() + ... + unviewedRows.size() );
 
+   struct Class {
+      Kiv::TypeId type;
+      LspPingElement facts;
+   };
+   static constexpr auto classes() noexcept {
+      constexpr std::size_t count = ( ( rowCount< Ts >() > 0 ? 1u : 0u ) + ... );
+      std::array< Class, count > result{};
+      std::size_t at = 0;
+      auto const add = [&]< class T >( Kiv::Of< T > ) {
+         if constexpr( rowCount< T >() > 0 )
+            result[at++] = { Kiv::typeIdOf< T >, T::element };
+      };
+      ( add( Kiv::Of< Ts >{} ), ... );
+      return result;
+   }
+
    static constexpr auto sorted() noexcept {
       std::array< LspPingElementRow, size > rows{};
       std::size_t count = 0;
@@ -211,6 +227,29 @@ struct Rows< Kiv::TypeList< Ts... > > {
 };
 
 constexpr auto rows = Rows< LspPingHdrTypes >::sorted();
+constexpr auto classes = Rows< LspPingHdrTypes >::classes();
+
+// In the order of the enumerators.
+constexpr std::array< std::string_view, lspPingContextCount > contextNames{
+   "message", "targetFec", "ddmap", "p2mpResponder", "vendorPrivate", "opaqueValue",
+};
+constexpr auto behindNames = std::to_array< std::string_view >( {
+   "nothing",
+   "tlvs",
+   "fecs",
+   "subTlvs",
+   "stackChangeFec",
+   "responderTlvs",
+   "vendorTlvs",
+   "opaqueValues",
+   "identifiers",
+   "multipath",
+   "mappingLabels",
+   "protocolLabels",
+   "labelStack",
+   "padding",
+} );
+static_assert( behindNames.size() == static_cast< std::size_t >( LspPingBehind::padding ) + 1 );
 
 // Where the rows of a code begin: nearly all codes are small, and those of a context lie together.
 constexpr std::size_t smallCodes = 64;
@@ -263,6 +302,22 @@ LspPingElementRow const * elementOf( LspPingContext context, U32 code,
 
 std::span< LspPingElementRow const > lspPingElements() noexcept {
    return rows;
+}
+
+LspPingElement const * lspPingElementOf( Kiv::TypeId type ) noexcept {
+   for( auto const & known : classes ) {
+      if( known.type == type )
+         return &known.facts;
+   }
+   return nullptr;
+}
+
+std::string_view lspPingContextName( LspPingContext context ) noexcept {
+   return contextNames[static_cast< std::size_t >( context )];
+}
+
+std::string_view lspPingBehindName( LspPingBehind behind ) noexcept {
+   return behindNames[static_cast< std::size_t >( behind )];
 }
 
 std::string_view lspPingCodeName( LspPingContext context, U32 code ) noexcept {

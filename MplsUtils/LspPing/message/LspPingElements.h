@@ -51,6 +51,13 @@ LSPPING_MESSAGE_EXPORT LspPingElementRow const * elementOf( LspPingContext conte
 /// All rows: by context and code, those with selectors first.
 LSPPING_MESSAGE_EXPORT std::span< LspPingElementRow const > lspPingElements() noexcept;
 
+/// The facts beside a class, all its codes among them; null for a class that is no element.
+LSPPING_MESSAGE_EXPORT LspPingElement const * lspPingElementOf( Kiv::TypeId type ) noexcept;
+
+/// The enumerator's names.
+LSPPING_MESSAGE_EXPORT std::string_view lspPingContextName( LspPingContext context ) noexcept;
+LSPPING_MESSAGE_EXPORT std::string_view lspPingBehindName( LspPingBehind behind ) noexcept;
+
 /// The enumerator's name of a code, empty where it has none.
 LSPPING_MESSAGE_EXPORT std::string_view lspPingCodeName( LspPingContext context,
                                                          U32 code ) noexcept;

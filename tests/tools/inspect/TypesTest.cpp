@@ -31,6 +31,22 @@ TEST( Types, showsOneTypeAsJson ) {
               "\n" );
 }
 
+// What an element is stands beside its attributes.
+TEST( Types, showsTheFactsOfElementsAsJson ) {
+   auto const elementOf = []( std::string const & type ) {
+      std::string const all = runTypes( type, true ).out;
+      std::size_t const at = all.find( R"("element":)" );
+      return at == std::string::npos ? "" : all.substr( at, all.size() - at - 6 );
+   };
+   EXPECT_EQ( elementOf( "LspPingSrIpv4SubTlv" ),
+              R"("element":{"context":"targetFec","codes":[34,31744],"leastLength":6,)"
+              R"("lengths":[6,8],"selectors":[],"behind":"nothing"})" );
+   EXPECT_EQ( elementOf( "LspPingDdmapV6Tlv" ),
+              R"("element":{"context":"message","codes":[20],"leastLength":40,"lengths":[],)"
+              R"("selectors":[{"offset":6,"value":3}],"behind":"subTlvs"})" );
+   EXPECT_EQ( elementOf( "LspPingTlvHdr" ), "" );
+}
+
 TEST( Types, showsTheWholeRegistryAsJson ) {
    Ran const ran = runTypes( "", true );
    rapidjson::Document json;

@@ -1,3 +1,4 @@
+#include "MplsUtils/LspPing/message/LspPingElements.h"
 #include "MplsUtils/LspPing/platform/Kiv/Collections.h"
 #include "tools/lspping/ExitStatus.h"
 #include "tools/lspping/inspect/Answers.h"
@@ -42,6 +43,44 @@ void writeAttributeRow( JsonWriter & json, Kiv::Attribute const & attribute ) {
    json.EndObject();
 }
 
+// Whether, where and how the type is an element of a message.
+void writeElement( JsonWriter & json, Kiv::TypeId type ) {
+   LspPing::LspPingElement const * element = LspPing::lspPingElementOf( type );
+   if( element == nullptr )
+      return;
+   auto const writeNumber = [&json]( std::string_view key, U32 number ) {
+      writeKey( json, key );
+      json.Uint( number );
+   };
+   writeKey( json, "element" );
+   json.StartObject();
+   writeNamed( json, "context", LspPing::lspPingContextName( element->context ) );
+   writeKey( json, "codes" );
+   json.StartArray();
+   for( std::size_t i = 0; i < element->codeCount; ++i )
+      json.Uint( element->codes[i] );
+   json.EndArray();
+   writeNumber( "leastLength", element->leastLength );
+   writeKey( json, "lengths" );
+   json.StartArray();
+   if( element->hasFixedLength )
+      json.Uint( element->leastLength );
+   if( element->otherLength != 0 )
+      json.Uint( element->otherLength );
+   json.EndArray();
+   writeKey( json, "selectors" );
+   json.StartArray();
+   for( std::size_t i = 0; i < element->selectorCount; ++i ) {
+      json.StartObject();
+      writeNumber( "offset", element->selectors[i].offset );
+      writeNumber( "value", element->selectors[i].value );
+      json.EndObject();
+   }
+   json.EndArray();
+   writeNamed( json, "behind", LspPing::lspPingBehindName( element->behind ) );
+   json.EndObject();
+}
+
 void writeType( JsonWriter & json, Kiv::TypeRef type ) {
    Kiv::TypeRecord const & record = type.record();
    json.StartObject();
@@ -67,6 +106,7 @@ void writeType( JsonWriter & json, Kiv::TypeRef type ) {
       json.EndObject();
    }
    json.EndArray();
+   writeElement( json, record.id );
    json.EndObject();
 }
 

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "MplsUtils/LspPing/LspPingTypes.h"
+#include "MplsUtils/LspPing/framing/NtpTime.h"
+#include "MplsUtils/LspPing/message/Export.h"
+#include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+
+#include <string_view>
+
+// Codes as people say them, beside the enumerators' names: mostly the words of the RFC that assigns
+// them. Empty for a value without words; the value itself is what a reader should see then.
+namespace LspPing {
+
+LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingMsgType type ) noexcept;
+LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingReplyMode mode ) noexcept;
+/// RFC 8029 section 3.1, such as "label switched at stack-depth": the subcode belongs behind those
+/// for which `lspPingHasStackDepth` is true.
+LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingReturnCode code ) noexcept;
+LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingAddrType type ) noexcept;
+LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingMultipathType type ) noexcept;
+LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingPadType type ) noexcept;
+LSPPING_MESSAGE_EXPORT std::string_view
+lspPingWords( LspPingDownstreamSignalingProtocol protocol ) noexcept;
+LSPPING_MESSAGE_EXPORT std::string_view
+lspPingWords( LspPingFecStackChangeSubTlvOperType operation ) noexcept;
+LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingTlvType code ) noexcept;
+LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingTargetFecSubTlvType code ) noexcept;
+LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingDDMappingSubTlvType code ) noexcept;
+
+/// Whether the return subcode of that code is a depth in the label stack.
+LSPPING_MESSAGE_EXPORT bool lspPingHasStackDepth( LspPingReturnCode code ) noexcept;
+
+/// A return code with its subcode: "label switched at stack-depth 1", "return code 77, subcode 2".
+LSPPING_MESSAGE_EXPORT void appendReturnCode( Orlo::StringBuilder & out, U8 code, U8 subcode );
+
+/// The global flags by their letters, the highest bit first: "RTV"; the others as one number behind
+/// them, "V+0x8". Empty without any.
+LSPPING_MESSAGE_EXPORT void appendHeaderFlags( Orlo::StringBuilder & out, U16 flags );
+/// The flags of a downstream mapping: I for interface and label stack, N for non-IP.
+LSPPING_MESSAGE_EXPORT void appendDownstreamFlags( Orlo::StringBuilder & out, U8 flags );
+
+/// An NTP time as date and time of UTC, in microseconds: "2026-01-31T12:00:00.250000Z". Seconds of
+/// which the highest bit is not set count from 2036-02-07T06:28:16Z, RFC 4330 section 3. "none" for
+/// zero.
+LSPPING_MESSAGE_EXPORT void appendNtpTime( Orlo::StringBuilder & out, NtpTimeU64 const & time );
+
+} // namespace LspPing
