@@ -20,9 +20,6 @@ struct LspPingKept {
 };
 
 class LspPingFecInfo;
-class LspPingFecStack;
-class LspPingFecStackChangeInfo;
-class LspPingDownstreamMappingInfo;
 
 /// A FEC of a stack, RFC 8029 section 3.2. What its kind does not have keeps its default.
 LspPingKept fecInfoOf( LspPingElementRef fec, LspPingFecInfo & info );
