@@ -17,7 +17,7 @@ Value valueAt( std::span< U8 const > bytes, std::size_t offset ) noexcept {
 
 Kept setPrefix( LspPingFecInfo & info, Velnet::IpGenAddr const & address, U8 bits ) {
    if( bits > Velnet::IpGenPrefix::longest( address ) )
-      return Kept::not_( "a prefix longer than its address" );
+      return Kept::refused( "a prefix longer than its address" );
    info.dstPrefixIs( { address, bits } );
    return Kept::whole();
 }
@@ -104,7 +104,7 @@ Kept keep( LspPingP2mpFecStackSubTlv const & fec, LspPingElementRef element,
       }
    }
    if( !isKept )
-      return Kept::not_( "no attribute for this opaque value" );
+      return Kept::refused( "no attribute for this opaque value" );
    if( fec.family() == 1 )
       info.peerAddrIs( fec.rootAddr() );
    else
@@ -117,7 +117,7 @@ template < class View >
 Kept keepView( LspPingElementRef element, LspPingFecInfo & info ) {
    View const * const view = element.as< View >();
    if( view == nullptr || !view->valid() )
-      return Kept::not_( "not valid for its view" );
+      return Kept::refused( "not valid for its view" );
    return keep( *view, element, info );
 }
 
@@ -125,7 +125,7 @@ Kept keepView( LspPingElementRef element, LspPingFecInfo & info ) {
 Kept keepUnviewed( LspPingElementRef element, LspPingFecInfo & info ) {
    std::span< U8 const > const bytes = element.bytes();
    if( element.row() == nullptr )
-      return Kept::not_( "no attributes for this FEC" );
+      return Kept::refused( "no attributes for this FEC" );
    if( element.length() != element.row()->facts.leastLength )
       return Kept::notWellFormed();
    switch( static_cast< Fec >( element.code() ) ) {
@@ -145,7 +145,7 @@ Kept keepUnviewed( LspPingElementRef element, LspPingFecInfo & info ) {
       return Kept::without( "the numbers of the edges" );
    }
    default:
-      return Kept::not_( "no attributes for this FEC" );
+      return Kept::refused( "no attributes for this FEC" );
    }
 }
 
@@ -189,7 +189,7 @@ LspPingKept fecInfoOf( LspPingElementRef fec, LspPingFecInfo & info ) {
       return Kept::notWellFormed();
    // The record counts the value's bytes in eight bits.
    if( fec.length() > 0xff )
-      return Kept::not_( "a FEC of more than 255 bytes" );
+      return Kept::refused( "a FEC of more than 255 bytes" );
    LspPingFecInfo result;
    result.fecTlvTypeIs( static_cast< Fec >( fec.code() ) );
    result.fecTlvLenIs( static_cast< U8 >( fec.length() ) );

@@ -15,7 +15,7 @@ struct LspPingKept {
 
    static constexpr LspPingKept whole() noexcept { return { true, {} }; }
    static constexpr LspPingKept without( std::string_view lost ) noexcept { return { true, lost }; }
-   static constexpr LspPingKept not_( std::string_view why ) noexcept { return { false, why }; }
+   static constexpr LspPingKept refused( std::string_view why ) noexcept { return { false, why }; }
    static constexpr LspPingKept notWellFormed() noexcept { return { false, "not well-formed" }; }
 };
 

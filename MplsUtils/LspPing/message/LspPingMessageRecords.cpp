@@ -112,7 +112,8 @@ template < class... Views >
 Kept keepFixedPart( LspPingElementRef tlv, Mapping & mapping ) {
    if( ( keepView< Views >( tlv, mapping ) || ... ) )
       return Kept::whole();
-   return tlv.type() ? Kept::not_( "no attributes for this address type" ) : Kept::notWellFormed();
+   return tlv.type() ? Kept::refused( "no attributes for this address type" )
+                     : Kept::notWellFormed();
 }
 
 template < class View >
@@ -191,14 +192,14 @@ Kept Conversion::keep( LspPingElementRef tlv ) {
 // One stack is what a message is about.
 Kept Conversion::fecs( LspPingElementRef stack ) {
    if( records_.fecStack )
-      return Kept::not_( "behind another one" );
+      return Kept::refused( "behind another one" );
    std::size_t position = 0;
    for( LspPingElementRef const fec : stack.elements() ) {
       std::size_t const own = position++;
       if( !fec.isWhole() )
          continue;
       LspPingFecInfo info;
-      if( !tell( fec, own > 0xff ? Kept::not_( "behind 256 FECs" ) : fecInfoOf( fec, info ) ) )
+      if( !tell( fec, own > 0xff ? Kept::refused( "behind 256 FECs" ) : fecInfoOf( fec, info ) ) )
          continue;
       if( !records_.fecStack )
          records_.fecStack.emplace();
@@ -213,9 +214,9 @@ Kept Conversion::add( LspPingDownstreamMappingType kind, Mapping const & mapping
       set.emplace( kind );
    std::size_t const index = set->lspPingDownstreamMappingInfo().count();
    if( set->mappingTlv() != kind )
-      return Kept::not_( "behind mappings of the other kind" );
+      return Kept::refused( "behind mappings of the other kind" );
    if( index > 0xff )
-      return Kept::not_( "behind 256 mappings" );
+      return Kept::refused( "behind 256 mappings" );
    set->lspPingDownstreamMappingInfoIs( static_cast< U8 >( index ), mapping.record() );
    return Kept::whole();
 }
@@ -271,7 +272,7 @@ Kept Conversion::subTlv( LspPingElementRef subTlv, Mapping & mapping ) {
    case LspPingDDMappingSubTlvType::FecStackChange:
       return stackChange( subTlv, mapping );
    }
-   return Kept::not_( "no attribute for this sub-TLV" );
+   return Kept::refused( "no attribute for this sub-TLV" );
 }
 
 Kept Conversion::stackChange( LspPingElementRef subTlv, Mapping & mapping ) {
@@ -287,27 +288,27 @@ Kept Conversion::stackChange( LspPingElementRef subTlv, Mapping & mapping ) {
    if( operation != Operation::Push && operation != Operation::Pop )
       return Kept::notWellFormed();
    if( view->fecTlvLen() == 0 )
-      return Kept::not_( "a change without a FEC" );
+      return Kept::refused( "a change without a FEC" );
    // The FEC, or the TLV of the whole stack around it.
    LspPingElementRange inside = subTlv.elements();
    if( !inside.empty() && ( *inside.begin() ).context() == LspPingContext::message )
       inside = ( *inside.begin() ).elements();
    if( inside.empty() || ++inside.begin() != inside.end() )
-      return Kept::not_( "not one FEC" );
+      return Kept::refused( "not one FEC" );
    LspPingFecInfo info;
    Kept const kept = fecInfoOf( *inside.begin(), info );
    if( !kept.isKept )
       return kept;
    LspPingFecStack & stack = operation == Operation::Push ? mapping.pushed : mapping.popped;
    if( stack.fecInfo().count() > 0xff )
-      return Kept::not_( "behind 256 changes" );
+      return Kept::refused( "behind 256 changes" );
    stack.fecInfoIs( static_cast< U8 >( stack.fecInfo().count() ), info );
    return view->addrType() == 0 ? kept : Kept::without( "the address of the remote peer" );
 }
 
 Kept Conversion::interface( LspPingElementRef tlv ) {
    if( records_.intfAndLabelStack )
-      return Kept::not_( "behind another one" );
+      return Kept::refused( "behind another one" );
    LspPingIntfAndLabelStackInfo info;
    if( !keepView< LspPingIntfAndLabelStackIpv4Tlv >( tlv, info ) &&
        !keepView< LspPingIntfAndLabelStackIpv4UnnumberedTlv >( tlv, info ) &&
@@ -320,7 +321,7 @@ Kept Conversion::interface( LspPingElementRef tlv ) {
 
 Kept Conversion::pad( LspPingElementRef tlv ) {
    if( records_.pad )
-      return Kept::not_( "behind another one" );
+      return Kept::refused( "behind another one" );
    if( !tlv.isValid() )
       return Kept::notWellFormed();
    std::span< U8 const > const value = tlv.value();
