@@ -11,6 +11,7 @@
 
 namespace LspPingTool {
 
+// NOLINTBEGIN(readability-identifier-naming): rapidjson asks for these names.
 /// Memory for rapidjson, which writes to whatever it is given, null too: without memory this raises
 /// std::bad_alloc.
 class JsonAllocator {
@@ -21,6 +22,7 @@ class JsonAllocator {
    void * Realloc( void * block, std::size_t, std::size_t size );
    static void Free( void * block ) noexcept { std::free( block ); }
 };
+// NOLINTEND(readability-identifier-naming)
 
 using JsonBuffer = rapidjson::GenericStringBuffer< rapidjson::UTF8<>, JsonAllocator >;
 

@@ -76,7 +76,11 @@ class RbTreeMap {
    ~RbTreeMap() = default;
 
    /// When memory runs out, std::bad_alloc leaves the map as it was.
-   RbTreeMap & operator=( RbTreeMap const & other ) { return *this = RbTreeMap( other ); }
+   RbTreeMap & operator=( RbTreeMap const & other ) {
+      if( this != &other )
+         *this = RbTreeMap( other );
+      return *this;
+   }
    RbTreeMap & operator=( RbTreeMap && other ) noexcept {
       RbTreeMap taken( std::move( other ) ); // may be this very map
       tree_.swap( taken.tree_ );

@@ -5,6 +5,8 @@
 
 /// The copies and moves of class T, which holds several members and some of them allocate: when
 /// memory runs out in a copy assignment, std::bad_alloc leaves the target as it was.
+// A class's name cannot stand in parentheses where it declares.
+// NOLINTBEGIN(bugprone-macro-parentheses)
 #define KIV_WHOLE_ASSIGNMENT( T )                                                                  \
    T( T const & ) = default;                                                                       \
    T( T && ) noexcept = default;                                                                   \
@@ -13,3 +15,4 @@
       return *this = T( other );                                                                   \
    }                                                                                               \
    T & operator=( T && ) noexcept = default
+// NOLINTEND(bugprone-macro-parentheses)
