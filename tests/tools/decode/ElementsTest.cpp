@@ -223,4 +223,17 @@ TEST( Elements, takeTheFamilyOfAMappingForItsMultipathInformation ) {
               "         Multipath( ipMultipath: 127.0.0.1, 127.0.0.2, 127.0.0.3, 127.0.0.4 )\n" );
 }
 
+// The old mapping has its address type at the same place.
+TEST( Elements, takeTheFamilyOfAnOldMappingForItsMultipathInformation ) {
+   Bytes const v6{ 0x20, 1, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1 };
+   Bytes const list = Bytes{ 2, 0, 0, 16 } + v6;
+   EXPECT_THAT( elementsOf( tlv( 2, Bytes{ 5, 0xdc, 4, 0 } + v6 + Bytes{ 0, 0, 0, 7 } + list ) ),
+                testing::HasSubstr( "Multipath( ipMultipath: 2001:db8::1 )\n" ) );
+   EXPECT_THAT( elementsOf( tlv( 2, Bytes{ 5, 0xdc, 3, 0 } + v6 + v6 + list ) ),
+                testing::HasSubstr( "Multipath( ipMultipath: 2001:db8::1 )\n" ) );
+   EXPECT_THAT( elementsOf( tlv( 2, Bytes{ 5, 0xdc, 1, 0, 10, 0, 0, 2, 10, 0, 0, 1 } + list ) ),
+                testing::HasSubstr( "Multipath( ipMultipath: 32.1.13.184, 0.0.0.0, 0.0.0.0, "
+                                    "0.0.0.1 )\n" ) );
+}
+
 } // namespace
