@@ -14,8 +14,9 @@ namespace Orchard {
 
 KIV_ENUMERATION( Fruit, U8, apple = 1, pear = 7, quince = 200 );
 
-using ModuleTypes = Kiv::TypeList< Fruit, class Weight, class Basket, class Plant, class Tree,
-                                   class AppleTree, class Farm, class FarmReader, class Hidden >;
+using ModuleTypes =
+   Kiv::TypeList< Fruit, class Weight, class Basket, class Plant, class Tree, class AppleTree,
+                  class Farm, class FarmReader, Kiv::Kept< class Hidden > >;
 
 inline constexpr U16 moduleNumber = 40;
 

@@ -170,7 +170,7 @@ TEST( Registry, findsEveryTypeByItsName ) {
    for( Kiv::ModuleTable const * module : Kiv::modules() ) {
       for( U16 index = 0; index < module->count; ++index ) {
          Kiv::TypeRef const type( module->types + index );
-         // Another module may keep a place for a class that is only declared.
+         // Another module may keep a place for a class to come.
          if( type.kind() == Kiv::Kind::absent )
             continue;
          EXPECT_EQ( Kiv::typeNamed( type.name() ), type ) << type.name();

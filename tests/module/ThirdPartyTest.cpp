@@ -39,7 +39,8 @@ TEST_F( ThirdParty, registersAModuleOfItsOwn ) {
    EXPECT_TRUE( listedAsModule );
 }
 
-TEST_F( ThirdParty, keepsAPlaceForAClassThatIsOnlyDeclared ) {
+TEST_F( ThirdParty, keepsAPlaceWhereItsListSaysSo ) {
+   static_assert( !Kiv::Registered< Hidden > );
    Kiv::TypeRef const place( Kiv::TypeId{ 40, 8 } );
    EXPECT_EQ( place.kind(), Kiv::Kind::absent );
    EXPECT_FALSE( Kiv::typeNamed( "Orchard::Hidden" ) );

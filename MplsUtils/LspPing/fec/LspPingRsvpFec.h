@@ -48,7 +48,7 @@ class LspPingRsvpSubTlv : public LspPingTlvHdr {
    constexpr void sessionIs( Session session ) noexcept { session_ = session; }
 
    template < class View >
-   static constexpr auto attributesOf( Kiv::Attribute session ) {
+   static constexpr auto attributesOf( auto session ) {
       using Self = LspPingRsvpSubTlv;
       return Kiv::attributesAfter< LspPingTlvHdr >(
          session, Kiv::field< &Self::mbz0, &Self::mbz0Is >( "mbz0" ),

@@ -82,7 +82,7 @@ class LspPingDdmapBody : public LspPingDdmapHdr {
    constexpr void interfaceIs( Interface value ) noexcept { interface_ = value; }
 
    template < class View >
-   static constexpr auto bodyAttributes( Kiv::Attribute interface ) {
+   static constexpr auto bodyAttributes( auto interface ) {
       using Self = LspPingDdmapBody;
       return Kiv::attributesAfter< LspPingDdmapHdr >(
          Kiv::field< &Self::dsIpAddr, &Self::dsIpAddrIs >( "dsIpAddr" ), interface,

@@ -87,7 +87,7 @@ class LspPingDownstreamMappingBody : public LspPingDownstreamMappingHdr {
    constexpr Interface interface() const noexcept { return interface_; }
    constexpr void interfaceIs( Interface value ) noexcept { interface_ = value; }
 
-   static constexpr auto bodyAttributes( Kiv::Attribute interface ) {
+   static constexpr auto bodyAttributes( auto interface ) {
       using Self = LspPingDownstreamMappingBody;
       return Kiv::attributesAfter< LspPingDownstreamMappingHdr >(
          Kiv::field< &Self::dsIpAddr, &Self::dsIpAddrIs >( "dsIpAddr" ), interface,

@@ -76,7 +76,7 @@ class LspPingIntfAndLabelStackBody : public LspPingIntfAndLabelStackHdr {
    constexpr Interface interface() const noexcept { return interface_; }
    constexpr void interfaceIs( Interface value ) noexcept { interface_ = value; }
 
-   static constexpr auto bodyAttributes( Kiv::Attribute interface ) {
+   static constexpr auto bodyAttributes( auto interface ) {
       using Self = LspPingIntfAndLabelStackBody;
       return Kiv::attributesAfter< LspPingIntfAndLabelStackHdr >(
          Kiv::field< &Self::addr, &Self::addrIs >( "addr" ), interface );

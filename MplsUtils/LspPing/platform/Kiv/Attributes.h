@@ -21,6 +21,8 @@
 //    }
 //
 // Every row is a name and one plain function, made from the members given as template arguments.
+// The compiler refuses a setter that takes another type than the getter gives, and, where the
+// module's table is built, a name that stands twice and a member of a class that is no base.
 
 namespace Kiv {
 
@@ -195,54 +197,76 @@ constexpr Attribute row( std::string_view name, Attribute::Access access, unsign
    return attribute;
 }
 
+// A row as its class gives it. Of which classes it takes members only the compiler knows: the table
+// holds the attribute.
+template < class... Owners >
+struct Row : Attribute {};
+
+template < auto... members >
+using RowOf = Row< typename Callable< decltype( members ) >::Class... >;
+
+template < auto getter, auto setter >
+inline constexpr bool
+   takesWhatIsGiven = Callable< decltype( setter ) >::expand( []< class... A >( Of< A >... ) {
+      return std::is_same_v< void( A... ), void( ValueOf< getter > ) >;
+   } );
+
+template < auto getter, auto setter >
+constexpr RowOf< getter, setter > fieldRow( std::string_view name, Attribute::Access access,
+                                            unsigned flags ) {
+   static_assert( takesWhatIsGiven< getter, setter >,
+                  "a setter takes one argument, of the type that the getter gives" );
+   return { row< ValueOf< getter > >( name, access,
+                                      flags | Attribute::readableFlag | Attribute::writableFlag ) };
+}
+
 /// An attribute read through a getter and written through a setter.
 template < auto getter, auto setter >
-constexpr Attribute field( std::string_view name ) {
-   return row< ValueOf< getter > >( name, &accessField< getter, setter >,
-                                    Attribute::readableFlag | Attribute::writableFlag );
+constexpr auto field( std::string_view name ) {
+   return fieldRow< getter, setter >( name, &accessField< getter, setter >, 0 );
 }
 
 /// An attribute, or an operation without arguments, that can only be read.
 template < auto getter >
-constexpr Attribute computed( std::string_view name ) {
-   return row< ValueOf< getter > >( name, &accessField< getter, none >, Attribute::readableFlag );
+constexpr RowOf< getter > computed( std::string_view name ) {
+   return { row< ValueOf< getter > >( name, &accessField< getter, none >,
+                                      Attribute::readableFlag ) };
 }
 
 /// A data member that is part of a value's text and can be read and written.
 template < auto member >
-constexpr Attribute stored( std::string_view name ) {
-   return row< ValueOf< member > >( name, &accessStored< member >,
-                                    Attribute::readableFlag | Attribute::writableFlag |
-                                       Attribute::storedFlag );
+constexpr RowOf< member > stored( std::string_view name ) {
+   return { row< ValueOf< member > >( name, &accessStored< member >,
+                                      Attribute::readableFlag | Attribute::writableFlag |
+                                         Attribute::storedFlag ) };
 }
 
 /// A data member that is part of a value's text; only construction sets it.
 template < auto member >
-constexpr Attribute storedReadOnly( std::string_view name ) {
-   return row< ValueOf< member > >( name, &accessStored< member >,
-                                    Attribute::readableFlag | Attribute::storedFlag );
+constexpr RowOf< member > storedReadOnly( std::string_view name ) {
+   return { row< ValueOf< member > >( name, &accessStored< member >,
+                                      Attribute::readableFlag | Attribute::storedFlag ) };
 }
 
 /// An attribute read through a getter and written through a setter that is part of a value's text,
 /// such as some bits of a stored word.
 template < auto getter, auto setter >
-constexpr Attribute storedField( std::string_view name ) {
-   return row< ValueOf< getter > >( name, &accessStoredField< getter, setter >,
-                                    Attribute::readableFlag | Attribute::writableFlag |
-                                       Attribute::storedFlag );
+constexpr auto storedField( std::string_view name ) {
+   return fieldRow< getter, setter >( name, &accessStoredField< getter, setter >,
+                                      Attribute::storedFlag );
 }
 
 /// A constant, read as a value of type Value.
 template < auto value, class Value >
-constexpr Attribute constant( std::string_view name ) {
-   return row< Value >( name, &accessConstant< value, Value >, Attribute::readableFlag );
+constexpr Row<> constant( std::string_view name ) {
+   return { row< Value >( name, &accessConstant< value, Value >, Attribute::readableFlag ) };
 }
 
 /// An operation that takes arguments or returns nothing: it is called, and refuses to be read.
 /// `argumentNames` are separated by ", ".
 template < auto function >
-constexpr Attribute operation( std::string_view name, char const * argumentNames = "" ) {
-   Attribute attribute;
+constexpr RowOf< function > operation( std::string_view name, char const * argumentNames = "" ) {
+   RowOf< function > attribute;
    attribute.nameText = name.data();
    attribute.nameLength = static_cast< U32 >( name.size() );
    attribute.access = &callOperation< function >;
@@ -257,8 +281,8 @@ constexpr Attribute operation( std::string_view name, char const * argumentNames
 /// A data member that is a collection (`Kiv::DynArray`, `Kiv::RbTreeMap`), reached by iteration
 /// and by key.
 template < auto member >
-constexpr Attribute collection( std::string_view name, bool writable = true ) {
-   Attribute attribute;
+constexpr RowOf< member > collection( std::string_view name, bool writable = true ) {
+   RowOf< member > attribute;
    attribute.nameText = name.data();
    attribute.nameLength = static_cast< U32 >( name.size() );
    attribute.collectionRecord = &collectionRecordOf< member >;
@@ -271,9 +295,10 @@ constexpr Attribute collection( std::string_view name, bool writable = true ) {
 
 /// An attribute that the object's state may forbid to read: tools ask `guard` first, a call
 /// through the generic interface runs into the getter's assertion all the same.
-template < auto guard >
-constexpr Attribute guarded( Attribute attribute ) {
+template < auto guard, class... Owners >
+constexpr auto guarded( Row< Owners... > guardedRow ) {
    using Class = typename Callable< decltype( guard ) >::Class;
+   Row< Class, Owners... > attribute{ guardedRow };
    attribute.guard = []( void const * object ) -> bool {
       return ( static_cast< Class const * >( object )->*guard )();
    };
@@ -281,21 +306,21 @@ constexpr Attribute guarded( Attribute attribute ) {
 }
 
 /// A class's own attributes in their order, and the class whose attributes come before them.
-template < class Base_, std::size_t n >
+template < class Base_, class... Rows >
 struct AttributeTable {
    using Base = Base_;
-   static constexpr std::size_t size = n;
-   std::array< Attribute, n > rows;
+   static constexpr std::size_t size = sizeof...( Rows );
+   std::array< Attribute, size > rows;
 };
 
 template < class... Rows >
 constexpr auto attributes( Rows... rows ) {
-   return AttributeTable< void, sizeof...( Rows ) >{ { rows... } };
+   return AttributeTable< void, Rows... >{ { rows... } };
 }
 
 template < class Base, class... Rows >
 constexpr auto attributesAfter( Rows... rows ) {
-   return AttributeTable< Base, sizeof...( Rows ) >{ { rows... } };
+   return AttributeTable< Base, Rows... >{ { rows... } };
 }
 
 } // namespace Kiv

@@ -12,9 +12,11 @@
 #include "MplsUtils/LspPing/platform/Kiv/TypeRecord.h"
 #include "MplsUtils/LspPing/platform/Orlo/Node.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <memory>
+#include <span>
 #include <utility>
 
 // Turns the list of a module's types into its table. Included by the one source file of each
@@ -129,6 +131,10 @@ constexpr Operations operationsFor() {
 template < class T >
 inline constexpr Operations operationsOf = operationsFor< T >();
 
+// The class whose attributes come before those of T, or void.
+template < HasAttributes T >
+using BaseOf = typename decltype( T::kivAttributes() )::Base;
+
 // The attributes of a class and of all its bases, found by name, for those that forward them.
 template < class T >
 constexpr bool findAttribute( std::string_view name, Attribute & found ) {
@@ -146,7 +152,7 @@ constexpr bool findAttribute( std::string_view name, Attribute & found ) {
          return true;
       }
    }
-   using Base = typename decltype( T::kivAttributes() )::Base;
+   using Base = BaseOf< T >;
    if constexpr( !std::is_void_v< Base > )
       return findAttribute< Base >( name, found );
    return false;
@@ -179,28 +185,29 @@ constexpr std::size_t nameCount( std::string_view names ) {
 
 // A class that forwards names what it forwards; its own attributes come first.
 template < HasAttributes T >
-constexpr auto allAttributesOf() {
+constexpr auto allRowsOf() {
    constexpr auto own = T::kivAttributes();
    if constexpr( requires { T::kivForwarded; } ) {
-      AttributeTable< void, own.size + nameCount( T::kivForwarded ) > table{};
-      for( std::size_t i = 0; i < own.size; ++i )
-         table.rows[i] = own.rows[i];
-      forwardAttributes< typename T::KivForwardedFrom >( T::kivForwarded, table.rows, own.size );
-      return table;
+      std::array< Attribute, own.size + nameCount( T::kivForwarded ) > rows{};
+      std::copy( own.rows.begin(), own.rows.end(), rows.begin() );
+      forwardAttributes< typename T::KivForwardedFrom >( T::kivForwarded, rows, own.size );
+      return rows;
    } else {
-      return own;
+      return own.rows;
    }
 }
 
 template < class T >
 constexpr U8 firstAttributeId() {
-   constexpr bool hasBase = !std::is_void_v< typename decltype( allAttributesOf< T >() )::Base >;
-   return hasBase || kindOf< T >() == Kind::object || kindOf< T >() == Kind::constant ? 130 : 2;
+   return !std::is_void_v< BaseOf< T > > || kindOf< T >() == Kind::object ||
+                kindOf< T >() == Kind::constant
+             ? 130
+             : 2;
 }
 
 template < class T >
 inline constexpr auto attributeRows = [] {
-   auto rows = allAttributesOf< T >().rows;
+   auto rows = allRowsOf< T >();
    U16 id = firstAttributeId< T >();
    for( Attribute & row : rows )
       row.id = id++;
@@ -212,6 +219,71 @@ template < class T >
    attributeSlots = nameSlots< attributeRows< T >.size() >( []( std::size_t i ) {
       return attributeRows< T >[i].name();
    } );
+
+// Whether a row of T may use a member of Owner: it takes the object's address for that of an Owner.
+// What belongs to no class uses no object.
+template < class T, class Owner >
+inline constexpr bool mayUse = std::is_void_v< Owner > || std::is_base_of_v< Owner, T >;
+
+template < class T, class... Owners >
+constexpr void checkRow( Of< Row< Owners... > > ) {
+   static_assert(
+      ( mayUse< T, Owners > && ... ),
+      "an attribute is made of a member of a class that is neither its own nor a base of it" );
+}
+
+template < class T, class Base, class... Rows >
+constexpr void checkRows( AttributeTable< Base, Rows... > const & ) {
+   ( checkRow< T >( Of< Rows >{} ), ... );
+}
+
+// Compares lengths first: this runs in the compiler, for every two rows.
+constexpr bool hasNameOf( std::span< Attribute const > rows, Attribute const & other ) {
+   for( Attribute const & row : rows ) {
+      if( row.nameLength == other.nameLength && row.name() == other.name() )
+         return true;
+   }
+   return false;
+}
+
+template < class T >
+constexpr bool baseHasNameOf( Attribute const & row ) {
+   using Base = BaseOf< T >;
+   if constexpr( requires { T::kivAccessors(); } ) {
+      if( hasNameOf( T::kivAccessors().rows, row ) )
+         return true;
+   }
+   if constexpr( !std::is_void_v< Base > )
+      return hasNameOf( attributeRows< Base >, row ) || baseHasNameOf< Base >( row );
+   return false;
+}
+
+// The first row whose name stands before it already, or how many rows there are.
+template < class T >
+constexpr std::size_t repeatedRow() {
+   std::span< Attribute const > const rows = attributeRows< T >;
+   std::size_t row = 0;
+   while( row < rows.size() && !hasNameOf( rows.first( row ), rows[row] ) &&
+          !baseHasNameOf< T >( rows[row] ) )
+      ++row;
+   return row;
+}
+
+template < class T, std::size_t row >
+constexpr void checkNames() {
+   static_assert( row == attributeRows< T >.size(),
+                  "a name stands twice among the attributes of a class and its bases" );
+}
+
+template < class T >
+constexpr void checkAttributes() {
+   checkRows< T >( T::kivAttributes() );
+   if constexpr( requires { T::kivAccessors(); } )
+      checkRows< T >( T::kivAccessors() );
+   checkNames< T, repeatedRow< T >() >();
+   if constexpr( requires { T::kivForwarded; } )
+      checkAttributes< typename T::KivForwardedFrom >();
+}
 
 template < class T >
 constexpr TypeRecord recordOf( TypeId id ) {
@@ -229,7 +301,8 @@ constexpr TypeRecord recordOf( TypeId id ) {
       r.enumeratorCount = static_cast< U16 >( EnumerationOf< T >::rows.size() );
       r.underlying = typeIdOf< std::underlying_type_t< T > >;
    } else if constexpr( HasAttributes< T > ) {
-      using Base = typename decltype( allAttributesOf< T >() )::Base;
+      checkAttributes< T >();
+      using Base = BaseOf< T >;
       if constexpr( !std::is_void_v< Base > ) {
          // Accesses that are forwarded to the base use the object's own address.
          static_assert( std::is_base_of_v< Base, T > );
@@ -244,22 +317,48 @@ constexpr TypeRecord recordOf( TypeId id ) {
    return r;
 }
 
-// A class that is declared but not defined where the table stands keeps its place only, and so does
-// one that forwards the attributes of such a class.
 template < class T >
-constexpr bool present() {
+constexpr bool isDefined() {
    if constexpr( std::is_enum_v< T > )
       return requires {
          kivEnumerators( Of< T >{} );
       };
-   else if constexpr( !requires { sizeof( T ); } )
-      return false;
-   else if constexpr( requires { typename T::KivForwardedFrom; } )
+   else
       return requires {
-         sizeof( typename T::KivForwardedFrom );
+         sizeof( T );
       };
+}
+
+// Whether the class is defined whose attributes T forwards, if it forwards any.
+template < class T >
+constexpr bool isTargetDefined() {
+   if constexpr( requires { typename T::KivForwardedFrom; } )
+      return isDefined< typename T::KivForwardedFrom >();
    else
       return true;
+}
+
+template < class T >
+constexpr TypeRecord placeOf( Of< T >, TypeId id ) {
+   constexpr bool defined = isDefined< T >();
+   static_assert( defined, "a listed type is not defined where the module's table is built: "
+                           "include its header there, or list it as Kiv::Kept" );
+   if constexpr( defined ) {
+      constexpr bool targetDefined = isTargetDefined< T >();
+      static_assert( targetDefined, "a listed class forwards the attributes of a class that is not "
+                                    "defined where the module's table is built: include its header "
+                                    "there, or list the one that forwards as Kiv::Kept" );
+      if constexpr( targetDefined )
+         return recordOf< T >( id );
+   }
+   return {};
+}
+
+template < class T >
+constexpr TypeRecord placeOf( Of< Kept< T > >, TypeId id ) {
+   TypeRecord absent;
+   absent.id = id;
+   return absent;
 }
 
 template < class List >
@@ -270,17 +369,7 @@ struct TypeTable< TypeList< Ts... > > {
 
    static constexpr std::array< TypeRecord, size > build( U16 module ) {
       U16 next = 0;
-      auto const one = [&]< class T >( Of< T > ) {
-         TypeId const id{ module, next++ };
-         if constexpr( present< T >() ) {
-            return recordOf< T >( id );
-         } else {
-            TypeRecord absent;
-            absent.id = id;
-            return absent;
-         }
-      };
-      return { one( Of< Ts >{} )... };
+      return { placeOf( Of< Ts >{}, TypeId{ module, next++ } )... };
    }
 };
 

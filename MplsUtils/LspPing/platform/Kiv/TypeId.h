@@ -23,6 +23,11 @@ struct TypeId {
 template < class T >
 struct Of {};
 
+/// Stands in a module's list for a type that this build does not have: it keeps the place, so that
+/// the types behind it stay at theirs, and gives T no id.
+template < class T >
+struct Kept {};
+
 /// The types of a module in the order in which they are registered.
 template < class... Ts >
 struct TypeList {

@@ -1,0 +1,19 @@
+// refused: an attribute is made of a member of a class that is neither its own nor a base of it
+#include "Probe.h"
+
+namespace Probe {
+
+struct Mark {
+   U32 mark() const { return 0; }
+
+   static consteval auto kivAccessors() {
+      return Kiv::attributes( Kiv::computed< &Other::readable >( "readable" ) );
+   }
+   static consteval auto kivAttributes() {
+      return Kiv::attributes( Kiv::computed< &Mark::mark >( "mark" ) );
+   }
+};
+
+static_assert( table< Mark >.count == 1 );
+
+} // namespace Probe

@@ -1,0 +1,20 @@
+// refused: an attribute is made of a member of a class that is neither its own nor a base of it
+#include "Probe.h"
+
+namespace Probe {
+
+struct Mark {
+   static consteval auto kivAttributes();
+};
+
+struct Derived : Mark {
+   U32 mark() const { return 0; }
+};
+
+consteval auto Mark::kivAttributes() {
+   return Kiv::attributes( Kiv::computed< &Derived::mark >( "mark" ) );
+}
+
+static_assert( table< Mark >.count == 1 );
+
+} // namespace Probe

@@ -1,0 +1,14 @@
+// refused: an attribute is made of a member of a class that is neither its own nor a base of it
+#include "Probe.h"
+
+namespace Probe {
+
+struct Mark {
+   static consteval auto kivAttributes() {
+      return Kiv::attributes( Kiv::operation< &Other::add >( "add", "more" ) );
+   }
+};
+
+static_assert( table< Mark >.count == 1 );
+
+} // namespace Probe

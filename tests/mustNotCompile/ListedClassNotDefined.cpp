@@ -1,0 +1,9 @@
+// refused: a listed type is not defined where the module's table is built: include its header
+// there, or list it as Kiv::Kept
+#include "Probe.h"
+
+namespace Probe {
+
+static_assert( table< Other, class Mark >.count == 2 );
+
+} // namespace Probe

@@ -1,0 +1,11 @@
+// refused: a listed type is not defined where the module's table is built: include its header
+// there, or list it as Kiv::Kept
+#include "Probe.h"
+
+namespace Probe {
+
+enum class Mark : U32;
+
+static_assert( table< Other, Mark >.count == 2 );
+
+} // namespace Probe
