@@ -197,7 +197,8 @@ bool LspPingMessageWriter::mappings( LspPingDownstreamMappingInfoSet const & set
          ? LspPingTlvType::DownstreamDetailedMapping
          : LspPingTlvType::DownstreamMapping;
    U32 const start = size_;
-   for( auto entry = set.lspPingDownstreamMappingInfoIterator(); entry.nonnull(); entry.advance() ) {
+   for( auto entry = set.lspPingDownstreamMappingInfoIterator(); entry.nonnull();
+        entry.advance() ) {
       Info const & info = entry.value();
       OpenRow< Info > const * const row = openRowOf( code, info );
       bool const isWritten =

@@ -216,10 +216,6 @@ void LspPingMessageWriter::filled() noexcept {
       takeBack( Error::selectorWrong );
    else if( facts.hasFixedLength && !facts.hasLength( word( level.begin + header - 2 ) ) )
       takeBack( Error::lengthWrong );
-   else if( facts.behind == LspPingBehind::multipath )
-      wordIs( level.content - 3, 0 );
-   else if( facts.behind == LspPingBehind::mappingLabels && size_ >= level.content )
-      wordIs( level.content - 2, 0 );
 }
 
 // Of the innermost element, which stays open with nothing in the message.
@@ -254,6 +250,11 @@ Error LspPingMessageWriter::finish( Level const & level ) noexcept {
    case LspPingBehind::subTlvs:
    case LspPingBehind::opaqueValues:
       wordIs( level.content - 2, inside );
+      break;
+   case LspPingBehind::multipath:
+   case LspPingBehind::mappingLabels:
+      if( !level.hasMultipath )
+         wordIs( multipathLengthOf( level ), 0 );
       break;
    case LspPingBehind::stackChangeFec:
       if( inside > 0xff )

@@ -142,6 +142,7 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
       LspPingContext context = LspPingContext::message;
       // The fixed part is a view's.
       bool isView = false;
+      bool hasMultipath = false;
       // It was taken back, and nothing is written until it is closed.
       bool isTakenBack = false;
 
@@ -172,6 +173,11 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    Level * topOf( U32 id ) noexcept;
    bool isOurs( Level const & level ) const noexcept;
    bool isMappingIpv6() const noexcept;
+   // Before the information stand in the sub-TLV its type, its length and a byte, in the TLV its
+   // type, a byte and its length.
+   static U32 multipathLengthOf( Level const & level ) noexcept {
+      return level.content - ( level.behind() == LspPingBehind::multipath ? 3 : 2 );
+   }
    bool mayStand( LspPingContext context, U32 code ) const noexcept;
    bool takesBytes( Level const & level, std::size_t count ) const noexcept;
    U32 begin( LspPingContext context, LspPingElement const * facts, U32 code, U32 size,

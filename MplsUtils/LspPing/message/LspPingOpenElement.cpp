@@ -122,21 +122,22 @@ bool LspPingOpenElement::label( Velnet::MplsLabelEntry entry ) noexcept {
       LspPingLabel{ entry.label(), entry.trafficClass(), entry.bottomOfStack(), entry.ttl() } );
 }
 
-// Fills in type and length of the multipath information. Those stand before it: in the sub-TLV the
-// type, the length and a byte; in the TLV the type, a byte and the length.
+// Fills in type and length of the multipath information, which stand before it.
 U8 * LspPingOpenElement::multipathRoom( LspPingMultipathType type, std::size_t count ) noexcept {
-   auto const * const level = writer_.topOf( id_ );
+   auto * const level = writer_.topOf( id_ );
    if( level == nullptr ) {
       writer_.refuse( Error::notOpen );
       return nullptr;
    }
-   bool const isSubTlv = level->behind() == LspPingBehind::multipath;
    U8 * const at = content( writer_.size_ == level->content &&
-                               ( isSubTlv || level->behind() == LspPingBehind::mappingLabels ),
+                               ( level->behind() == LspPingBehind::multipath ||
+                                 level->behind() == LspPingBehind::mappingLabels ) &&
+                               !level->hasMultipath,
                             static_cast< U32 >( std::min( count, longestValue + 1 ) ) );
    if( at != nullptr ) {
       *writer_.at( level->content - 4 ) = static_cast< U8 >( type );
-      writer_.wordIs( level->content - ( isSubTlv ? 3 : 2 ), static_cast< U32 >( count ) );
+      writer_.wordIs( writer_.multipathLengthOf( *level ), static_cast< U32 >( count ) );
+      level->hasMultipath = true;
    }
    return at;
 }
