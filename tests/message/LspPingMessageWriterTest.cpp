@@ -467,6 +467,32 @@ TEST( LspPingMessageWriter, isNotWrittenToWhileItHasAViewFilled ) {
                  } );
               } ),
               "misplaced at 40: 00 0c 00 04 00 00 00 01" );
+   EXPECT_EQ( written( []( Writer & writer ) {
+                 auto errored = writer.open( LspPingTlvType::ErrorTlv );
+                 writer.add< LspPingEchoJitterTlv >( [&]( auto & tlv ) {
+                    EXPECT_FALSE( errored.close() );
+                    EXPECT_FALSE( errored.takeBack( Error::noRoom ) );
+                    tlv.jitterIs( 1 );
+                 } );
+              } ),
+              "misplaced at 44: 00 09 00 08 00 0c 00 04 00 00 00 01" );
+}
+
+// As an agent does that finds no answer to put into it.
+TEST( LspPingMessageWriter, takesBackAnElementWithAllThatStandsInIt ) {
+   EXPECT_EQ( written( []( Writer & writer ) {
+                 writer.add< LspPingEchoJitterTlv >( asZeros );
+                 auto stack = writer.open( LspPingTlvType::TargetFecStack );
+                 addLdp( writer );
+                 auto fec = writer.open( LspPingTargetFecSubTlvType::LDPIpv6 );
+                 EXPECT_FALSE( stack.takeBack( Error::recordUnknown ) );
+                 EXPECT_FALSE( fec );
+                 addLdp( writer );
+                 EXPECT_FALSE( stack.close() );
+                 writer.errorDel();
+                 EXPECT_TRUE( writer.add< LspPingReplyTosTlv >( asZeros ) );
+              } ),
+              "00 0c 00 04 00 00 00 00 00 0a 00 04 00 00 00 00" );
 }
 
 // A message with each way of growing, into a block of its own that ends where the span ends.

@@ -19,8 +19,9 @@ constexpr U32 roundedUp( U32 length ) noexcept {
 
 constexpr U32 longestValue = 0xffff;
 
-// What the three address types of an element's fixed part say of its opaque value: where the root's
-// length stands, and what is there besides the root itself.
+// Of a multipoint LDP FEC: the root's family and length, and the bytes of the fixed part besides
+// the root itself.
+constexpr U32 rootFamilyOffset = 4;
 constexpr U32 rootLengthOffset = 6;
 constexpr U32 besidesRoot = 9;
 
@@ -188,8 +189,8 @@ void LspPingMessageWriter::beginView( Level & level ) noexcept {
    if( facts.hasFixedLength )
       wordIs( level.begin + lspPingHeaderSize( level.context ) - 2, facts.leastLength );
    if( facts.behind == LspPingBehind::opaqueValues ) {
-      at( level.begin )[5] = 1;
-      at( level.begin )[rootLengthOffset] = sizeof( Velnet::IpAddr );
+      wordIs( level.begin + rootFamilyOffset, 1 );
+      *at( level.begin + rootLengthOffset ) = sizeof( Velnet::IpAddr );
    }
 }
 
@@ -212,7 +213,7 @@ void LspPingMessageWriter::filled() noexcept {
    LspPingElement const & facts = *level.facts;
    if( facts.chooser != 0 || !facts.isSelectedBy( bytes ) ||
        ( facts.behind == LspPingBehind::opaqueValues &&
-         ( word( level.begin + 4 ) != 1 || element[rootLengthOffset] != 4 ) ) )
+         ( word( level.begin + rootFamilyOffset ) != 1 || element[rootLengthOffset] != 4 ) ) )
       takeBack( Error::selectorWrong );
    else if( facts.hasFixedLength && !facts.hasLength( word( level.begin + header - 2 ) ) )
       takeBack( Error::lengthWrong );

@@ -47,7 +47,8 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    using Error = LspPingWriteErrorCode;
 
    /// Into the caller's bytes, and none outside of them. What lies behind the message may change.
-   explicit LspPingMessageWriter( std::span< U8 > place ) noexcept : place_( place ) {}
+   explicit LspPingMessageWriter( std::span< U8 > place ) noexcept
+      : place_( place.first( std::min< std::size_t >( place.size(), 0xffffffff ) ) ) {}
    /// Behind what is in the caller's memory, which grows. Both stay as long as the writer.
    explicit LspPingMessageWriter( std::vector< U8 > & memory ) noexcept
       : memory_( &memory ),

@@ -61,6 +61,8 @@ bool LspPingOpenElement::close() noexcept {
 }
 
 bool LspPingOpenElement::takeBack( LspPingWriteErrorCode why ) noexcept {
+   if( writer_.isFilling_ )
+      return writer_.refuse( Error::misplaced );
    // What is open in it goes with it.
    while( *this && writer_.topOf( id_ ) == nullptr )
       writer_.closeTop();
