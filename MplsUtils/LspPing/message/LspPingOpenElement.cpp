@@ -1,0 +1,272 @@
+#include "MplsUtils/LspPing/message/LspPingOpenElement.h"
+
+#include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
+
+#include <cstring>
+
+namespace LspPing {
+
+namespace {
+
+using Error = LspPingWriteErrorCode;
+using Pseudowire::PseudowireAttachmentIdentifier;
+
+constexpr std::size_t longestValue = 0xffff;
+
+std::size_t sizeOf( Velnet::IpGenAddr const & address ) noexcept {
+   return address.isIpv4()   ? sizeof( Velnet::IpAddr )
+          : address.isIpv6() ? sizeof( Velnet::Ip6Addr )
+                             : 0;
+}
+
+U8 * put( U8 * at, Velnet::IpGenAddr const & address ) noexcept {
+   if( address.isIpv4() )
+      std::memcpy( at, address.ipAddr().bytes().data(), sizeof( Velnet::IpAddr ) );
+   else if( address.isIpv6() )
+      std::memcpy( at, address.ip6Addr().bytes().data(), sizeof( Velnet::Ip6Addr ) );
+   return at + sizeOf( address );
+}
+
+void putWord( U8 * at, U32 word ) noexcept {
+   for( int i = 0; i < 4; ++i )
+      at[i] = static_cast< U8 >( word >> ( 24 - 8 * i ) );
+}
+
+U8 * put( U8 * at, std::span< U8 const > bytes ) noexcept {
+   if( !bytes.empty() )
+      std::memcpy( at, bytes.data(), bytes.size() );
+   return at + bytes.size();
+}
+
+U8 * put( U8 * at, PseudowireAttachmentIdentifier const & id ) noexcept {
+   *at++ = id.type();
+   *at++ = id.length();
+   for( U8 i = 0; i < id.length(); ++i )
+      *at++ = id.value( i );
+   return at;
+}
+
+} // namespace
+
+LspPingOpenElement::operator bool() const noexcept {
+   for( U32 i = 0; i < writer_.depth_; ++i ) {
+      if( writer_.levels_[i].id == id_ )
+         return !writer_.levels_[i].isTakenBack;
+   }
+   return false;
+}
+
+bool LspPingOpenElement::close() noexcept {
+   return writer_.close( id_ );
+}
+
+bool LspPingOpenElement::takeBack( LspPingWriteErrorCode why ) noexcept {
+   if( writer_.isFilling_ )
+      return writer_.refuse( Error::misplaced );
+   // What is open in it goes with it.
+   while( *this && writer_.topOf( id_ ) == nullptr )
+      writer_.closeTop();
+   return writer_.topOf( id_ ) != nullptr && writer_.takeBack( why );
+}
+
+// Zeros for `count` bytes behind what there is of the innermost element; null where it has no
+// place for them.
+U8 * LspPingOpenElement::content( bool isPlace, U32 count ) noexcept {
+   LspPingMessageWriter::Level const & level = *writer_.top();
+   if( level.isTakenBack )
+      return nullptr;
+   Error why = Error::none;
+   U8 * at = nullptr;
+   if( !isPlace )
+      why = Error::misplaced;
+   else if( count > longestValue )
+      why = Error::tooLong;
+   else if( at = writer_.room( count ); at == nullptr )
+      why = Error::noRoom;
+   if( why != Error::none )
+      writer_.takeBack( why );
+   return at;
+}
+
+bool LspPingOpenElement::bytes( std::span< U8 const > bytes ) noexcept {
+   auto const * const level = writer_.topOf( id_ );
+   if( level == nullptr )
+      return writer_.refuse( Error::notOpen );
+   bool const isPlace = !level->isTakenBack && writer_.takesBytes( *level, bytes.size() );
+   U8 * const at =
+      content( isPlace, static_cast< U32 >( std::min( bytes.size(), longestValue + 1 ) ) );
+   if( at != nullptr )
+      put( at, bytes );
+   return at != nullptr;
+}
+
+bool LspPingOpenElement::label( LspPingLabel label ) noexcept {
+   auto const * const level = writer_.topOf( id_ );
+   if( level == nullptr )
+      return writer_.refuse( Error::notOpen );
+   if( label.label > 0xfffff || label.trafficClass > 7 )
+      return takeBack( Error::labelTooLarge );
+   LspPingBehind const behind = level->behind();
+   U8 * const at =
+      content( writer_.size_ >= level->content && ( behind == LspPingBehind::labelStack ||
+                                                    behind == LspPingBehind::protocolLabels ||
+                                                    behind == LspPingBehind::mappingLabels ),
+               4 );
+   if( at != nullptr ) {
+      putWord( at, label.label << 12 | U32{ label.trafficClass } << 9 |
+                      U32{ label.isBottomOfStack } << 8 | label.last );
+   }
+   return at != nullptr;
+}
+
+bool LspPingOpenElement::label( Velnet::MplsLabelEntry entry ) noexcept {
+   return label(
+      LspPingLabel{ entry.label(), entry.trafficClass(), entry.bottomOfStack(), entry.ttl() } );
+}
+
+// Fills in type and length of the multipath information, which stand before it.
+U8 * LspPingOpenElement::multipathRoom( LspPingMultipathType type, std::size_t count ) noexcept {
+   auto * const level = writer_.topOf( id_ );
+   if( level == nullptr ) {
+      writer_.refuse( Error::notOpen );
+      return nullptr;
+   }
+   U8 * const at = content( writer_.size_ == level->content &&
+                               ( level->behind() == LspPingBehind::multipath ||
+                                 level->behind() == LspPingBehind::mappingLabels ) &&
+                               !level->hasMultipath,
+                            static_cast< U32 >( std::min( count, longestValue + 1 ) ) );
+   if( at != nullptr ) {
+      *writer_.at( level->content - 4 ) = static_cast< U8 >( type );
+      writer_.wordIs( writer_.multipathLengthOf( *level ), static_cast< U32 >( count ) );
+      level->hasMultipath = true;
+   }
+   return at;
+}
+
+// Whether a reader takes it for what it is.
+bool LspPingOpenElement::multipathDone( LspPingMultipathType type, std::size_t count,
+                                        bool isIpv6 ) noexcept {
+   U8 const * const begin = writer_.at( writer_.size_ ) - count;
+   LspPingMultipath const multipath( type, { begin, count }, writer_.isMappingIpv6() );
+   if( multipath.isWellFormed() && ( count == 0 || multipath.isIpv6() == isIpv6 ) )
+      return true;
+   return takeBack( Error::multipathWrong );
+}
+
+bool LspPingOpenElement::multipath( LspPingMultipathType type,
+                                    std::span< U8 const > information ) noexcept {
+   U8 * const at = multipathRoom( type, information.size() );
+   if( at == nullptr )
+      return false;
+   put( at, information );
+   LspPingMultipath const read( type, { at, information.size() }, writer_.isMappingIpv6() );
+   return multipathDone( type, information.size(), read.isIpv6() );
+}
+
+bool LspPingOpenElement::multipathAddresses(
+   std::span< Velnet::IpGenAddr const > addresses ) noexcept {
+   std::size_t count = 0;
+   bool const isIpv6 = !addresses.empty() && addresses.front().isIpv6();
+   bool isOneFamily = true;
+   for( Velnet::IpGenAddr const & address : addresses ) {
+      count += sizeOf( address );
+      isOneFamily &= sizeOf( address ) == ( isIpv6 ? 16 : 4 );
+   }
+   U8 * at = multipathRoom( LspPingMultipathType::ipMultipath, count );
+   if( at == nullptr )
+      return false;
+   for( Velnet::IpGenAddr const & address : addresses )
+      at = put( at, address );
+   return isOneFamily ? multipathDone( LspPingMultipathType::ipMultipath, count, isIpv6 )
+                      : takeBack( Error::multipathWrong );
+}
+
+bool LspPingOpenElement::multipathRanges(
+   std::span< LspPingMultipath::Item const > ranges ) noexcept {
+   std::size_t count = 0;
+   bool const isIpv6 = !ranges.empty() && ranges.front().first.isIpv6();
+   bool isOneFamily = true;
+   for( LspPingMultipath::Item const & range : ranges ) {
+      count += sizeOf( range.first ) + sizeOf( range.last );
+      isOneFamily &= sizeOf( range.first ) == ( isIpv6 ? 16 : 4 ) &&
+                     range.first.family() == range.last.family();
+   }
+   U8 * at = multipathRoom( LspPingMultipathType::ipRangeMultipath, count );
+   if( at == nullptr )
+      return false;
+   for( LspPingMultipath::Item const & range : ranges )
+      at = put( put( at, range.first ), range.last );
+   return isOneFamily ? multipathDone( LspPingMultipathType::ipRangeMultipath, count, isIpv6 )
+                      : takeBack( Error::multipathWrong );
+}
+
+bool LspPingOpenElement::multipathSet( Velnet::IpGenAddr const & base,
+                                       std::span< U8 const > mask ) noexcept {
+   std::size_t const count = sizeOf( base ) + mask.size();
+   U8 * const at = multipathRoom( LspPingMultipathType::maskedIpSetMultipath, count );
+   if( at == nullptr )
+      return false;
+   put( put( at, base ), mask );
+   return sizeOf( base ) > 0
+             ? multipathDone( LspPingMultipathType::maskedIpSetMultipath, count, base.isIpv6() )
+             : takeBack( Error::multipathWrong );
+}
+
+bool LspPingOpenElement::multipathLabels( U32 base, std::span< U8 const > mask ) noexcept {
+   std::size_t const count = 4 + mask.size();
+   U8 * const at = multipathRoom( LspPingMultipathType::maskedLabelSetMultipath, count );
+   if( at == nullptr )
+      return false;
+   if( base > 0xfffff )
+      return takeBack( Error::labelTooLarge );
+   putWord( at, base );
+   put( at + 4, mask );
+   return multipathDone( LspPingMultipathType::maskedLabelSetMultipath, count, false );
+}
+
+bool LspPingOpenElement::pwGenId( Pseudowire::PseudowireGenId const & id,
+                                  LspPingPaddingCount padding ) noexcept {
+   auto const * const level = writer_.topOf( id_ );
+   if( level == nullptr )
+      return writer_.refuse( Error::notOpen );
+   constexpr U8 longest = PseudowireAttachmentIdentifier::maxLength;
+   // Types and lengths of zero name nothing.
+   if( id == Pseudowire::PseudowireGenId() || id.agi().length() > longest ||
+       id.saii().length() > longest || id.taii().length() > longest )
+      return takeBack( Error::identifiersWrong );
+   U32 const size = 6u + id.agi().length() + id.saii().length() + id.taii().length();
+   U32 const begin = writer_.size_ - level->begin;
+   U32 const zeros = padding == LspPingPaddingCount::with ? ( 4 - ( begin + size ) % 4 ) % 4 : 0;
+   U8 * const at =
+      content( level->behind() == LspPingBehind::identifiers && writer_.size_ == level->content,
+               size + zeros );
+   if( at != nullptr )
+      put( put( put( at, id.agi() ), id.saii() ), id.taii() );
+   return at != nullptr;
+}
+
+bool LspPingOpenElement::rootAddr( Velnet::IpGenAddr const & address ) noexcept {
+   auto * const level = writer_.topOf( id_ );
+   if( level == nullptr )
+      return writer_.refuse( Error::notOpen );
+   if( level->isTakenBack )
+      return false;
+   if( level->behind() != LspPingBehind::opaqueValues || writer_.size_ != level->content )
+      return takeBack( Error::misplaced );
+   if( sizeOf( address ) == 0 )
+      return takeBack( Error::rootWrong );
+   // Family, the address's length, the address and the opaque value's length.
+   constexpr U32 rootAt = 7;
+   writer_.cut( level->begin + rootAt );
+   if( content( true, static_cast< U32 >( sizeOf( address ) + 2 ) ) == nullptr )
+      return false;
+   level->content = writer_.size_;
+   U8 * const element = writer_.at( level->begin );
+   element[5] = address.isIpv4() ? 1 : 2;
+   element[6] = static_cast< U8 >( sizeOf( address ) );
+   put( element + rootAt, address );
+   return true;
+}
+
+} // namespace LspPing

@@ -1,0 +1,180 @@
+#include "tests/message/MessageBytes.h"
+#include "tests/message/RandomMessage.h"
+#include "tests/message/Rewrite.h"
+
+#include <cstdio>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <set>
+
+namespace {
+
+using namespace LspPing;
+using namespace MessageBytes;
+using Writer = LspPingMessageWriter;
+
+// Every class with facts beside it can be opened or added.
+template < class T >
+constexpr bool isWritten() {
+   if constexpr( !requires { T::element; } )
+      return true;
+   else if constexpr( std::is_same_v< T, LspPingPadTlv > )
+      return requires( Writer & writer ) {
+         writer.add< T >( []( T & ) {} );
+      };
+   else
+      return requires( Writer & writer ) {
+         writer.open< T >( []( T & ) {} );
+      };
+}
+template < class... Ts >
+constexpr bool areWritten( Kiv::TypeList< Ts... > ) {
+   return ( isWritten< Ts >() && ... );
+}
+static_assert( areWritten( LspPingHdrTypes{} ) );
+
+// What became of the message: empty where reading, writing and reading gives the same.
+std::string differenceOf( std::span< U8 const > bytes, LspPingMessageReader & reader,
+                          Bytes & memory ) {
+   LspPingMessage const & message = reader.read( bytes );
+   if( !message.problems().empty() )
+      return problemOf( bytes );
+   memory.clear();
+   Writer writer( memory );
+   Rewrite::message( writer, message );
+   if( writer.error() )
+      return std::string( lspPingWriteErrorName( writer.error().code ) );
+   if( !std::equal( memory.begin(), memory.end(), bytes.begin(), bytes.end() ) )
+      return hexOf( bytes ) + "\nbecame\n" + hexOf( memory );
+   return {};
+}
+
+TEST( LspPingReadWriteRead, givesTheSameBytesForRandomMessages ) {
+   LspPingMessageReader reader;
+   Bytes message;
+   Bytes memory;
+   std::set< LspPingElementRow const * > seen;
+   std::size_t opened = 0;
+   for( U64 seed = 0; seed < 100000; ++seed ) {
+      message.clear();
+      Writer writer( message );
+      RandomMessage( seed ).write( writer );
+      ASSERT_EQ( lspPingWriteErrorName( writer.error().code ), "none" )
+         << "seed " << seed << " offset " << writer.error().offset << ": " << hexOf( message );
+      ASSERT_EQ( differenceOf( message, reader, memory ), "" )
+         << "seed " << seed << ": " << hexOf( message );
+      for( U32 i = 0; i < reader.message().elementCount(); ++i ) {
+         seen.insert( reader.message().element( i ).row() );
+         opened += Rewrite::isOpened( reader.message().element( i ) ) ? 1 : 0;
+      }
+   }
+   for( LspPingElementRow const & row : lspPingElements() ) {
+      // Where the choosing byte is known, the chosen view describes the element.
+      EXPECT_EQ( seen.contains( &row ), row.facts.chooser == 0 )
+         << int( row.facts.context ) << ' ' << row.code();
+   }
+   EXPECT_GT( opened, 50000u );
+}
+
+// What a packet carries: UDP data where one of the ports is that of LSP Ping and the length fits,
+// or what is behind the header of its associated channel (RFC 5586, channel type 0x25).
+Bytes messageOf( std::span< U8 const > packet ) {
+   auto const word = [&]( std::size_t at ) {
+      return std::size_t{ packet[at] } << 8 | packet[at + 1];
+   };
+   for( std::size_t at = 0; at + 36 <= packet.size(); ++at ) {
+      std::size_t const left = packet.size() - at;
+      if( ( word( at ) == 3503 || word( at + 2 ) == 3503 ) && word( at + 4 ) >= 40 &&
+          word( at + 4 ) <= left ) {
+         auto const data = packet.subspan( at + 8, word( at + 4 ) - 8 );
+         return { data.begin(), data.end() };
+      }
+      if( word( at ) == 0x1000 && word( at + 2 ) == 0x25 ) {
+         auto const data = packet.subspan( at + 4 );
+         return { data.begin(), data.end() };
+      }
+   }
+   return {};
+}
+
+std::vector< Bytes > messagesOf( std::string const & path ) {
+   std::ifstream file( path, std::ios::binary );
+   Bytes const capture{ std::istreambuf_iterator< char >( file ), {} };
+   std::vector< Bytes > messages;
+   // A pcap file, little-endian: its header, and one before each packet with the size at 8.
+   for( std::size_t at = 24; at + 16 <= capture.size(); ) {
+      std::size_t const size = capture[at + 8] | std::size_t{ capture[at + 9] } << 8;
+      messages.push_back( messageOf( std::span( capture ).subspan( at + 16, size ) ) );
+      at += 16 + size;
+   }
+   return messages;
+}
+
+TEST( LspPingReadWriteRead, givesTheSameBytesForTheSamples ) {
+   LspPingMessageReader reader;
+   Bytes memory;
+   std::vector< Bytes > const messages = messagesOf( LSPPING_SAMPLES "/echo.pcap" );
+   EXPECT_EQ( messages.size(), 58u );
+   for( Bytes const & message : messages )
+      EXPECT_EQ( differenceOf( message, reader, memory ), "" );
+}
+
+// Each row on its own, where it may stand.
+TEST( LspPingReadWriteRead, findsEachElementOfTheTable ) {
+   for( LspPingElementRow const & row : lspPingElements() ) {
+      Bytes memory;
+      Writer writer( memory );
+      RandomMessage random( row.code() );
+      writer.header( []( LspPingHdr & header ) { header.messageTypeIs( 1 ); } );
+      auto const write = [&] { random.element( writer, row, 4 ); };
+      switch( row.facts.context ) {
+      case LspPingContext::message:
+         write();
+         break;
+      case LspPingContext::targetFec: {
+         auto const stack = writer.open( LspPingTlvType::TargetFecStack );
+         write();
+         break;
+      }
+      case LspPingContext::ddmap: {
+         auto const mapping = writer.open< LspPingDdmapTlv >();
+         write();
+         break;
+      }
+      case LspPingContext::p2mpResponder: {
+         auto const responder = writer.open( LspPingTlvType::P2mpRespId );
+         // A node's address that stands first is part of the view.
+         writer.add( LspPingContext::p2mpResponder, 1, Bytes( 4 ) );
+         write();
+         break;
+      }
+      case LspPingContext::vendorPrivate: {
+         auto const vendor = writer.open< LspPingVeloraVendorPrivateTlv >( []( auto & tlv ) {
+            tlv.vendorIanaIs( static_cast< U32 >( LspPingVendorIana::VeloraIana ) );
+         } );
+         write();
+         break;
+      }
+      case LspPingContext::opaqueValue: {
+         auto const stack = writer.open( LspPingTlvType::TargetFecStack );
+         auto const fec = writer.open< LspPingP2mpFecStackSubTlv >();
+         write();
+         break;
+      }
+      }
+      ASSERT_EQ( lspPingWriteErrorName( writer.error().code ), "none" ) << row.code();
+      LspPingMessageReader reader;
+      LspPingMessage const & message = reader.read( memory );
+      EXPECT_EQ( problemOf( memory ), "" ) << row.code();
+      bool isFound = false;
+      for( U32 i = 0; i < message.elementCount(); ++i ) {
+         LspPingElementRef const element = message.element( i );
+         isFound =
+            isFound || ( element.context() == row.facts.context && element.code() == row.code() );
+      }
+      EXPECT_TRUE( isFound ) << row.code();
+   }
+}
+
+} // namespace

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "MplsUtils/LspPing/message/LspPingMessageReader.h"
+#include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What tests of whole messages need.
+namespace MessageBytes {
+
+using Bytes = std::vector< U8 >;
+
+/// "0a 00 ff"
+inline std::string hexOf( std::span< U8 const > bytes ) {
+   constexpr std::string_view digits = "0123456789abcdef";
+   std::string text;
+   for( U8 const byte : bytes ) {
+      if( !text.empty() )
+         text += ' ';
+      text += digits[byte >> 4];
+      text += digits[byte & 15];
+   }
+   return text;
+}
+
+/// The bytes behind the header of what `write` makes of a message whose header is written.
+template < class Write >
+std::string written( Write write ) {
+   Bytes memory;
+   LspPing::LspPingMessageWriter writer( memory );
+   writer.header( []( LspPing::LspPingHdr & header ) { header.messageTypeIs( 1 ); } );
+   write( writer );
+   if( writer.error() )
+      return std::string( lspPingWriteErrorName( writer.error().code ) ) + " at " +
+             std::to_string( writer.error().offset ) + ": " +
+             hexOf( std::span( memory ).subspan( 32 ) );
+   return hexOf( std::span( memory ).subspan( 32 ) );
+}
+
+/// The first problem that a reader has with the message, empty where it has none.
+inline std::string problemOf( std::span< U8 const > bytes ) {
+   LspPing::LspPingMessageReader reader;
+   LspPing::LspPingMessage const & message = reader.read( bytes );
+   if( message.problems().empty() )
+      return {};
+   Orlo::StringBuilder text;
+   message.appendText( text, message.problems()[0] );
+   return std::string( text.view() );
+}
+
+} // namespace MessageBytes

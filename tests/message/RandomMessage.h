@@ -1,0 +1,255 @@
+#pragma once
+
+#include "MplsUtils/LspPing/LspPingHdr.h"
+#include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
+
+#include <random>
+#include <vector>
+
+/// Well-formed messages, made through the writer from random choices over the table of all
+/// elements.
+class RandomMessage {
+ public:
+   using Writer = LspPing::LspPingMessageWriter;
+   using Row = LspPing::LspPingElementRow;
+
+   explicit RandomMessage( U64 seed ) : random_( seed ) {}
+
+   void write( Writer & writer ) {
+      writer.header( [&]( LspPing::LspPingHdr & header ) {
+         fill( { reinterpret_cast< U8 * >( &header ), sizeof( header ) } );
+         header.versionIs( 1 );
+         header.messageTypeIs( static_cast< U8 >( 1 + below( 2 ) ) );
+      } );
+      for( U32 count = below( 4 ); count > 0; --count )
+         element( writer, LspPing::LspPingContext::message, 0 );
+   }
+
+   /// A given one, where it may stand.
+   void element( Writer & writer, Row const & row, U32 depth );
+
+   U32 below( U32 end ) { return static_cast< U32 >( random_() % end ); }
+
+ private:
+   using Behind = LspPing::LspPingBehind;
+   using Context = LspPing::LspPingContext;
+   using Open = LspPing::LspPingOpenElement;
+   using Bytes = std::vector< U8 >;
+
+   void fill( std::span< U8 > bytes ) {
+      for( U8 & byte : bytes )
+         byte = static_cast< U8 >( random_() );
+   }
+   Bytes some( U32 count ) {
+      Bytes bytes( count );
+      fill( bytes );
+      return bytes;
+   }
+   void element( Writer & writer, Context context, U32 depth );
+   void children( Writer & writer, Context context, U32 depth, U32 least ) {
+      for( U32 count = least + below( 3 ); count > 0; --count )
+         element( writer, context, depth );
+   }
+   void behind( Writer & writer, Open & open, Row const & row, U32 depth );
+   void multipath( Open & open );
+   Velnet::IpGenAddr address( bool isIpv6 ) {
+      U8 const last = static_cast< U8 >( random_() );
+      if( !isIpv6 )
+         return Velnet::IpAddr( 127, 0, 0, last );
+      return Velnet::Ip6Addr(
+         Velnet::Ip6Addr::Bytes{ 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff, 127, 0, 0, last } );
+   }
+
+   template < class View >
+   void viewed( Writer & writer, Row const & row, U32 depth );
+   template < class... Ts >
+   void viewedOf( Kiv::TypeList< Ts... >, Writer & writer, Row const & row, U32 depth ) {
+      auto const tryOne = [&]< class T >( Kiv::Of< T > ) {
+         if constexpr( LspPing::LspPingElementClass< T > ) {
+            if( row.type == Kiv::typeIdOf< T > )
+               viewed< T >( writer, row, depth );
+         }
+      };
+      ( tryOne( Kiv::Of< Ts >{} ), ... );
+   }
+
+   std::mt19937_64 random_;
+};
+
+// A row at random that leaves enough depth for what may stand in it, or a code that nobody knows.
+inline void RandomMessage::element( Writer & writer, Context context, U32 depth ) {
+   constexpr U32 nobodys = 200;
+   if( below( 10 ) == 0 ) {
+      writer.add( context, nobodys, some( below( 9 ) ) );
+      return;
+   }
+   std::vector< Row const * > rows;
+   for( Row const & row : LspPing::lspPingElements() ) {
+      if( row.facts.context == context && ( depth < 4 || row.facts.behind != Behind::tlvs ) )
+         rows.push_back( &row );
+   }
+   element( writer, *rows[below( static_cast< U32 >( rows.size() ) )], depth );
+}
+
+inline void RandomMessage::element( Writer & writer, Row const & row, U32 depth ) {
+   if( row.type ) {
+      viewedOf( LspPing::LspPingHdrTypes{}, writer, row, depth );
+      return;
+   }
+   auto open = writer.open( row.facts.context, row.code() );
+   U32 const least = row.facts.leastLength;
+   Bytes value = some( row.facts.hasFixedLength ? least : least + below( 6 ) );
+   if( row.facts.context == Context::targetFec && row.code() == 2 )
+      value.back() = static_cast< U8 >( below( 129 ) );
+   if( row.facts.behind == Behind::nothing )
+      open.bytes( value );
+   behind( writer, open, row, depth );
+}
+
+template < class View >
+void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
+   if constexpr( std::is_same_v< View, LspPing::LspPingPadTlv > ) {
+      writer.add< View >( [&]( View & pad ) {
+         pad.padTypeIs( static_cast< U8 >( 1 + below( 2 ) ) );
+         for( U32 i = below( 9 ); i-- > 0; )
+            pad.paddingIs( i, static_cast< U8 >( below( 256 ) ) );
+      } );
+   } else {
+      constexpr LspPing::LspPingElement const & facts = View::element;
+      constexpr std::size_t header = LspPing::lspPingHeaderSize( facts.context );
+      constexpr std::size_t offset = facts.isOverValue ? header : 0;
+      // A header that views share becomes one of theirs.
+      Row const * target = &row;
+      while( target->facts.chooser != 0 ) {
+         auto const rows = LspPing::lspPingElements();
+         Row const & other = rows[below( static_cast< U32 >( rows.size() ) )];
+         if( other.facts.context == row.facts.context && other.code() == row.code() )
+            target = &other;
+      }
+      auto open = writer.open< View >( row.code(), [&]( View & view ) {
+         U8 * const bytes = reinterpret_cast< U8 * >( &view ) - offset;
+         std::vector< U8 > const before( bytes + offset, bytes + offset + sizeof( View ) );
+         fill( { bytes + offset, sizeof( View ) } );
+         auto const keep = [&]( std::size_t at ) {
+            if( at >= offset )
+               bytes[at] = before[at - offset];
+         };
+         for( std::size_t i = 0; i < header; ++i )
+            keep( i );
+         for( std::size_t i = 0; i < facts.selectorCount; ++i )
+            keep( facts.selectors[i].offset );
+         if( facts.chooser != 0 )
+            bytes[facts.chooser] = target->facts.selectors[0].value;
+         // The root's family and length.
+         if( facts.behind == Behind::opaqueValues ) {
+            for( std::size_t i = 4; i < 7; ++i )
+               keep( i );
+         }
+         if constexpr( requires { view.prefixLenIs( 0 ); } )
+            view.prefixLenIs( static_cast< U8 >( below( 8 * sizeof( view.ipPrefix() ) + 1 ) ) );
+         if constexpr( requires { view.pwId(); } )
+            view.mbzIs( 0 );
+         if constexpr( requires { view.vendorIana(); } ) {
+            using LspPing::LspPingVendorIana;
+            view.vendorIanaIs(
+               below( 2 ) == 0 ? 9 : static_cast< U32 >( LspPingVendorIana::VeloraIana ) );
+         }
+         if( facts.otherLength != 0 && below( 2 ) == 0 )
+            bytes[3] = static_cast< U8 >( facts.otherLength );
+      } );
+      if( offset + sizeof( View ) < target->fixedSize() && facts.chooser != 0 )
+         open.bytes( some( target->fixedSize() - static_cast< U32 >( offset + sizeof( View ) ) ) );
+      behind( writer, open, *target, depth );
+   }
+}
+
+inline void RandomMessage::behind( Writer & writer, Open & open, Row const & row, U32 depth ) {
+   switch( row.facts.behind ) {
+   case Behind::nothing:
+   case Behind::padding:
+      return;
+   case Behind::tlvs:
+      return children( writer, Context::message, depth + 1, 1 );
+   case Behind::fecs:
+      return children( writer, Context::targetFec, depth + 1, 1 );
+   case Behind::subTlvs:
+      return children( writer, Context::ddmap, depth + 1, 0 );
+   case Behind::responderTlvs:
+      return children( writer, Context::p2mpResponder, depth + 1, 0 );
+   case Behind::stackChangeFec: {
+      if( below( 4 ) == 0 )
+         return;
+      if( below( 3 ) != 0 )
+         return element( writer, Context::targetFec, depth + 1 );
+      auto const stack = writer.open( LspPing::LspPingTlvType::TargetFecStack );
+      return element( writer, Context::targetFec, depth + 2 );
+   }
+   case Behind::vendorTlvs: {
+      // Which of the two it is, the TLV says in its second word.
+      std::span< U8 const > const message = writer.bytes();
+      if( message[message.size() - 1] == 9 && message[message.size() - 2] == 0 )
+         open.bytes( some( below( 6 ) ) );
+      else
+         children( writer, Context::vendorPrivate, depth + 1, 0 );
+      return;
+   }
+   case Behind::opaqueValues:
+      if( below( 2 ) == 0 )
+         open.rootAddr( address( below( 2 ) == 0 ) );
+      return children( writer, Context::opaqueValue, depth + 1, 0 );
+   case Behind::identifiers: {
+      using Id = Pseudowire::PseudowireAttachmentIdentifier;
+      auto const id = [&] {
+         Id made( static_cast< U8 >( 1 + below( 255 ) ), static_cast< U8 >( below( 9 ) ) );
+         for( U8 i = 0; i < made.length(); ++i )
+            made.valueIs( i, static_cast< U8 >( below( 256 ) ) );
+         return made;
+      };
+      open.pwGenId( { id(), id(), id() },
+                    static_cast< LspPing::LspPingPaddingCount >( below( 2 ) ) );
+      return;
+   }
+   case Behind::multipath:
+      return multipath( open );
+   case Behind::mappingLabels:
+      multipath( open );
+      [[fallthrough]];
+   case Behind::protocolLabels:
+   case Behind::labelStack:
+      for( U32 count = below( 4 ); count > 0; --count ) {
+         open.label( LspPing::LspPingLabel{ below( 1 << 20 ), static_cast< U8 >( below( 8 ) ),
+                                            below( 2 ) == 0, static_cast< U8 >( below( 256 ) ) } );
+      }
+      return;
+   }
+}
+
+inline void RandomMessage::multipath( Open & open ) {
+   bool const isIpv6 = below( 2 ) == 0;
+   Bytes const mask = some( 4 + 4 * below( 3 ) );
+   std::vector< Velnet::IpGenAddr > addresses;
+   std::vector< LspPing::LspPingMultipath::Item > ranges;
+   for( U32 count = below( 4 ); count > 0; --count ) {
+      addresses.push_back( address( isIpv6 ) );
+      ranges.push_back( { address( isIpv6 ), address( isIpv6 ) } );
+   }
+   switch( below( 6 ) ) {
+   case 0:
+      open.multipathAddresses( addresses );
+      return;
+   case 1:
+      open.multipathRanges( ranges );
+      return;
+   case 2:
+      open.multipathSet( address( isIpv6 ), mask );
+      return;
+   case 3:
+      open.multipathLabels( below( 1 << 20 ), mask );
+      return;
+   case 4:
+      open.multipath( LspPing::LspPingMultipathType( 77 ), mask );
+      return;
+   default:
+      return;
+   }
+}
