@@ -39,6 +39,33 @@ TEST( LspPingMessageWriter, leavesTheMessageAsItWasWhereSomethingIsMisplaced ) {
               "nothingInIt at 32: " );
 }
 
+// RFC 8029 section 3.4.1.3, be there the TLV of the stack around it or not.
+TEST( LspPingMessageWriter, writesOneFecIntoAFecStackChange ) {
+   auto const changeOf = []( auto write ) {
+      return written( [&]( Writer & writer ) {
+                auto mapping = writer.open< LspPingDdmapTlv >();
+                auto change = writer.open< LspPingFecStackChangeUnspecifiedSubTlv >();
+                write( writer );
+             } )
+         .substr( 0, 15 );
+   };
+   EXPECT_EQ( changeOf( []( Writer & writer ) {
+                 addLdp( writer );
+                 EXPECT_FALSE( writer.error() );
+                 addLdp( writer );
+              } ),
+              "misplaced at 72" );
+   EXPECT_EQ( changeOf( []( Writer & writer ) {
+                 auto stack = writer.open( LspPingTlvType::TargetFecStack );
+                 addLdp( writer );
+                 EXPECT_FALSE( writer.error() );
+                 addLdp( writer );
+              } ),
+              "misplaced at 76" );
+   EXPECT_EQ( changeOf( []( Writer & writer ) { writer.add< LspPingReplyTosTlv >( asZeros ); } ),
+              "misplaced at 60" );
+}
+
 TEST( LspPingMessageWriter, refusesWhatContradictsTheFacts ) {
    EXPECT_EQ( written( []( Writer & writer ) {
                  writer.add< LspPingEchoJitterTlv >( LspPingTlvType::Pad, asZeros );
