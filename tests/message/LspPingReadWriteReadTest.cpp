@@ -126,7 +126,7 @@ TEST( LspPingReadWriteRead, findsEachElementOfTheTable ) {
       Bytes memory;
       Writer writer( memory );
       RandomMessage random( row.code() );
-      writer.header( []( LspPingHdr & header ) { header.messageTypeIs( 1 ); } );
+      writer.header( asRequest );
       auto const write = [&] { random.element( writer, row, 4 ); };
       switch( row.facts.context ) {
       case LspPingContext::message:

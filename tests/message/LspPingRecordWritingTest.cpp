@@ -13,8 +13,6 @@ using Fec = LspPingTargetFecSubTlvType;
 using Velnet::IpAddr;
 using Writer = LspPingMessageWriter;
 
-constexpr auto asRequest = []( LspPingHdr & header ) { header.messageTypeIs( 1 ); };
-
 // The FEC of a stack that the record is written as, or the error.
 std::string fecOf( LspPingFecInfo const & info ) {
    return written( [&]( Writer & writer ) {
@@ -24,7 +22,7 @@ std::string fecOf( LspPingFecInfo const & info ) {
    } );
 }
 
-LspPingFecInfo ldp() {
+LspPingFecInfo ldpInfo() {
    LspPingFecInfo info;
    info.fecTlvTypeIs( Fec::LDPIpv4 );
    info.dstPrefixIs( { IpAddr( 10, 1, 2, 0 ), 24 } );
@@ -32,7 +30,7 @@ LspPingFecInfo ldp() {
 }
 
 TEST( LspPingRecordWriting, writesAFecThroughItsView ) {
-   EXPECT_EQ( fecOf( ldp() ), "00 01 00 10 00 63 00 00 00 01 00 05 0a 01 02 00 18 00 00 00" );
+   EXPECT_EQ( fecOf( ldpInfo() ), "00 01 00 10 00 63 00 00 00 01 00 05 0a 01 02 00 18 00 00 00" );
    LspPingFecInfo sr;
    sr.fecTlvTypeIs( Fec::SRIpv4Deprecated );
    sr.dstPrefixIs( { IpAddr( 10, 1, 2, 3 ), 32 } );
@@ -45,10 +43,10 @@ TEST( LspPingRecordWriting, writesAFecThroughItsView ) {
 TEST( LspPingRecordWriting, tellsWhatAFecDoesNotSay ) {
    std::string const before = " at 40: 00 01 00 04 00 63 00 00";
    EXPECT_EQ( fecOf( {} ), "recordUnknown" + before );
-   LspPingFecInfo info = ldp();
+   LspPingFecInfo info = ldpInfo();
    info.fecTlvTypeIs( Fec::GenericIpv6 );
    EXPECT_EQ( fecOf( info ), "recordIncomplete" + before );
-   info = ldp();
+   info = ldpInfo();
    info.fecTlvLenIs( 6 );
    EXPECT_EQ( fecOf( info ), "recordContradicts" + before );
    // No numbers of the edges.
@@ -67,12 +65,12 @@ TEST( LspPingRecordWriting, tellsWhatAFecDoesNotSay ) {
 
 TEST( LspPingRecordWriting, writesAStackWhosePositionsFollowEachOther ) {
    LspPingFecStack stack;
-   stack.fecInfoIs( 0, ldp() );
-   stack.fecInfoIs( 1, ldp() );
+   stack.fecInfoIs( 0, ldpInfo() );
+   stack.fecInfoIs( 1, ldpInfo() );
    EXPECT_EQ( written( [&]( Writer & writer ) { EXPECT_TRUE( writer.fecStack( stack ) ); } ),
               "00 01 00 18 00 01 00 05 0a 01 02 00 18 00 00 00 00 01 00 05 0a 01 02 00 18 00 00 "
               "00" );
-   stack.fecInfoIs( 3, ldp() );
+   stack.fecInfoIs( 3, ldpInfo() );
    EXPECT_EQ( written( [&]( Writer & writer ) { EXPECT_FALSE( writer.fecStack( stack ) ); } ),
               "recordIncomplete at 32: " );
    EXPECT_EQ( written( []( Writer & writer ) { EXPECT_FALSE( writer.fecStack( {} ) ); } ),
@@ -122,7 +120,7 @@ LspPingDownstreamMappingInfoSet mapping( LspPingDownstreamMappingType kind, U8 m
    LspPingFecStackChangeInfo changes;
    if( kind == LspPingDownstreamMappingType::downstreamDetailedMap ) {
       LspPingFecStack popped;
-      popped.fecInfoIs( 0, ldp() );
+      popped.fecInfoIs( 0, ldpInfo() );
       changes.popTlvInfoIs( popped );
    }
    LspPingDownstreamMappingInfoSet set( kind );

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MplsUtils/LspPing/LspPingHdr.h"
 #include "MplsUtils/LspPing/message/LspPingMessageReader.h"
 #include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
 
@@ -27,12 +28,24 @@ inline std::string hexOf( std::span< U8 const > bytes ) {
    return text;
 }
 
+inline constexpr auto asZeros = []( auto & ) {};
+inline constexpr auto asRequest = []( LspPing::LspPingHdr & header ) { header.messageTypeIs( 1 ); };
+
+/// A FEC, and its bytes.
+inline void addLdp( LspPing::LspPingMessageWriter & writer ) {
+   writer.add< LspPing::LspPingLdpIpv4SubTlv >( []( auto & fec ) {
+      fec.ipPrefixIs( Velnet::IpAddr( 10, 1, 2, 0 ) );
+      fec.prefixLenIs( 24 );
+   } );
+}
+inline constexpr std::string_view ldp = "00 01 00 05 0a 01 02 00 18 00 00 00";
+
 /// The bytes behind the header of what `write` makes of a message whose header is written.
 template < class Write >
 std::string written( Write write ) {
    Bytes memory;
    LspPing::LspPingMessageWriter writer( memory );
-   writer.header( []( LspPing::LspPingHdr & header ) { header.messageTypeIs( 1 ); } );
+   writer.header( asRequest );
    write( writer );
    if( writer.error() )
       return std::string( lspPingWriteErrorName( writer.error().code ) ) + " at " +

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MplsUtils/LspPing/message/Export.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpGenAddr.h"
 
 // What the conversions from records to elements have in common; not for users of the library.
