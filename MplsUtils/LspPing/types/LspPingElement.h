@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "MplsUtils/LspPing/types/Export.h"
 
 #include <array>
 #include <cstddef>
