@@ -23,13 +23,14 @@ View const & laid( U8 const * element ) noexcept {
 }
 
 // The views that are laid over the value have containers that decide; they take what has enough
-// bytes for its address type.
+// bytes for its address type. That of the Interface and Label Stack takes no unknown one.
 template < class View >
 bool validOf( U8 const * element, U32 length ) noexcept {
    if constexpr( requires( View const & view ) { view.valid(); } )
       return laid< View >( element ).valid();
    else
-      return length >= View::element.leastLength;
+      return length >= View::element.leastLength &&
+             !std::is_same_v< View, LspPingIntfAndLabelStackHdr >;
 }
 
 // The Pad TLV's class holds a copy of the value; this asks the same of the bytes.

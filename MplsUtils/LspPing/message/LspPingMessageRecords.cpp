@@ -53,12 +53,16 @@ struct Mapping {
 // Of multipath information there is, or is said to be, as much as the fixed part counts.
 Kept keepMultipath( LspPingElementRef element, U8 type, U32 length, Mapping & mapping ) {
    LspPingMultipath const multipath = element.multipath();
-   if( length != multipath.bytes().size() || !multipath.isWellFormed() )
+   using Type = LspPingMultipathType;
+   bool const isSetType = multipath.isLabels() || multipath.type() == Type::maskedIpSetMultipath ||
+                          multipath.type() == Type::noMultipath;
+   if( length != multipath.bytes().size() || ( isSetType && !multipath.isWellFormed() ) )
       return Kept::notWellFormed();
    mapping.multipathType = type;
    if( length == 0 )
       return Kept::whole();
-   if( !multipath.isSet() )
+   // Of lists, whatever they are, the record has the type.
+   if( !isSetType )
       return Kept::without( "multipath information that is no set" );
    std::span< U8 const > const mask = multipath.mask();
    mapping.dsMultipathBitset = LspPingMultipathBitset( static_cast< U32 >( mask.size() ) );

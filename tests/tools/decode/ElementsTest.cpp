@@ -27,6 +27,16 @@ TEST( Elements, tellAnAddressTypeThatIsNotKnown ) {
               "   ! offset 32: DownstreamDetailedMapping: address type 9 is not known\n" );
 }
 
+// Each container has its own way with an address type that it does not know.
+TEST( Elements, areAsValidAsTheirContainersSay ) {
+   EXPECT_THAT(
+      Decoded( request + tlv( 2, { 5, 0xdc, 9, 0 } ) ).json(),
+      testing::HasSubstr( R"("type":"LspPing::LspPingDownstreamMappingHdr","valid":true)" ) );
+   EXPECT_THAT(
+      Decoded( request + tlv( 7, { 9, 0, 0, 0 } ) ).json(),
+      testing::HasSubstr( R"("type":"LspPing::LspPingIntfAndLabelStackHdr","valid":false)" ) );
+}
+
 // RFC 6426 section 2.1.1: interfaces by their numbers, of the downstream node and of this one.
 TEST( Elements, showMappingsWithoutIp ) {
    Decoded const detailed( request +

@@ -117,6 +117,13 @@ TEST( LeftOut, isToldAsTextAndAsJson ) {
               R"({"leftOut":[{"offset":36,"what":"99: no attributes for this FEC"}]})" );
 }
 
+// The type is kept, whatever the list is.
+TEST( MappingRecords, keepTheTypeOfAListThatIsNotWhole ) {
+   Bytes const old = dsmap( { 4, 0, 0, 6, 127, 0, 0, 1, 127, 0 } );
+   EXPECT_THAT( recordLines( old ), testing::HasSubstr( "multipathType=4, depthLimit=0" ) );
+   EXPECT_EQ( leftOut( old ), "32 DownstreamMapping: multipath information that is no set\n" );
+}
+
 // A set of no addresses is a set; the old mapping keeps it as the detailed one does.
 TEST( MappingRecords, keepEmptySets ) {
    Bytes const label{ 3, 0xe8, 0x11, 3 };
