@@ -138,7 +138,8 @@ U8 * LspPingOpenElement::multipathRoom( LspPingMultipathType type, std::size_t c
                             static_cast< U32 >( std::min( count, longestValue + 1 ) ) );
    if( at != nullptr ) {
       *writer_.at( level->content - 4 ) = static_cast< U8 >( type );
-      writer_.wordIs( writer_.multipathLengthOf( *level ), static_cast< U32 >( count ) );
+      writer_.wordIs( LspPingMessageWriter::multipathLengthOf( *level ),
+                      static_cast< U32 >( count ) );
       level->hasMultipath = true;
    }
    return at;

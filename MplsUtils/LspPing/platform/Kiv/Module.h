@@ -239,11 +239,9 @@ constexpr void checkRows( AttributeTable< Base, Rows... > const & ) {
 
 // Compares lengths first: this runs in the compiler, for every two rows.
 constexpr bool hasNameOf( std::span< Attribute const > rows, Attribute const & other ) {
-   for( Attribute const & row : rows ) {
-      if( row.nameLength == other.nameLength && row.name() == other.name() )
-         return true;
-   }
-   return false;
+   return std::any_of( rows.begin(), rows.end(), [&other]( Attribute const & row ) {
+      return row.nameLength == other.nameLength && row.name() == other.name();
+   } );
 }
 
 template < class T >
