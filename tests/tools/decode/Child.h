@@ -33,6 +33,9 @@ class Child {
          ::dup2( error_, STDERR_FILENO );
          for( int const end : { in[0], in[1], out[0], out[1] } )
             ::close( end );
+         // Whoever runs the tests may ignore some, as nohup does.
+         for( int const number : { SIGINT, SIGTERM, SIGHUP } )
+            (void)::signal( number, SIG_DFL );
          if( ignoredSignal != 0 )
             (void)::signal( ignoredSignal, SIG_IGN );
          ::execv( pointers[0], pointers.data() );
