@@ -9,8 +9,7 @@
 int main() {
    std::vector< U8 > bytes{ 0, 1, 0, 0, 1, 2, 0, 0, 0, 0, 0x12, 0x34, 0, 0, 0, 1 };
    bytes.resize( 32 );
-   for( U8 const byte : { 0, 1, 0, 12, 0, 1, 0, 5, 10, 1, 2, 0, 24, 0, 0, 0 } )
-      bytes.push_back( byte );
+   bytes.insert( bytes.end(), { 0, 1, 0, 12, 0, 1, 0, 5, 10, 1, 2, 0, 24, 0, 0, 0 } );
    LspPing::LspPingMessageReader reader;
    LspPing::LspPingMessage const & message = reader.read( bytes );
    unsigned prefixes = 0;
