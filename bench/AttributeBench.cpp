@@ -64,10 +64,9 @@ void readKnownPeer( benchmark::State & state ) {
    std::array< google::protobuf::FieldDescriptor const *, ids.size() > fields{};
    for( std::size_t i = 0; i < ids.size(); ++i )
       fields[i] = message.GetDescriptor()->FindFieldByNumber( ids[i] );
-   for( auto _ : state ) {
+   for( auto _ : state )
       for( auto const * field : fields )
          benchmark::DoNotOptimize( reflection->GetUInt32( message, field ) );
-   }
 }
 
 void readByNameOurs( benchmark::State & state ) {

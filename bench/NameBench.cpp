@@ -1,6 +1,6 @@
 #include "bench/Rows.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 #include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 #include <array>
@@ -41,10 +41,9 @@ std::vector< std::string > const & typeNames() {
    static std::vector< std::string > const names = [] {
       std::vector< std::string > all;
       for( Kiv::ModuleTable const * module : Kiv::modules() ) {
-         for( U16 i = 0; i < module->count; ++i ) {
+         for( U16 i = 0; i < module->count; ++i )
             if( !module->types[i].name.empty() )
                all.emplace_back( module->types[i].name );
-         }
       }
       std::shuffle( all.begin(), all.end(), std::minstd_rand( 3 ) );
       return all;
@@ -54,10 +53,9 @@ std::vector< std::string > const & typeNames() {
 
 void typeByNameOurs( benchmark::State & state ) {
    auto const & names = typeNames();
-   for( auto _ : state ) {
+   for( auto _ : state )
       for( std::string_view const name : names )
          benchmark::DoNotOptimize( Kiv::typeNamed( name ) );
-   }
 }
 
 void typeByNamePeer( benchmark::State & state ) {
@@ -65,10 +63,9 @@ void typeByNamePeer( benchmark::State & state ) {
    NameMap< Kiv::TypeRecord const * > map;
    for( std::string const & name : names )
       map.emplace( name, &Kiv::typeNamed( name ).record() );
-   for( auto _ : state ) {
+   for( auto _ : state )
       for( std::string_view const name : names )
          benchmark::DoNotOptimize( map.find( name )->second );
-   }
 }
 
 std::vector< Bench::Element > const & elements() {
@@ -94,10 +91,9 @@ std::vector< std::string > const & elementNames() {
 
 void enumeratorNameOurs( benchmark::State & state ) {
    auto const & values = elements();
-   for( auto _ : state ) {
+   for( auto _ : state )
       for( Bench::Element const value : values )
          benchmark::DoNotOptimize( stringValue( value ) );
-   }
 }
 
 void enumeratorNamePeer( benchmark::State & state ) {
@@ -119,10 +115,9 @@ void enumeratorNamePeer( benchmark::State & state ) {
 
 void enumeratorOfNameOurs( benchmark::State & state ) {
    auto const & names = elementNames();
-   for( auto _ : state ) {
+   for( auto _ : state )
       for( std::string const & name : names )
          benchmark::DoNotOptimize( Bench::ElementInstance( name ) );
-   }
 }
 
 void enumeratorOfNamePeer( benchmark::State & state ) {

@@ -28,8 +28,8 @@ Examples::Bytes builtReply() {
       header.senderHandleIs( 0x1234 );
       header.sequenceNumberIs( 1 );
    } );
-   reply.tlv( LspPingTlvType::TargetFecStack,
-              [&] { reply.ldpIpv4( Velnet::IpAddr( 10, 1, 2, 0 ), 24 ); } );
+   reply.tlv(
+      LspPingTlvType::TargetFecStack, [&] { reply.ldpIpv4( Velnet::IpAddr( 10, 1, 2, 0 ), 24 ); } );
    reply.detailedMapping< LspPingDdmapTlv >(
       []( LspPingDdmapTlv & mapping ) {
          mapping.mtuIs( 1500 );

@@ -25,7 +25,8 @@ MessageBuilder requestFor( U32 sequenceNumber, Fecs fecs ) {
 }
 
 void withLdpTarget( MessageBuilder & message ) {
-   message.tlv( Tlv::TargetFecStack, [&] { message.ldpIpv4( IpAddr( 10, 1, 2, 0 ), 24 ); } );
+   message.tlv(
+      Tlv::TargetFecStack, [&] { message.ldpIpv4( IpAddr( 10, 1, 2, 0 ), 24 ); } );
 }
 
 // ---- headers
@@ -47,21 +48,27 @@ MessageBuilder headerOnlyReply( LspPingReturnCode code ) {
 
 template < class View, class Address >
 void prefix( MessageBuilder & message, Fec code, Address address, U8 bits ) {
-   message.element< View >( code, [&]( View & fec ) {
-      fec.lengthIs( sizeof( Address ) + 1 ); // the bytes behind the prefix length are padding
-      fec.ipPrefixIs( address );
-      fec.prefixLenIs( bits );
-   } );
+   message.element< View >(
+      code,
+      [&]( View & fec ) {
+         fec.lengthIs( sizeof( Address ) + 1 ); // the bytes behind the prefix length are padding
+         fec.ipPrefixIs( address );
+         fec.prefixLenIs( bits );
+      } );
 }
 
 MessageBuilder prefixFecs() {
-   return requestFor( 10, []( MessageBuilder & message ) {
-      message.ldpIpv4( IpAddr( 10, 1, 2, 0 ), 24 );
-      prefix< LspPingGenericIpv4SubTlv >( message, Fec::GenericIpv4, IpAddr( 10, 4, 0, 0 ), 16 );
-      prefix< LspPingGenericIpv6SubTlv >( message, Fec::GenericIpv6, ip6( "2001:db8:4::" ), 48 );
-      prefix< LspPingBgpLuIpv4SubTlv >( message, Fec::BGPLabeledIpv4, IpAddr( 10, 5, 0, 0 ), 16 );
-      prefix< LspPingBgpLuIpv6SubTlv >( message, Fec::BGPLabeledIpv6, ip6( "2001:db8:5::" ), 64 );
-   } );
+   return requestFor(
+      10,
+      []( MessageBuilder & message ) {
+         message.ldpIpv4( IpAddr( 10, 1, 2, 0 ), 24 );
+         prefix< LspPingGenericIpv4SubTlv >( message, Fec::GenericIpv4, IpAddr( 10, 4, 0, 0 ), 16 );
+         prefix< LspPingGenericIpv6SubTlv >( message, Fec::GenericIpv6, ip6( "2001:db8:4::" ), 48 );
+         prefix< LspPingBgpLuIpv4SubTlv >( message, Fec::BGPLabeledIpv4, IpAddr( 10, 5, 0, 0 ),
+                                           16 );
+         prefix< LspPingBgpLuIpv6SubTlv >( message, Fec::BGPLabeledIpv6, ip6( "2001:db8:5::" ),
+                                           64 );
+      } );
 }
 
 template < class View >
@@ -73,125 +80,157 @@ void rsvpFields( View & fec ) {
 }
 
 MessageBuilder rsvpTunnel() {
-   return requestFor( 11, []( MessageBuilder & message ) {
-      message.element< LspPingRsvpIpv4SubTlv >( Fec::RSVPIpv4Lsp, []( auto & fec ) {
-         fec.destinationIs( responder );
-         rsvpFields( fec );
+   return requestFor(
+      11,
+      []( MessageBuilder & message ) {
+         message.element< LspPingRsvpIpv4SubTlv >(
+            Fec::RSVPIpv4Lsp,
+            []( auto & fec ) {
+               fec.destinationIs( responder );
+               rsvpFields( fec );
+            } );
       } );
-   } );
 }
 
 MessageBuilder rsvpTree() {
-   return requestFor( 12, []( MessageBuilder & message ) {
-      message.element< LspPingRsvpP2mpIpv4SubTlv >( Fec::RSVPP2MPIpv4, []( auto & fec ) {
-         fec.p2mpIdIs( 0x0a000009 );
-         rsvpFields( fec );
+   return requestFor(
+      12,
+      []( MessageBuilder & message ) {
+         message.element< LspPingRsvpP2mpIpv4SubTlv >(
+            Fec::RSVPP2MPIpv4,
+            []( auto & fec ) {
+               fec.p2mpIdIs( 0x0a000009 );
+               rsvpFields( fec );
+            } );
       } );
-   } );
 }
 
 template < class View, class Address >
 void vpn( MessageBuilder & message, Fec code, U16 length, Address address, U8 bits ) {
-   message.element< View >( code, [&]( View & fec ) {
-      fec.lengthIs( length );
-      fec.rdIs( 0x0000006400000001 ); // type 0, AS 100, number 1
-      fec.ipPrefixIs( address );
-      fec.prefixLenIs( bits );
-   } );
+   message.element< View >(
+      code,
+      [&]( View & fec ) {
+         fec.lengthIs( length );
+         fec.rdIs( 0x0000006400000001 ); // type 0, AS 100, number 1
+         fec.ipPrefixIs( address );
+         fec.prefixLenIs( bits );
+      } );
 }
 
 MessageBuilder vpnFecs() {
-   return requestFor( 13, []( MessageBuilder & message ) {
-      vpn< LspPingVpnIpv4SubTlv >( message, Fec::VPNIpv4, 13, IpAddr( 192, 0, 2, 0 ), 25 );
-      vpn< LspPingVpnIpv6SubTlv >( message, Fec::VPNIpv6, 25, ip6( "2001:db8:6::" ), 56 );
-   } );
+   return requestFor(
+      13,
+      []( MessageBuilder & message ) {
+         vpn< LspPingVpnIpv4SubTlv >( message, Fec::VPNIpv4, 13, IpAddr( 192, 0, 2, 0 ), 25 );
+         vpn< LspPingVpnIpv6SubTlv >( message, Fec::VPNIpv6, 25, ip6( "2001:db8:6::" ), 56 );
+      } );
 }
 
 template < class View, class Address >
 void segment( MessageBuilder & message, Fec code, U16 length, Address address, U8 bits,
               LspPingSrIgpProtocol protocol ) {
-   message.element< View >( code, [&]( View & fec ) {
-      fec.lengthIs( length );
-      fec.ipPrefixIs( address );
-      fec.prefixLenIs( bits );
-      fec.protocolIs( static_cast< U8 >( protocol ) );
-   } );
+   message.element< View >(
+      code,
+      [&]( View & fec ) {
+         fec.lengthIs( length );
+         fec.ipPrefixIs( address );
+         fec.prefixLenIs( bits );
+         fec.protocolIs( static_cast< U8 >( protocol ) );
+      } );
 }
 
 MessageBuilder segmentRoutingFecs() {
-   return requestFor( 14, []( MessageBuilder & message ) {
-      using enum LspPingSrIgpProtocol;
-      segment< LspPingSrIpv4SubTlv >( message, Fec::SRIpv4, 8, responder, 32, ospf );
-      segment< LspPingSrIpv6SubTlv >( message, Fec::SRIpv6, 20, ip6( "2001:db8::9" ), 128, isis );
-   } );
+   return requestFor(
+      14,
+      []( MessageBuilder & message ) {
+         using enum LspPingSrIgpProtocol;
+         segment< LspPingSrIpv4SubTlv >( message, Fec::SRIpv4, 8, responder, 32, ospf );
+         segment< LspPingSrIpv6SubTlv >( message, Fec::SRIpv6, 20, ip6( "2001:db8::9" ), 128,
+                                         isis );
+      } );
 }
 
 MessageBuilder deprecatedSegmentRoutingFecs() {
-   return requestFor( 15, []( MessageBuilder & message ) {
-      using enum LspPingSrIgpProtocol;
-      segment< LspPingSrIpv4SubTlv >( message, Fec::SRIpv4Deprecated, 6, responder, 32, isis );
-      segment< LspPingSrIpv6SubTlv >( message, Fec::SRIpv6Deprecated, 18, ip6( "2001:db8::9" ), 128,
-                                      ospf );
-   } );
+   return requestFor(
+      15,
+      []( MessageBuilder & message ) {
+         using enum LspPingSrIgpProtocol;
+         segment< LspPingSrIpv4SubTlv >( message, Fec::SRIpv4Deprecated, 6, responder, 32, isis );
+         segment< LspPingSrIpv6SubTlv >( message, Fec::SRIpv6Deprecated, 18, ip6( "2001:db8::9" ),
+                                         128, ospf );
+      } );
 }
 
 // A Nil FEC above the FEC that it hides, RFC 8029 section 3.2.17, and an entropy label below.
 MessageBuilder labelFecs() {
-   return requestFor( 16, []( MessageBuilder & message ) {
-      message.element< LspPingNilFecSubTlv >( Fec::NilFec, []( auto & fec ) { fec.labelIs( 1 ); } );
-      message.ldpIpv4( IpAddr( 10, 1, 2, 0 ), 24 );
-      message.element< LspPingEntropyLabelFecSubTlv >(
-         Fec::EntropyLabel, []( auto & fec ) { fec.labelIs( 700000 ); } );
-   } );
+   return requestFor(
+      16,
+      []( MessageBuilder & message ) {
+         message.element< LspPingNilFecSubTlv >(
+            Fec::NilFec, []( auto & fec ) { fec.labelIs( 1 ); } );
+         message.ldpIpv4( IpAddr( 10, 1, 2, 0 ), 24 );
+         message.element< LspPingEntropyLabelFecSubTlv >(
+            Fec::EntropyLabel, []( auto & fec ) { fec.labelIs( 700000 ); } );
+      } );
 }
 
 template < class Opaque, class Fill >
 MessageBuilder multicastLdp( U32 sequenceNumber, Fill fill ) {
-   return requestFor( sequenceNumber, [&]( MessageBuilder & message ) {
-      message.element< LspPingP2mpFecStackSubTlv >(
-         Fec::P2mpFec,
-         []( auto & fec ) {
-            fec.familyIs( 1 );
-            fec.addrLenIs( sizeof( IpAddr ) );
-            fec.rootAddrIs( sender );
-            fec.opaqueLenIs( sizeof( Opaque ) );
-         },
-         [&] {
-            message.view< Opaque >( [&]( Opaque & opaque ) {
-               opaque.lengthIs( sizeof opaque - sizeof( LspPingTlvU8Hdr ) );
-               fill( opaque );
+   return requestFor(
+      sequenceNumber,
+      [&]( MessageBuilder & message ) {
+         message.element< LspPingP2mpFecStackSubTlv >(
+            Fec::P2mpFec,
+            []( auto & fec ) {
+               fec.familyIs( 1 );
+               fec.addrLenIs( sizeof( IpAddr ) );
+               fec.rootAddrIs( sender );
+               fec.opaqueLenIs( sizeof( Opaque ) );
+            },
+            [&] {
+               message.view< Opaque >( [&]( Opaque & opaque ) {
+                  opaque.lengthIs( sizeof opaque - sizeof( LspPingTlvU8Hdr ) );
+                  fill( opaque );
+               } );
             } );
-         } );
-   } );
+      } );
 }
 
 MessageBuilder multicastLdpGeneric() {
-   return multicastLdp< LspPingOpaqueValGenSubTlv >( 17, []( auto & opaque ) {
-      opaque.typeIs( numberOf( LspPingP2mpFecStackSubTlvType::GenericLsp ) );
-      opaque.lspIdIs( 4711 );
-   } );
+   return multicastLdp< LspPingOpaqueValGenSubTlv >(
+      17,
+      []( auto & opaque ) {
+         opaque.typeIs( numberOf( LspPingP2mpFecStackSubTlvType::GenericLsp ) );
+         opaque.lspIdIs( 4711 );
+      } );
 }
 
 MessageBuilder multicastLdpGroup() {
-   return multicastLdp< LspPingOpaqueValSGSubTlv >( 18, []( auto & opaque ) {
-      opaque.typeIs( numberOf( LspPingP2mpFecStackSubTlvType::SGIpv4 ) );
-      opaque.sourceAddrIs( IpAddr( 192, 0, 2, 17 ) );
-      opaque.groupAddrIs( IpAddr( 232, 1, 1, 1 ) );
-   } );
+   return multicastLdp< LspPingOpaqueValSGSubTlv >(
+      18,
+      []( auto & opaque ) {
+         opaque.typeIs( numberOf( LspPingP2mpFecStackSubTlvType::SGIpv4 ) );
+         opaque.sourceAddrIs( IpAddr( 192, 0, 2, 17 ) );
+         opaque.groupAddrIs( IpAddr( 232, 1, 1, 1 ) );
+      } );
 }
 
 constexpr U16 ethernetPseudowire = 5; // RFC 4446 section 3.2
 
 MessageBuilder pseudowire128() {
-   return requestFor( 19, []( MessageBuilder & message ) {
-      message.element< LspPingFec128Ipv4SubTlv >( Fec::FEC128Pseudowire, []( auto & fec ) {
-         fec.lengthIs( 14 );
-         fec.senderAddrIs( sender );
-         fec.receiverAddrIs( responder );
-         fec.pwIdIs( 1001 );
-         fec.pwTypeIs( ethernetPseudowire );
+   return requestFor(
+      19,
+      []( MessageBuilder & message ) {
+         message.element< LspPingFec128Ipv4SubTlv >(
+            Fec::FEC128Pseudowire,
+            []( auto & fec ) {
+               fec.lengthIs( 14 );
+               fec.senderAddrIs( sender );
+               fec.receiverAddrIs( responder );
+               fec.pwIdIs( 1001 );
+               fec.pwTypeIs( ethernetPseudowire );
+            } );
       } );
-   } );
 }
 
 Pseudowire::PseudowireAttachmentIdentifier identifier( U8 length, U8 first ) {
@@ -202,27 +241,29 @@ Pseudowire::PseudowireAttachmentIdentifier identifier( U8 length, U8 first ) {
 }
 
 MessageBuilder pseudowire129() {
-   return requestFor( 20, []( MessageBuilder & message ) {
-      // Six bytes of types and lengths, then the values.
-      constexpr U8 groupLength = 8;
-      constexpr U8 individualLength = 4;
-      constexpr std::size_t identifiers = 6 + groupLength + 2 * individualLength;
-      std::size_t const start = message.size();
-      message.element< LspPingFec129Ipv4SubTlv >(
-         Fec::FEC129Pseudowire,
-         []( auto & fec ) {
-            fec.senderAddrIs( sender );
-            fec.receiverAddrIs( responder );
-            fec.pwTypeIs( ethernetPseudowire );
-         },
-         [&] { message.room( identifiers ); } );
-      // The length is known now, which says how much room the identifiers have.
-      Pseudowire::PseudowireGenId id;
-      id.agiIs( identifier( groupLength, 0x10 ) );
-      id.saiiIs( identifier( individualLength, 0x20 ) );
-      id.taiiIs( identifier( individualLength, 0x30 ) );
-      message.at< LspPingFec129Ipv4SubTlv >( start ).pwGenIdIs( id );
-   } );
+   return requestFor(
+      20,
+      []( MessageBuilder & message ) {
+         // Six bytes of types and lengths, then the values.
+         constexpr U8 groupLength = 8;
+         constexpr U8 individualLength = 4;
+         constexpr std::size_t identifiers = 6 + groupLength + 2 * individualLength;
+         std::size_t const start = message.size();
+         message.element< LspPingFec129Ipv4SubTlv >(
+            Fec::FEC129Pseudowire,
+            []( auto & fec ) {
+               fec.senderAddrIs( sender );
+               fec.receiverAddrIs( responder );
+               fec.pwTypeIs( ethernetPseudowire );
+            },
+            [&] { message.room( identifiers ); } );
+         // The length is known now, which says how much room the identifiers have.
+         Pseudowire::PseudowireGenId id;
+         id.agiIs( identifier( groupLength, 0x10 ) );
+         id.saiiIs( identifier( individualLength, 0x20 ) );
+         id.taiiIs( identifier( individualLength, 0x30 ) );
+         message.at< LspPingFec129Ipv4SubTlv >( start ).pwGenIdIs( id );
+      } );
 }
 
 // ---- small TLVs
@@ -251,11 +292,13 @@ MessageBuilder oneLeaf() {
    MessageBuilder message = request( 62 );
    message.at< LspPingHdr >( 0 ).globalFlagsIs( numberOf( LspPingHeaderFlags::tFlag ) );
    withLdpTarget( message );
-   message.element< LspPingNodeAddrSubTlv >( Tlv::P2mpRespId, []( auto & tlv ) {
-      tlv.subTypeIs( numberOf( LspPingP2mpRespTlvType::NodeAddr4 ) );
-      tlv.subTypeLenIs( sizeof( IpAddr ) );
-      tlv.addrIs( responder );
-   } );
+   message.element< LspPingNodeAddrSubTlv >(
+      Tlv::P2mpRespId,
+      []( auto & tlv ) {
+         tlv.subTypeIs( numberOf( LspPingP2mpRespTlvType::NodeAddr4 ) );
+         tlv.subTypeLenIs( sizeof( IpAddr ) );
+         tlv.addrIs( responder );
+      } );
    message.element< LspPingEchoJitterTlv >( Tlv::EchoJitter,
                                             []( auto & tlv ) { tlv.jitterIs( 2000 ); } );
    return message;

@@ -47,7 +47,8 @@ MessageBuilder downstreamMapping( LspPingAddrType addrType, Fill fill ) {
 
 MessageBuilder downstreamMappingIpv4() {
    return downstreamMapping< LspPingDownstreamMappingIpv4Tlv >(
-      LspPingAddrType::ipv4Numbered, []( auto & mapping ) {
+      LspPingAddrType::ipv4Numbered,
+      []( auto & mapping ) {
          mapping.dsIpAddrIs( IpAddr( 10, 0, 1, 2 ) );
          mapping.dsIntfAddrIs( IpAddr( 10, 0, 1, 1 ) );
       } );
@@ -55,7 +56,8 @@ MessageBuilder downstreamMappingIpv4() {
 
 MessageBuilder downstreamMappingIpv4Unnumbered() {
    return downstreamMapping< LspPingDownstreamMappingIpv4UnnumberedTlv >(
-      LspPingAddrType::ipv4Unnumbered, []( auto & mapping ) {
+      LspPingAddrType::ipv4Unnumbered,
+      []( auto & mapping ) {
          mapping.dsIpAddrIs( responder );
          mapping.dsIntfIdIs( 17 );
       } );
@@ -63,7 +65,8 @@ MessageBuilder downstreamMappingIpv4Unnumbered() {
 
 MessageBuilder downstreamMappingIpv6() {
    return downstreamMapping< LspPingDownstreamMappingIpv6Tlv >(
-      LspPingAddrType::ipv6Numbered, []( auto & mapping ) {
+      LspPingAddrType::ipv6Numbered,
+      []( auto & mapping ) {
          mapping.dsIpAddrIs( ip6( "2001:db8:1::2" ) );
          mapping.dsIntfAddrIs( ip6( "2001:db8:1::1" ) );
       } );
@@ -71,7 +74,8 @@ MessageBuilder downstreamMappingIpv6() {
 
 MessageBuilder downstreamMappingIpv6Unnumbered() {
    return downstreamMapping< LspPingDownstreamMappingIpv6UnnumberedTlv >(
-      LspPingAddrType::ipv6Unnumbered, []( auto & mapping ) {
+      LspPingAddrType::ipv6Unnumbered,
+      []( auto & mapping ) {
          mapping.dsIpAddrIs( ip6( "2001:db8::9" ) );
          mapping.dsIntfIdIs( 18 );
       } );
@@ -97,11 +101,13 @@ void addressRange( MessageBuilder & message ) {
 }
 
 void labelStack( MessageBuilder & message ) {
-   message.tlv( LspPingDDMappingSubTlvType::LabelStack, [&] {
-      using enum LspPingDownstreamSignalingProtocol;
-      downstreamLabel( message, 100704, false, dsInfoSignalingProtocolLdp );
-      downstreamLabel( message, 300, true, dsInfoSignalingProtocolBgp );
-   } );
+   message.tlv(
+      LspPingDDMappingSubTlvType::LabelStack,
+      [&] {
+         using enum LspPingDownstreamSignalingProtocol;
+         downstreamLabel( message, 100704, false, dsInfoSignalingProtocolLdp );
+         downstreamLabel( message, 300, true, dsInfoSignalingProtocolBgp );
+      } );
 }
 
 // The FEC that the responder pushes or pops comes with the sub-TLV.
@@ -268,7 +274,8 @@ MessageBuilder intfAndLabelStack( LspPingAddrType addrType, Fill fill ) {
 
 MessageBuilder intfAndLabelStackIpv4() {
    return intfAndLabelStack< LspPingIntfAndLabelStackIpv4Tlv >(
-      LspPingAddrType::ipv4Numbered, []( auto & stack ) {
+      LspPingAddrType::ipv4Numbered,
+      []( auto & stack ) {
          stack.addrIs( responder );
          stack.intfIs( IpAddr( 10, 0, 1, 2 ) );
       } );
@@ -276,7 +283,8 @@ MessageBuilder intfAndLabelStackIpv4() {
 
 MessageBuilder intfAndLabelStackIpv4Unnumbered() {
    return intfAndLabelStack< LspPingIntfAndLabelStackIpv4UnnumberedTlv >(
-      LspPingAddrType::ipv4Unnumbered, []( auto & stack ) {
+      LspPingAddrType::ipv4Unnumbered,
+      []( auto & stack ) {
          stack.addrIs( responder );
          stack.intfIdIs( 17 );
       } );
@@ -284,7 +292,8 @@ MessageBuilder intfAndLabelStackIpv4Unnumbered() {
 
 MessageBuilder intfAndLabelStackIpv6() {
    return intfAndLabelStack< LspPingIntfAndLabelStackIpv6Tlv >(
-      LspPingAddrType::ipv6Numbered, []( auto & stack ) {
+      LspPingAddrType::ipv6Numbered,
+      []( auto & stack ) {
          stack.addrIs( ip6( "2001:db8::9" ) );
          stack.intfIs( ip6( "2001:db8:1::2" ) );
       } );
@@ -292,7 +301,8 @@ MessageBuilder intfAndLabelStackIpv6() {
 
 MessageBuilder intfAndLabelStackIpv6Unnumbered() {
    return intfAndLabelStack< LspPingIntfAndLabelStackIpv6UnnumberedTlv >(
-      LspPingAddrType::ipv6Unnumbered, []( auto & stack ) {
+      LspPingAddrType::ipv6Unnumbered,
+      []( auto & stack ) {
          stack.addrIs( ip6( "2001:db8::9" ) );
          stack.intfIdIs( 18 );
       } );

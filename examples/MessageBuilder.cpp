@@ -15,12 +15,13 @@ MessageBuilder & MessageBuilder::pad( LspPingPadTlv const & tlv ) {
 }
 
 MessageBuilder & MessageBuilder::ldpIpv4( Velnet::IpAddr prefix, U8 bits ) {
-   return element< LspPingLdpIpv4SubTlv >( LspPingTargetFecSubTlvType::LDPIpv4,
-                                           [&]( LspPingLdpIpv4SubTlv & fec ) {
-                                              fec.lengthIs( 5 );
-                                              fec.ipPrefixIs( prefix );
-                                              fec.prefixLenIs( bits );
-                                           } );
+   return element< LspPingLdpIpv4SubTlv >(
+      LspPingTargetFecSubTlvType::LDPIpv4,
+      [&]( LspPingLdpIpv4SubTlv & fec ) {
+         fec.lengthIs( 5 );
+         fec.ipPrefixIs( prefix );
+         fec.prefixLenIs( bits );
+      } );
 }
 
 } // namespace Examples

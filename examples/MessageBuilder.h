@@ -59,7 +59,8 @@ class MessageBuilder {
    }
    template < class View, class Code, class Fill >
    MessageBuilder & element( Code code, Fill fill ) {
-      return element< View >( code, fill, [] {} );
+      return element< View >(
+         code, fill, [] {} );
    }
 
    /// A TLV that has no view but its header.

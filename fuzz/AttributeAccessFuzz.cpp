@@ -66,10 +66,9 @@ void accessValue( Kiv::TypeRef type, void * object, Kiv::FoundAttribute const & 
    if( op == Kiv::OpCode::read && attribute.guard != nullptr && !attribute.guard( object ) )
       return;
    Kiv::Instance value( attribute.type() );
-   if( op == Kiv::OpCode::write && isPlain( attribute.type() ) ) {
+   if( op == Kiv::OpCode::write && isPlain( attribute.type() ) )
       for( U32 i = 0; i < attribute.type().record().size; ++i )
          static_cast< U8 * >( value.object() )[i] = input.next();
-   }
    Kiv::Outcome const outcome =
       Kiv::attributeAccess( type, object, found.field(), op, value.object() );
    if( ( outcome == Kiv::Outcome::done ) != attribute.offers( op ) )

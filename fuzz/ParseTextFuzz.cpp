@@ -14,10 +14,9 @@
 namespace {
 
 bool holdsCollection( Kiv::TypeRef type ) {
-   for( Kiv::Attribute const & attribute : type.attributes() ) {
+   for( Kiv::Attribute const & attribute : type.attributes() )
       if( attribute.stored() && ( attribute.collection() || holdsCollection( attribute.type() ) ) )
          return true;
-   }
    return false;
 }
 

@@ -1,8 +1,8 @@
 #include "MplsUtils/LspPing/LspPingHdr.h"
 
 #include "MplsUtils/LspPing/platform/Kiv/Module.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/Velnet/MplsLabelEntry.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 #include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
 #include "MplsUtils/LspPing/types/LspPingModuleTables.h"
 

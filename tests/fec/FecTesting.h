@@ -212,9 +212,8 @@ class Placed {
    template < class Value >
    Placed & forwards( std::string_view name, Value const & expected ) {
       EXPECT_EQ( Kiv::read< Value >( *parser_, name ), expected ) << name;
-      if( Kiv::attributeNamed( Kiv::typeOf< View >(), name ) ) {
+      if( Kiv::attributeNamed( Kiv::typeOf< View >(), name ) )
          EXPECT_EQ( Kiv::read< Value >( *parser_->header(), name ), expected ) << name;
-      }
       Value other{};
       auto const found = Kiv::attributeNamed( Kiv::typeOf< Parser >(), name );
       EXPECT_EQ( Kiv::attributeAccess( Kiv::typeOf< Parser >(), parser_.get(), found.field(),

@@ -31,9 +31,8 @@ static_assert( !LspPingFec128Ipv4SubTlv{}.valid() );
 class OddBlock {
  public:
    explicit OddBlock( Bytes const & bytes ) : wire_( bytes.size(), 0 ) {
-      for( U32 index = 0; index < wire_.size(); ++index ) {
+      for( U32 index = 0; index < wire_.size(); ++index )
          wire_.data()[index] = bytes[index];
-      }
    }
    template < class View >
    View & view() {
@@ -132,9 +131,8 @@ TEST( LspPingFec128Ipv4SubTlv, printsItsFieldsWithTabs ) {
 template < class View >
 std::vector< std::string_view > attributeNames() {
    std::vector< std::string_view > names;
-   for( Kiv::Attribute const & attribute : Kiv::typeOf< View >().attributes() ) {
+   for( Kiv::Attribute const & attribute : Kiv::typeOf< View >().attributes() )
       names.push_back( attribute.name() );
-   }
    return names;
 }
 
@@ -171,9 +169,8 @@ Bytes fec129Bytes( PseudowireGenId const & id ) {
    for( PseudowireAttachmentIdentifier const & part : { id.agi(), id.saii(), id.taii() } ) {
       bytes.push_back( part.type() );
       bytes.push_back( part.length() );
-      for( U32 index = 0; index < part.length(); ++index ) {
+      for( U32 index = 0; index < part.length(); ++index )
          bytes.push_back( part.value( index ) );
-      }
    }
    bytes.resize( ( bytes.size() + 3 ) / 4 * 4 );
    bytes[3] = static_cast< U8 >( bytes.size() - 4 );
@@ -182,9 +179,8 @@ Bytes fec129Bytes( PseudowireGenId const & id ) {
 
 PseudowireAttachmentIdentifier identifier( U8 type, U32 length, U8 firstByte ) {
    PseudowireAttachmentIdentifier id{ type, static_cast< U8 >( length ) };
-   for( U32 index = 0; index < std::min( length, 8u ); ++index ) {
+   for( U32 index = 0; index < std::min( length, 8u ); ++index )
       id.valueIs( index, static_cast< U8 >( firstByte + index ) );
-   }
    return id;
 }
 
@@ -341,13 +337,11 @@ class GuardedPage {
    GuardedPage() {
       void * const pages =
          mmap( nullptr, 2 * size_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0 );
-      if( pages == MAP_FAILED ) {
+      if( pages == MAP_FAILED )
          throw std::bad_alloc{};
-      }
       begin_ = static_cast< U8 * >( pages );
-      if( mprotect( end(), size_, PROT_NONE ) != 0 ) {
+      if( mprotect( end(), size_, PROT_NONE ) != 0 )
          throw std::bad_alloc{};
-      }
    }
    GuardedPage( GuardedPage const & ) = delete;
    ~GuardedPage() { munmap( begin_, 2 * size_ ); }
@@ -375,9 +369,8 @@ TEST( LspPingFec129Ipv4SubTlv, readsNothingThatItsLengthDoesNotCover ) {
             for( auto const & part : { id.agi(), id.saii(), id.taii() } ) {
                whole.push_back( part.type() );
                whole.push_back( part.length() );
-               for( U32 index = 0; index < part.length(); ++index ) {
+               for( U32 index = 0; index < part.length(); ++index )
                   whole.push_back( index < 8 ? part.value( index ) : 0xa5 );
-               }
             }
             whole.resize( 68, 0xa5 );
             for( U16 length = 0; length <= 64; ++length ) {

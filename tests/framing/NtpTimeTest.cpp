@@ -177,9 +177,8 @@ TEST( NtpTimeU64, isEqualByBothFields ) {
 TEST( NtpTimeU64, lookLikeThePackedTimeInMemory ) {
    static_assert( sizeof( NtpTimeU64 ) == 8 );
    NtpTimeU64 const time( 7, 9 );
-   if( std::endian::native == std::endian::little ) {
+   if( std::endian::native == std::endian::little )
       EXPECT_EQ( std::bit_cast< U64 >( time ), U64{ 9 } << 32 | 7 );
-   }
 }
 
 TEST( NtpTimeU64, printsItsTypeAndFields ) {

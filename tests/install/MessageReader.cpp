@@ -14,10 +14,9 @@ int main() {
    LspPing::LspPingMessage const & message = reader.read( bytes );
    unsigned prefixes = 0;
    for( LspPing::LspPingElementRef const tlv : message.elements() ) {
-      for( LspPing::LspPingElementRef const fec : tlv.elements() ) {
+      for( LspPing::LspPingElementRef const fec : tlv.elements() )
          if( auto const * prefix = fec.as< LspPing::LspPingLdpIpv4SubTlv >() )
             prefixes += prefix->prefixLen() == 24 ? 1 : 0;
-      }
    }
    LspPing::LspPingMessageRecords const records( message );
    bool const reads = message.header() != nullptr && message.problems().empty() && prefixes == 1 &&

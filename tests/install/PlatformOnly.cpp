@@ -1,6 +1,6 @@
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 int main() {
    Velnet::IpAddr const address( 10, 1, 2, 3 );

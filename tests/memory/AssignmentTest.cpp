@@ -160,7 +160,8 @@ void expectWhole( std::function< T( U8, U8 ) > const & make,
 
 template < class T >
 void expectWholeInEveryWay( T ( &make )( U8, U8 ) ) {
-   expectWhole< T >( make, []( T & target, T const & source ) { target = source; } );
+   expectWhole< T >(
+      make, []( T & target, T const & source ) { target = source; } );
    expectWhole< T >( make, []( T & target, T const & source ) {
       Kiv::typeOf< T >().operations().assign( &target, &source );
    } );

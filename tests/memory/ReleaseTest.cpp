@@ -1,7 +1,7 @@
 #include "Allocations.h"
 
 #include "MplsUtils/LspPing/LspPingHdr.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -194,10 +194,9 @@ TEST_P( ValueTextDeathTest, endsTheProcessWithoutMemory ) {
 std::vector< Kiv::TypeRef > valueTypes() {
    std::vector< Kiv::TypeRef > types;
    for( Kiv::ModuleTable const * module : Kiv::modules() ) {
-      for( U16 i = 0; i < module->count; ++i ) {
+      for( U16 i = 0; i < module->count; ++i )
          if( module->types[i].kind == Kiv::Kind::value )
             types.emplace_back( module->types + i );
-      }
    }
    return types;
 }

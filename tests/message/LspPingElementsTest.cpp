@@ -1,6 +1,6 @@
 #include "MplsUtils/LspPing/message/LspPingElements.h"
 #include "MplsUtils/LspPing/LspPingHdr.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <gtest/gtest.h>
 #include <vector>
@@ -53,10 +53,9 @@ TEST( LspPingElements, areFoundByTheirSelectors ) {
 TEST( LspPingElements, areTheClassesOfTheList ) {
    auto const rowsOf = []( Kiv::TypeId type ) {
       std::vector< U16 > codes;
-      for( LspPingElementRow const & row : lspPingElements() ) {
+      for( LspPingElementRow const & row : lspPingElements() )
          if( row.type == type && !row.isNonIp )
             codes.push_back( row.code() );
-      }
       return codes;
    };
    EXPECT_EQ( rowsOf( Kiv::typeIdOf< LspPingSrIpv4SubTlv > ), ( std::vector< U16 >{ 34, 31744 } ) );

@@ -360,9 +360,8 @@ TEST( LspPingMessageWriter, writesIntoSpansOfEverySizeAndNeverOutsideOfThem ) {
       }
       EXPECT_EQ( writer.error().code, Error::noRoom ) << size;
       EXPECT_LE( writer.bytes().size(), size );
-      if( size >= 32 ) {
+      if( size >= 32 )
          EXPECT_EQ( problemOf( writer.bytes() ), "" ) << size;
-      }
    }
 }
 

@@ -84,10 +84,9 @@ inline void RandomMessage::element( Writer & writer, Context context, U32 depth 
       return;
    }
    std::vector< Row const * > rows;
-   for( Row const & row : LspPing::lspPingElements() ) {
+   for( Row const & row : LspPing::lspPingElements() )
       if( row.facts.context == context && ( depth < 4 || row.facts.behind != Behind::tlvs ) )
          rows.push_back( &row );
-   }
    element( writer, *rows[below( static_cast< U32 >( rows.size() ) )], depth );
 }
 
@@ -141,10 +140,9 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
          if( facts.chooser != 0 )
             bytes[facts.chooser] = target->facts.selectors[0].value;
          // The root's family and length.
-         if( facts.behind == Behind::opaqueValues ) {
+         if( facts.behind == Behind::opaqueValues )
             for( std::size_t i = 4; i < 7; ++i )
                keep( i );
-         }
          if constexpr( requires { view.prefixLenIs( 0 ); } )
             view.prefixLenIs( static_cast< U8 >( below( 8 * sizeof( view.ipPrefix() ) + 1 ) ) );
          if constexpr( requires { view.pwId(); } )

@@ -130,9 +130,8 @@ void expectTold( U16 module, Kiv::TypeList< Ts... > ) {
    U16 index = 0;
    auto const expectOne = [&]< class T >( Kiv::Of< T > ) {
       Kiv::TypeId const place{ module, index++ };
-      if constexpr( std::is_class_v< T > ) {
+      if constexpr( std::is_class_v< T > )
          EXPECT_EQ( toldByAnObject< T >().id(), place ) << Kiv::TypeRef( place ).name();
-      }
    };
    ( expectOne( Kiv::Of< Ts >{} ), ... );
 }
@@ -161,9 +160,8 @@ TEST_P( Family, findsEachAttributeByNameAndById ) {
       Kiv::Attribute const & attribute = *found.attribute;
       EXPECT_EQ( Kiv::attributeNamed( type(), attribute.name() ).attribute, &attribute );
       EXPECT_EQ( Kiv::attributeOf( type(), found.field() ).attribute, &attribute );
-      if( found.declaring == type() ) {
+      if( found.declaring == type() )
          EXPECT_EQ( Kiv::attributeOf( type(), attribute.id ).attribute, &attribute );
-      }
    }
 }
 
@@ -185,15 +183,12 @@ TEST_P( Family, refusesWhatAnAttributeDoesNotOfferAndChangesNothing ) {
       for( Kiv::FoundAttribute const & found : ModuleTest::allAttributes( type() ) ) {
          SCOPED_TRACE( found.attribute->name() );
          // A refused access does not look at its buffer.
-         if( !found.attribute->readable() ) {
+         if( !found.attribute->readable() )
             EXPECT_EQ( subject.access( found.field(), 0, nullptr ), Outcome::notPermitted );
-         }
-         if( !found.attribute->writable() ) {
+         if( !found.attribute->writable() )
             EXPECT_EQ( subject.access( found.field(), 1, nullptr ), Outcome::notPermitted );
-         }
-         if( !found.attribute->callable() ) {
+         if( !found.attribute->callable() )
             EXPECT_EQ( subject.access( found.field(), 10, nullptr ), Outcome::notPermitted );
-         }
          for( U32 const code : otherCodes )
             EXPECT_EQ( subject.access( found.field(), code, nullptr ), Outcome::notPermitted );
       }
@@ -291,10 +286,9 @@ TEST_P( Family, changesNoFieldButTheOneThatIsWritten ) {
          Subject const subject( type(), 0xa5 );
          auto const written = ModuleTest::randomValue( attribute.type(), random );
          ASSERT_EQ( subject.access( found.field(), 1, written->object() ), Outcome::done );
-         for( std::size_t i = 0; i < subject.bytes().bytes().size(); ++i ) {
+         for( std::size_t i = 0; i < subject.bytes().bytes().size(); ++i )
             if( subject.bytes().data()[i] != 0xa5 )
                places.insert( i );
-         }
       }
       changedBytes = places.size();
       EXPECT_GE( changedBytes, 1u );

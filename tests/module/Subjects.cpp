@@ -59,10 +59,9 @@ std::vector< Kiv::TypeRef > libraryTypes() {
    for( Kiv::ModuleTable const * module : Kiv::modules() ) {
       if( !module->name.starts_with( "LspPing" ) )
          continue;
-      for( U16 index = 0; index < module->count; ++index ) {
+      for( U16 index = 0; index < module->count; ++index )
          if( module->types[index].kind != Kiv::Kind::absent )
             types.emplace_back( module->types + index );
-      }
    }
    return types;
 }
@@ -73,10 +72,9 @@ bool isWireView( Kiv::TypeRef type ) {
 
 std::vector< Kiv::FoundAttribute > allAttributes( Kiv::TypeRef type ) {
    std::vector< Kiv::FoundAttribute > all;
-   for( ; type; type = type.base() ) {
+   for( ; type; type = type.base() )
       for( Kiv::Attribute const & attribute : type.attributes() )
          all.push_back( { type, &attribute } );
-   }
    return all;
 }
 

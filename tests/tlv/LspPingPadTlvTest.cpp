@@ -137,9 +137,8 @@ TEST( LspPingPadTlv, isReachedByAttribute ) {
    Kiv::CollectionIterator at( type, &tlv, "padding" );
    for( ; at.iterNonnull(); at.iterInc() ) {
       walked.push_back( *static_cast< U8 const * >( at.iterObj() ) );
-      if( at.iterKey() == 1 ) {
+      if( at.iterKey() == 1 )
          EXPECT_EQ( at.iterDel(), Kiv::Outcome::done );
-      }
    }
    EXPECT_EQ( walked, ( std::vector< unsigned >{ 0xAB, 0x77, 0x0C } ) );
    EXPECT_EQ( tlv.padding( 1 ), 0 );

@@ -141,10 +141,9 @@ U32 limitOf( Expected const & one ) {
 }
 
 bool hasName( Expected const & one, U32 value ) {
-   for( Named const & named : one.enumerators ) {
+   for( Named const & named : one.enumerators )
       if( named.value == value )
          return true;
-   }
    return false;
 }
 
@@ -152,10 +151,9 @@ bool hasName( Expected const & one, U32 value ) {
 std::vector< U32 > numbersWithoutName( Expected const & one ) {
    std::vector< U32 > numbers;
    for( U32 const value : { 0u, 9u, 13u, 18u, 32u, 63u, 64u, 65u, 99u, 254u, 255u, 256u, 31743u,
-                            31746u, 65260u, 65262u, 65536u, 4294967294u, 4294967295u } ) {
+                            31746u, 65260u, 65262u, 65536u, 4294967294u, 4294967295u } )
       if( value <= limitOf( one ) && !hasName( one, value ) )
          numbers.push_back( value );
-   }
    return numbers;
 }
 

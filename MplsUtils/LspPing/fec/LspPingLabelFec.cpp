@@ -1,8 +1,8 @@
 #include "MplsUtils/LspPing/fec/LspPingLabelFec.h"
 
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 namespace LspPing {
 

@@ -1,7 +1,7 @@
 #include "MplsUtils/LspPing/fec/LspPingPseudowireFec.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
+#include "MplsUtils/LspPing/platform/base/Assert.h"
 
 namespace LspPing {
 

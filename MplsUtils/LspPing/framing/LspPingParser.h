@@ -2,11 +2,11 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/AllocationTracker.h"
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Orlo/Node.h"
 #include "MplsUtils/LspPing/platform/Orlo/Ptr.h"
 #include "MplsUtils/LspPing/platform/VelSlab/Slab.h"
 #include "MplsUtils/LspPing/platform/Velnet/Pkt.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 #include "MplsUtils/LspPing/types/Export.h"
 #include "MplsUtils/LspPing/types/LspPingModules.h"
 

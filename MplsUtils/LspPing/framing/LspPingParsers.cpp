@@ -1,6 +1,6 @@
 #include "MplsUtils/LspPing/framing/LspPingParsers.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 namespace LspPing {
 

@@ -1,7 +1,7 @@
 #include "MplsUtils/LspPing/framing/NtpTime.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 namespace LspPing {
 

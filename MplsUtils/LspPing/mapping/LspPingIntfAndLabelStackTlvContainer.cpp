@@ -1,6 +1,6 @@
 #include "MplsUtils/LspPing/mapping/LspPingIntfAndLabelStackTlvContainer.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
+#include "MplsUtils/LspPing/platform/base/Assert.h"
 
 namespace LspPing {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Orlo/Node.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 #include "MplsUtils/LspPing/types/Export.h"
 
 namespace LspPing {

@@ -260,11 +260,10 @@ constexpr auto smallCodeRows = [] {
    std::array< std::array< U8, smallCodes >, lspPingContextCount > first{};
    for( auto & codes : first )
       codes.fill( noRow );
-   for( std::size_t i = rows.size(); i-- > 0; ) {
+   for( std::size_t i = rows.size(); i-- > 0; )
       if( rows[i].code() < smallCodes )
          first[static_cast< std::size_t >( rows[i].facts.context )][rows[i].code()] =
             static_cast< U8 >( i );
-   }
    return first;
 }();
 
@@ -306,10 +305,9 @@ std::span< LspPingElementRow const > lspPingElements() noexcept {
 }
 
 LspPingElement const * lspPingElementOf( Kiv::TypeId type ) noexcept {
-   for( auto const & known : classes ) {
+   for( auto const & known : classes )
       if( known.type == type )
          return &known.facts;
-   }
    return nullptr;
 }
 

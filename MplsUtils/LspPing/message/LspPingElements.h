@@ -2,8 +2,8 @@
 
 #include "MplsUtils/LspPing/message/Export.h"
 #include "MplsUtils/LspPing/message/LspPingProblem.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeId.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+#include "MplsUtils/LspPing/platform/base/TypeId.h"
 #include "MplsUtils/LspPing/types/LspPingElement.h"
 
 #include <span>

@@ -175,10 +175,9 @@ struct KeepRows< Kiv::TypeList< Ts... > > {
 };
 
 Keep keepOf( Kiv::TypeId type ) noexcept {
-   for( KeepRow const & row : KeepRows< LspPingHdrTypes >::rows ) {
+   for( KeepRow const & row : KeepRows< LspPingHdrTypes >::rows )
       if( row.keep != nullptr && row.type == type )
          return row.keep;
-   }
    return nullptr;
 }
 

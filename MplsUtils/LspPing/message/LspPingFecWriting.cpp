@@ -234,10 +234,9 @@ struct PutRows< Kiv::TypeList< Ts... > > {
 };
 
 Put putOf( Fec code ) noexcept {
-   for( PutRow const & row : PutRows< LspPingHdrTypes >::rows ) {
+   for( PutRow const & row : PutRows< LspPingHdrTypes >::rows )
       if( row.put != nullptr && row.facts->hasCode( static_cast< U32 >( code ) ) )
          return row.put;
-   }
    return nullptr;
 }
 

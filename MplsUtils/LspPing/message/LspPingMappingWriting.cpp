@@ -1,7 +1,7 @@
 #include "MplsUtils/LspPing/LspPingHdr.h"
 #include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
 #include "MplsUtils/LspPing/message/LspPingRecordAddress.h"
-#include "MplsUtils/LspPing/platform/Kiv/OutOfMemory.h"
+#include "MplsUtils/LspPing/platform/base/OutOfMemory.h"
 
 namespace LspPing {
 
@@ -98,11 +98,10 @@ struct OpenRows< Record, Kiv::TypeList< Ts... > > {
 
 template < class Record >
 OpenRow< Record > const * openRowOf( LspPingTlvType code, Record const & record ) noexcept {
-   for( OpenRow< Record > const & row : OpenRows< Record, LspPingHdrTypes >::rows ) {
+   for( OpenRow< Record > const & row : OpenRows< Record, LspPingHdrTypes >::rows )
       if( row.open != nullptr && row.facts->hasCode( static_cast< U32 >( code ) ) &&
           row.facts->selectors[0].value == record.addrType() )
          return &row;
-   }
    return nullptr;
 }
 
@@ -134,10 +133,9 @@ bool putMultipath( LspPingOpenElement & element, Info const & info ) {
 bool putLabels( LspPingOpenElement & element, LspPingDownstreamLabelStack const & stack ) noexcept {
    if( stack.labelEntry().end() > stack.size() )
       return element.takeBack( Error::recordContradicts );
-   for( U32 i = 0; i < stack.size(); ++i ) {
+   for( U32 i = 0; i < stack.size(); ++i )
       if( !element.label( Velnet::MplsLabelEntry( stack.labelEntry( i ).word() ) ) )
          return false;
-   }
    return true;
 }
 
@@ -225,10 +223,9 @@ bool LspPingMessageWriter::interface( LspPingIntfAndLabelStackInfo const & info 
       why = unsaid;
    if( why != Error::none )
       return tlv.takeBack( why );
-   for( Velnet::MplsLabelEntry const entry : info.labelStack() ) {
+   for( Velnet::MplsLabelEntry const entry : info.labelStack() )
       if( !tlv.label( entry ) )
          return false;
-   }
    return tlv.close();
 }
 

@@ -6,8 +6,8 @@
 #include "MplsUtils/LspPing/message/LspPingElements.h"
 #include "MplsUtils/LspPing/message/LspPingMultipath.h"
 #include "MplsUtils/LspPing/message/LspPingProblem.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <span>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "MplsUtils/LspPing/message/LspPingMessageReader.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/OutOfMemory.h"
+#include "MplsUtils/LspPing/platform/base/OutOfMemory.h"
 
 #include <algorithm>
 #include <cstring>

@@ -149,10 +149,9 @@ class Conversion {
         records_( records ) {}
 
    void run() {
-      for( LspPingElementRef const tlv : message_.elements() ) {
+      for( LspPingElementRef const tlv : message_.elements() )
          if( tlv.isWhole() )
             tell( tlv, keep( tlv ) );
-      }
    }
 
  private:
@@ -231,10 +230,9 @@ Kept Conversion::detailedMapping( LspPingElementRef tlv ) {
                                     LspPingDdmapV6UnnumberedTlv >( tlv, mapping );
    if( !kept.isKept )
       return kept;
-   for( LspPingElementRef const sub : tlv.elements() ) {
+   for( LspPingElementRef const sub : tlv.elements() )
       if( sub.isWhole() )
          tell( sub, subTlv( sub, mapping ) );
-   }
    return add( LspPingDownstreamMappingType::downstreamDetailedMap, mapping );
 }
 

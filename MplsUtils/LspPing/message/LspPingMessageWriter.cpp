@@ -1,7 +1,7 @@
 #include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
 
 #include "MplsUtils/LspPing/fec/LspPingP2mpFec.h"
-#include "MplsUtils/LspPing/platform/Kiv/OutOfMemory.h"
+#include "MplsUtils/LspPing/platform/base/OutOfMemory.h"
 #include "MplsUtils/LspPing/tlv/LspPingVeloraVendorPrivateTlv.h"
 
 #include <cstring>

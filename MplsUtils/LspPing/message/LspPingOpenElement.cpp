@@ -49,10 +49,9 @@ U8 * put( U8 * at, PseudowireAttachmentIdentifier const & id ) noexcept {
 } // namespace
 
 LspPingOpenElement::operator bool() const noexcept {
-   for( U32 i = 0; i < writer_.depth_; ++i ) {
+   for( U32 i = 0; i < writer_.depth_; ++i )
       if( writer_.levels_[i].id == id_ )
          return !writer_.levels_[i].isTakenBack;
-   }
    return false;
 }
 

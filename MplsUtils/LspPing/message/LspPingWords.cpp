@@ -16,10 +16,9 @@ struct Words {
 
 template < class E, std::size_t n >
 constexpr std::string_view wordsOf( std::array< Words< E >, n > const & table, E value ) noexcept {
-   for( Words< E > const & row : table ) {
+   for( Words< E > const & row : table )
       if( row.value == value )
          return row.words;
-   }
    return {};
 }
 
@@ -144,10 +143,9 @@ constexpr auto subTlvs = std::to_array< Words< SubTlv > >( {
 
 // Letters of single bits, and the rest as a number.
 void appendFlags( Orlo::StringBuilder & out, std::string_view letters, U32 flags ) {
-   for( std::size_t bit = letters.size(); bit-- > 0; ) {
+   for( std::size_t bit = letters.size(); bit-- > 0; )
       if( ( flags >> bit & 1 ) != 0 )
          out.append( letters[bit] );
-   }
    if( U32 const rest = flags >> letters.size() << letters.size() ) {
       out.append( "+0x" );
       out.appendHex( rest, false );

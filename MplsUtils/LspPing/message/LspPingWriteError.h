@@ -1,7 +1,7 @@
 #pragma once
 
 #include "MplsUtils/LspPing/message/Export.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <string_view>
 

@@ -1,5 +1,4 @@
 #include "MplsUtils/LspPing/platform/Kiv/Module.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/MplsUtils/ModuleTypes.h"
 #include "MplsUtils/LspPing/platform/MplsUtils/MplsOamStandard.h"
 #include "MplsUtils/LspPing/platform/Pseudowire/ModuleTypes.h"
@@ -20,6 +19,7 @@
 #include "MplsUtils/LspPing/platform/Velnet/MplsLabelStack.h"
 #include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
 #include "MplsUtils/LspPing/platform/Velnet/Pkt.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 // The module tables of the platform's own value types.
 

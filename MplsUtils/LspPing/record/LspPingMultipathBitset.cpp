@@ -1,6 +1,6 @@
 #include "MplsUtils/LspPing/record/LspPingMultipathBitset.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
+#include "MplsUtils/LspPing/platform/base/Assert.h"
 
 #include <algorithm>
 
@@ -23,10 +23,9 @@ LspPingMultipathBitset::LspPingMultipathBitset( Kiv::CharRange & ) {
 
 bool LspPingMultipathBitset::hasAnyBitsSet() const noexcept {
    U32 const end = std::min( size_, bitset_.end() );
-   for( U32 index = bitset_.lowest(); index < end; ++index ) {
+   for( U32 index = bitset_.lowest(); index < end; ++index )
       if( bitset( index ) != 0 )
          return true;
-   }
    return false;
 }
 

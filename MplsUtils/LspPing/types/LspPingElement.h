@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 #include "MplsUtils/LspPing/types/Export.h"
 
 #include <array>
@@ -164,11 +164,10 @@ struct LspPingElement {
    }
    /// Whether the selecting bytes are there and have their values. `bytes` are the element's.
    constexpr bool isSelectedBy( std::span< U8 const > bytes ) const noexcept {
-      for( std::size_t i = 0; i < selectorCount; ++i ) {
+      for( std::size_t i = 0; i < selectorCount; ++i )
          if( selectors[i].offset >= bytes.size() ||
              bytes[selectors[i].offset] != selectors[i].value )
             return false;
-      }
       return true;
    }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/TypeRecord.h"
+#include "MplsUtils/LspPing/platform/base/TypeRecord.h"
 #include "MplsUtils/LspPing/types/Export.h"
 
 namespace LspPing {

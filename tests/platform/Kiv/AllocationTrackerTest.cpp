@@ -22,12 +22,10 @@ using Kiv::AllocationTracker;
 static_assert( std::is_trivially_destructible_v< AllocationTracker > );
 
 void count( AllocationTracker & tracker, int allocated, int released ) {
-   for( int i = 0; i < allocated; ++i ) {
+   for( int i = 0; i < allocated; ++i )
       tracker.allocated();
-   }
-   for( int i = 0; i < released; ++i ) {
+   for( int i = 0; i < released; ++i )
       tracker.released();
-   }
 }
 
 /// What a tracker counted since this was made, so that tests may run more than once.
@@ -68,9 +66,8 @@ TEST( AllocationTracker, countsLiveObjectsAndAllThereWere ) {
 TEST( AllocationTracker, keepsWhatEndedThreadsCounted ) {
    static constinit AllocationTracker tracker( "threads that end" );
    Since const since( tracker );
-   for( int round = 0; round < 20; ++round ) {
+   for( int round = 0; round < 20; ++round )
       std::thread( [] { count( tracker, 1000, 400 ); } ).join();
-   }
    EXPECT_EQ( since.total(), 20'000u );
    EXPECT_EQ( since.live(), 12'000u );
 }
@@ -182,9 +179,8 @@ TEST( AllocationTracker, answersInAChildThatWasForkedWhileOthersAsked ) {
    }
    for( int round = 0; round < 50; ++round ) {
       pid_t const child = fork();
-      if( child == 0 ) {
+      if( child == 0 )
          askInAChild();
-      }
       ASSERT_GT( child, 0 );
       int status = 0;
       ASSERT_EQ( waitpid( child, &status, 0 ), child );
@@ -205,9 +201,8 @@ TEST( AllocationTracker, staysExactWithMoreClassesThanABlockHolds ) {
    std::vector< Since > const since( trackers.begin(), trackers.end() );
    for( int round = 0; round < 2; ++round ) {
       std::thread( [&] {
-         for( AllocationTracker & tracker : trackers ) {
+         for( AllocationTracker & tracker : trackers )
             count( tracker, 3, 1 );
-         }
       } ).join();
    }
    for( Since const & tracker : since ) {

@@ -130,7 +130,8 @@ TEST( CharRange, refusesAnotherNextAttribute ) {
 }
 
 TEST( CharRange, refusesAValueThatIsNotClosed ) {
-   EXPECT_EQ( failure( ", more=1", []( CharRange & text ) { text.expectClose(); } ),
+   EXPECT_EQ( failure(
+                 ", more=1", []( CharRange & text ) { text.expectClose(); } ),
               "[] expected \")\" at offset 0, found \", more=1\"" );
    EXPECT_EQ( failure( "  ", []( CharRange & text ) { text.expectClose(); } ),
               "[] expected \")\" at offset 2, found the end of the text" );
@@ -151,13 +152,15 @@ TEST( CharRange, escapesControlBytesAndQuotesOfWhatItMet ) {
 }
 
 TEST( CharRange, escapesWhatIsNoUtf8AndControlsAboveAsciiOfWhatItMet ) {
-   EXPECT_EQ( failure( "\u00e9\xff\u009b", []( CharRange & text ) { text.expectClose(); } ),
+   EXPECT_EQ( failure(
+                 "\u00e9\xff\u009b", []( CharRange & text ) { text.expectClose(); } ),
               "[] expected \")\" at offset 0, found \"\u00e9\\xff\\xc2\\x9b\"" );
 }
 
 TEST( CharRange, showsNoHalfCharacterOfWhatItMet ) {
-   EXPECT_EQ( failure( "0123456789012345678901234567890\u00e9\"",
-                       []( CharRange & text ) { text.expectClose(); } ),
+   EXPECT_EQ( failure(
+                 "0123456789012345678901234567890\u00e9\"",
+                 []( CharRange & text ) { text.expectClose(); } ),
               "[] expected \")\" at offset 0, found \"0123456789012345678901234567890\"..." );
 }
 

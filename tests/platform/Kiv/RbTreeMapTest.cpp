@@ -87,10 +87,9 @@ TEST_F( RbTreeMap, returnsWhatItRemoves ) {
 TEST_F( RbTreeMap, removesDuringAWalk ) {
    Map map = holding( { { 1, "a" }, { 2, "b" }, { 3, "c" }, { 4, "d" } } );
    std::string removed;
-   for( Map::Iterator i = map.iterator(); i.nonnull(); i.advance() ) {
+   for( Map::Iterator i = map.iterator(); i.nonnull(); i.advance() )
       if( i.key() % 2 == 0 )
          removed += map.entryDel( i );
-   }
    EXPECT_EQ( removed, "bd" );
    EXPECT_EQ( walked( map ), ( Walked{ { 1, "a" }, { 3, "c" } } ) );
 }
@@ -208,9 +207,8 @@ TEST_F( RbTreeMap, agreesWithAnArrayOverRandomChanges ) {
             at.advance();
          else
             at = map.iterator();
-         if( at.nonnull() ) {
+         if( at.nonnull() )
             ASSERT_EQ( at.value(), model[at.key()] );
-         }
          break;
       default:
          model[key] = std::to_string( round );
@@ -218,10 +216,9 @@ TEST_F( RbTreeMap, agreesWithAnArrayOverRandomChanges ) {
       }
    }
    Walked expected;
-   for( int key = 0; key < 256; ++key ) {
+   for( int key = 0; key < 256; ++key )
       if( !model[static_cast< std::size_t >( key )].empty() )
          expected.emplace_back( key, model[static_cast< std::size_t >( key )] );
-   }
    EXPECT_EQ( walked( map ), expected );
    EXPECT_FALSE( expected.empty() );
 }

@@ -136,9 +136,8 @@ TEST( ScalarText, readsBackEveryDoubleThatItPrints ) {
    std::mt19937_64 random{ 2 };
    for( int round = 0; round < 100'000; ++round ) {
       double const value = std::bit_cast< double >( random() );
-      if( std::isnan( value ) ) {
+      if( std::isnan( value ) )
          continue;
-      }
       ASSERT_EQ( std::bit_cast< U64 >( read< double >( text( value ) ) ),
                  std::bit_cast< U64 >( value ) );
    }
@@ -160,9 +159,8 @@ TEST( ScalarText, printsStringsInQuotesAndReadsThemBack ) {
    EXPECT_EQ( text( Orlo::String{ "a \"b\" \\c" } ), "\"a \\\"b\\\" \\\\c\"" );
    for( Orlo::String const & value :
         { Orlo::String{}, Orlo::String{ "a, b)=}" }, Orlo::String{ "\\\"\\\\\"" },
-          Orlo::String{ "line\nnext", 9 }, Orlo::String( 1000, '"' ) } ) {
+          Orlo::String{ "line\nnext", 9 }, Orlo::String( 1000, '"' ) } )
       EXPECT_EQ( read< Orlo::String >( text( value ) ), value );
-   }
 }
 
 TEST( ScalarText, refusesStringsThatAreNotQuotedAsItPrintsThem ) {

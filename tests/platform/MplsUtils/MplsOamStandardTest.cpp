@@ -1,8 +1,8 @@
 #include "MplsUtils/LspPing/platform/MplsUtils/MplsOamStandard.h"
 
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/MplsUtils/ModuleTypes.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <gtest/gtest.h>
 

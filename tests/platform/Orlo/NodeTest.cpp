@@ -106,9 +106,8 @@ struct LendsItselfWhenDestroyed : Node {
       : destroyed_( destroyed ),
         marks_( marks ) {}
    ~LendsItselfWhenDestroyed() override {
-      if( marks_ ) {
+      if( marks_ )
          beingDestroyedIs();
-      }
       for( int i = 0; i < 3; ++i ) {
          Ptr< Node > const lent( this );
          Ptr< Node > const again = lent;
@@ -135,11 +134,10 @@ struct ComesBack : Node {
    void lastUserGone() override {
       ++timesWithoutUser_;
       EXPECT_EQ( references(), 0u );
-      if( timesWithoutUser_ <= 2 ) {
+      if( timesWithoutUser_ <= 2 )
          home_ = this;
-      } else {
+      else
          Node::lastUserGone();
-      }
    }
 
    Ptr< ComesBack > & home_;
@@ -232,9 +230,8 @@ TYPED_TEST( SharedNode, isDestroyedOnceWhicheverThreadIsLast ) {
 [[noreturn]] void goFromOneThreadToSeveral() {
    std::string notes;
    auto const check = []( bool holds, int status ) {
-      if( !holds ) {
+      if( !holds )
          std::_Exit( status );
-      }
    };
    Ptr< Noted > first( new Noted( notes, "node" ) );
    Ptr< Noted > second = first;
@@ -244,9 +241,8 @@ TYPED_TEST( SharedNode, isDestroyedOnceWhicheverThreadIsLast ) {
       std::vector< std::jthread > threads;
       for( int i = 0; i < 4; ++i ) {
          threads.emplace_back( [own = second] {
-            for( int round = 0; round < 10'000; ++round ) {
+            for( int round = 0; round < 10'000; ++round )
                Ptr< Noted > const copy = own;
-            }
          } );
       }
       check( __libc_single_threaded == 0, 3 );

@@ -110,17 +110,14 @@ TEST( StringBuilder, printsDecimalNumbers ) {
    EXPECT_EQ( decimal( 4294967296 ), "4294967296" );
    EXPECT_EQ( decimal( 10'000'000'000 ), "10000000000" );
    EXPECT_EQ( decimal( 18446744073709551615U ), "18446744073709551615" );
-   for( U32 number = 0; number < 70'000; ++number ) {
+   for( U32 number = 0; number < 70'000; ++number )
       ASSERT_EQ( decimal( number ), std::to_string( number ) );
-   }
 }
 
 TEST( StringBuilder, printsDecimalNumbersAroundEveryPowerOfTen ) {
-   for( U64 power = 1; power <= 1'000'000'000'000'000'000; power *= 10 ) {
-      for( U64 const number : { power - 1, power, power + 1, power * 9, power + power / 3 } ) {
+   for( U64 power = 1; power <= 1'000'000'000'000'000'000; power *= 10 )
+      for( U64 const number : { power - 1, power, power + 1, power * 9, power + power / 3 } )
          EXPECT_EQ( decimal( number ), std::to_string( number ) );
-      }
-   }
 }
 
 TEST( StringBuilder, printsRandomNumbersOfEveryWidth ) {

@@ -2,9 +2,9 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 #include "MplsUtils/LspPing/platform/Pseudowire/ModuleTypes.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <gtest/gtest.h>
 
@@ -20,9 +20,8 @@ using Pseudowire::PseudowireGenId;
 constexpr PseudowireAttachmentIdentifier identifier( U8 type, std::initializer_list< U8 > bytes ) {
    PseudowireAttachmentIdentifier id{ type, static_cast< U8 >( bytes.size() ) };
    U32 index = 0;
-   for( U8 const byte : bytes ) {
+   for( U8 const byte : bytes )
       id.valueIs( index++, byte );
-   }
    return id;
 }
 
@@ -99,9 +98,8 @@ TEST( PseudowireAttachmentIdentifier, printsTypeAndValue ) {
 PseudowireAttachmentIdentifier randomIdentifier( std::mt19937 & random, unsigned lengths ) {
    PseudowireAttachmentIdentifier id{ static_cast< U8 >( random() ),
                                       static_cast< U8 >( random() % lengths ) };
-   for( U32 index = 0; index < 8; ++index ) {
+   for( U32 index = 0; index < 8; ++index )
       id.valueIs( index, static_cast< U8 >( random() ) );
-   }
    return id;
 }
 

@@ -1,8 +1,8 @@
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 #include "MplsUtils/LspPing/platform/Rsvp/RsvpSpGroupId.h"
 #include "MplsUtils/LspPing/platform/Rsvp/RsvpSpId.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <gtest/gtest.h>
 

@@ -30,18 +30,16 @@ std::vector< void * > allocated( std::size_t size, int count ) {
 }
 
 void release( std::vector< void * > const & objects, std::size_t size ) {
-   for( void * const object : objects ) {
+   for( void * const object : objects )
       VelSlab::release( object, size );
-   }
 }
 
 /// What is said of recycled memory does not hold where every object comes from the heap.
 class RecyclingSlab : public testing::Test {
  protected:
    void SetUp() override {
-      if( !VelSlab::recycles() ) {
+      if( !VelSlab::recycles() )
          GTEST_SKIP() << "AddressSanitizer builds take every object from the heap";
-      }
    }
 };
 
@@ -55,12 +53,10 @@ TEST( Slab, givesEverySizeRoomOfItsOwn ) {
          objects.push_back( object );
       }
       std::sort( objects.begin(), objects.end() );
-      for( std::size_t i = 1; i < objects.size(); ++i ) {
+      for( std::size_t i = 1; i < objects.size(); ++i )
          ASSERT_GE( objects[i] - objects[i - 1], static_cast< std::ptrdiff_t >( size ) );
-      }
-      for( std::byte * const object : objects ) {
+      for( std::byte * const object : objects )
          VelSlab::release( object, size );
-      }
    }
 }
 
@@ -131,9 +127,8 @@ TEST_F( RecyclingSlab, letsThreadsWorkWithoutTheDepot ) {
    std::latch start( 2 );
    auto const work = [&] {
       start.arrive_and_wait();
-      for( int i = 0; i < 20'000; ++i ) {
+      for( int i = 0; i < 20'000; ++i )
          release( allocated( 128, 5 ), 128 );
-      }
    };
    std::thread one( work );
    std::thread two( work );
@@ -150,9 +145,8 @@ TEST_F( RecyclingSlab, doesNotVisitTheDepotAtAMagazinesEdge ) {
          std::vector< void * > const first = allocated( 144, held );
          release( allocated( 144, 10 ), 144 );
          U64 const before = VelSlab::depotVisits( 144 );
-         for( int i = 0; i < 1000; ++i ) {
+         for( int i = 0; i < 1000; ++i )
             release( allocated( 144, 10 ), 144 );
-         }
          EXPECT_EQ( VelSlab::depotVisits( 144 ), before ) << held;
          release( first, 144 );
       }
@@ -188,9 +182,8 @@ void expectNoneLost( Use use ) {
    for( int round = 0; round < 20; ++round ) {
       std::vector< void * > const objects = use();
       seen.insert( objects.begin(), objects.end() );
-      if( round == 4 ) {
+      if( round == 4 )
          afterSome = seen.size();
-      }
    }
    EXPECT_EQ( seen.size(), afterSome );
 }
@@ -241,9 +234,8 @@ TEST( Slab, servesAChildThatWasForkedWhileOthersWereAtTheDepot ) {
    std::vector< std::jthread > visiting;
    for( int i = 0; i < 3; ++i ) {
       visiting.emplace_back( []( std::stop_token const & stop ) {
-         while( !stop.stop_requested() ) {
+         while( !stop.stop_requested() )
             static_cast< void >( VelSlab::depotVisits( 176 ) );
-         }
       } );
    }
    for( int round = 0; round < 50; ++round ) {
@@ -270,9 +262,8 @@ TEST( Slab, keepsObjectsApartAcrossThreadsThatTradeThem ) {
       for( std::size_t self = 0; self < threadCount; ++self ) {
          threads.emplace_back( [&, self] {
             made[self] = allocated( 32, objectCount );
-            for( void * const object : made[self] ) {
+            for( void * const object : made[self] )
                std::memcpy( object, &self, sizeof( self ) );
-            }
             traded.arrive_and_wait();
             std::size_t const other = ( self + 1 ) % threadCount;
             for( void * const object : made[other] ) {
@@ -299,23 +290,19 @@ constexpr bool threadSanitizer = __has_feature( thread_sanitizer );
    std::vector< void * > objects;
    objects.reserve( limit / 256 );
    rlimit const addressSpace{ limit, limit };
-   if( setrlimit( RLIMIT_AS, &addressSpace ) != 0 ) {
+   if( setrlimit( RLIMIT_AS, &addressSpace ) != 0 )
       std::_Exit( 1 );
-   }
    for( int round = 0; round < 2; ++round ) {
       try {
-         for( ;; ) {
+         for( ;; )
             objects.push_back( VelSlab::allocate( 256 ) );
-         }
       } catch( std::bad_alloc const & ) {
-         if( objects.size() < 100'000 || objects.size() == objects.capacity() ) {
+         if( objects.size() < 100'000 || objects.size() == objects.capacity() )
             std::_Exit( 2 );
-         }
       }
       std::sort( objects.begin(), objects.end() );
-      if( std::adjacent_find( objects.begin(), objects.end() ) != objects.end() ) {
+      if( std::adjacent_find( objects.begin(), objects.end() ) != objects.end() )
          std::_Exit( 3 );
-      }
       release( objects, 256 );
       objects.clear();
    }
@@ -323,17 +310,15 @@ constexpr bool threadSanitizer = __has_feature( thread_sanitizer );
 }
 
 TEST( SlabDeathTest, throwsBadAllocWithoutMemoryAndGoesOnWhenSomeIsReleased ) {
-   if( threadSanitizer || !VelSlab::recycles() ) {
+   if( threadSanitizer || !VelSlab::recycles() )
       GTEST_SKIP() << "a sanitizer needs more address space than the limit";
-   }
    testing::FLAGS_gtest_death_test_style = "threadsafe";
    EXPECT_EXIT( exhaustMemory(), testing::ExitedWithCode( 0 ), "" );
 }
 
 TEST( SlabDeathTest, letsAddressSanitizerSeeAUseAfterRelease ) {
-   if( VelSlab::recycles() ) {
+   if( VelSlab::recycles() )
       GTEST_SKIP() << "only AddressSanitizer sees it";
-   }
    char * const volatile object = static_cast< char * >( VelSlab::allocate( 32 ) );
    VelSlab::release( object, 32 );
    EXPECT_DEATH( object[3] = 1, "heap-use-after-free" );
@@ -341,9 +326,8 @@ TEST( SlabDeathTest, letsAddressSanitizerSeeAUseAfterRelease ) {
 
 struct Counted : VelSlab::Allocated< Counted > {
    explicit Counted( bool fails = false ) {
-      if( fails ) {
+      if( fails )
          throw std::bad_alloc();
-      }
    }
    std::array< char, 40 > bytes{};
    static Kiv::AllocationTracker memAllocationTracker_;
@@ -367,9 +351,8 @@ TEST( SlabAllocated, tellsTheTrackerOfItsClass ) {
 }
 
 TEST( SlabAllocated, givesTheMemoryOfADeletedObjectToTheNext ) {
-   if( !VelSlab::recycles() ) {
+   if( !VelSlab::recycles() )
       GTEST_SKIP() << "AddressSanitizer builds take every object from the heap";
-   }
    auto const * const first = new Counted;
    auto const * const place = static_cast< void const * >( first );
    delete first;

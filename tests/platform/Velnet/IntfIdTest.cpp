@@ -2,9 +2,9 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 #include "MplsUtils/LspPing/platform/Velnet/ModuleTypes.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <gtest/gtest.h>
 
@@ -30,9 +30,8 @@ TEST( IntfId, isBuiltFromItsName ) {
 
 TEST( IntfId, refusesOtherNames ) {
    for( std::string_view const wrong : { "none", "eth0", "7a", "-1", "+1", " 1", "1 ", "0x10",
-                                         "1.0", "4294967296", "99999999999999999999" } ) {
+                                         "1.0", "4294967296", "99999999999999999999" } )
       EXPECT_THROW( IntfId{ wrong }, Kiv::RangeException ) << wrong;
-   }
    try {
       IntfId const id{ "eth0" };
       FAIL() << "the name was taken";

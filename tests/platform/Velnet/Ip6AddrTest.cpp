@@ -134,9 +134,8 @@ TEST( Ip6Addr, refusesWhatIsNoAddress ) {
                                          "::a.2.3.4",
                                          "1:2:3:4:5:6::1.2.3.4",
                                          "[::1]",
-                                         "none" } ) {
+                                         "none" } )
       EXPECT_FALSE( Ip6Addr::fromText( wrong ) ) << wrong;
-   }
 }
 
 TEST( Ip6Addr, agreesWithTheSystemOnRandomAddresses ) {
@@ -144,15 +143,12 @@ TEST( Ip6Addr, agreesWithTheSystemOnRandomAddresses ) {
    for( int round = 0; round < 200'000; ++round ) {
       std::array< U16, 8 > groups{};
       U32 const zeros = static_cast< U32 >( random() );
-      for( std::size_t index = 0; index < groups.size(); ++index ) {
-         if( ( zeros >> index & 1 ) == 0 ) {
+      for( std::size_t index = 0; index < groups.size(); ++index )
+         if( ( zeros >> index & 1 ) == 0 )
             groups[index] = static_cast< U16 >( random() >> ( random() % 16 ) );
-         }
-      }
       if( groups[0] == 0 && groups[1] == 0 && groups[2] == 0 && groups[3] == 0 && groups[4] == 0 &&
-          groups[5] == 0 ) {
+          groups[5] == 0 )
          continue; // the system prints ::/96 mixed, RFC 5952 does not ask for it
-      }
       Ip6Addr const address = ofGroups( groups );
       char text[INET6_ADDRSTRLEN];
       ASSERT_NE( inet_ntop( AF_INET6, &address, text, sizeof text ), nullptr );
@@ -174,11 +170,10 @@ TEST( Ip6Addr, agreesWithTheSystemOnRandomTexts ) {
       for( auto change = random() % 4; change > 0; --change ) {
          char const character = characters[random() % characters.size()];
          std::size_t const place = random() % ( text.size() + 1 );
-         if( random() % 2 == 0 || place == text.size() ) {
+         if( random() % 2 == 0 || place == text.size() )
             text.insert( place, 1, character );
-         } else {
+         else
             text[place] = character;
-         }
       }
       in6_addr system{};
       bool const valid = inet_pton( AF_INET6, text.c_str(), &system ) == 1;

@@ -57,16 +57,14 @@ TEST( IpAddr, agreesWithTheSystemOnRandomTexts ) {
    constexpr std::string_view characters = "0123456789....... a";
    for( int round = 0; round < 200'000; ++round ) {
       Orlo::String text = IpAddr::fromHost( static_cast< U32 >( random() ) ).stringValue();
-      for( auto change = random() % 3; change > 0; --change ) {
+      for( auto change = random() % 3; change > 0; --change )
          text[random() % text.size()] = characters[random() % characters.size()];
-      }
       in_addr system{};
       bool const taken = inet_pton( AF_INET, text.c_str(), &system ) == 1;
       std::optional< IpAddr > const address = IpAddr::fromText( text );
       ASSERT_EQ( address.has_value(), taken ) << text;
-      if( taken ) {
+      if( taken )
          ASSERT_EQ( std::memcmp( &system, &*address, 4 ), 0 ) << text;
-      }
    }
 }
 
@@ -75,9 +73,8 @@ TEST( IpAddr, refusesWhatIsNoAddress ) {
         { "",         "1",         "1.2.3",     "1.2.3.",    ".1.2.3",     "1..2.3",
           "1.2.3.4.", "1.2.3.4.5", "256.1.1.1", "1.1.1.256", "1.1.1.1000", "01.2.3.4",
           "1.2.3.00", "1.2.3.04",  "1.2.3.4 ",  " 1.2.3.4",  "1.2.3.-4",   "1.2.3.+4",
-          "1.2.3.a",  "0x1.2.3.4", "1,2,3,4",   "1.2.3.4/8" } ) {
+          "1.2.3.a",  "0x1.2.3.4", "1,2,3,4",   "1.2.3.4/8" } )
       EXPECT_FALSE( IpAddr::fromText( wrong ) ) << wrong;
-   }
 }
 
 TEST( IpAddr, isReadUpToPunctuation ) {

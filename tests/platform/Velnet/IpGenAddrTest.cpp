@@ -2,9 +2,9 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 #include "MplsUtils/LspPing/platform/Velnet/ModuleTypes.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <gtest/gtest.h>
 
@@ -46,23 +46,20 @@ TEST( IpGenAddr, readsBackWhatItPrints ) {
    std::mt19937 random{ 11 };
    for( int round = 0; round < 20'000; ++round ) {
       Ip6Addr::Bytes bytes;
-      for( U8 & byte : bytes ) {
+      for( U8 & byte : bytes )
          byte = static_cast< U8 >( random() % 3 == 0 ? random() : 0 );
-      }
       IpGenAddr const addresses[] = { IpAddr::fromHost( static_cast< U32 >( random() ) ),
                                       Ip6Addr{ bytes }, IpGenAddr{} };
-      for( IpGenAddr const & address : addresses ) {
+      for( IpGenAddr const & address : addresses )
          ASSERT_EQ( IpGenAddr::fromText( address.stringValue() ), address );
-      }
    }
 }
 
 TEST( IpGenAddr, refusesWhatIsNoAddress ) {
    for( std::string_view const wrong :
         { "", "None", "none ", "no", "nonexistent", "1.2.3", "10.0.0.1/8", ":", "1::2::3",
-          "2001:db8::1/64", "10", "1.2.3.4:" } ) {
+          "2001:db8::1/64", "10", "1.2.3.4:" } )
       EXPECT_FALSE( IpGenAddr::fromText( wrong ) ) << wrong;
-   }
 }
 
 TEST( IpGenAddr, isReadUpToPunctuation ) {

@@ -2,9 +2,9 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 #include "MplsUtils/LspPing/platform/Velnet/ModuleTypes.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <gtest/gtest.h>
 
@@ -42,19 +42,16 @@ TEST( IpGenPrefix, takesEveryLengthOfItsFamilyAndNoOther ) {
       Orlo::String const behind = Kiv::_fmt( "/%d", length );
       ASSERT_EQ( IpGenPrefix::fromText( "10.0.0.0" + behind ).has_value(), length <= 32 );
       ASSERT_EQ( IpGenPrefix::fromText( "2001:db8::" + behind ).has_value(), length <= 128 );
-      if( length <= 32 ) {
+      if( length <= 32 )
          ASSERT_EQ( IpGenPrefix::fromText( "10.0.0.0" + behind ), IpGenPrefix( ipv4, bits ) );
-      } else {
+      else
          ASSERT_THROW( IpGenPrefix( ipv4, bits ), Kiv::RangeException );
-      }
-      if( length <= 128 ) {
+      if( length <= 128 )
          ASSERT_EQ( IpGenPrefix::fromText( "2001:db8::" + behind ), IpGenPrefix( ipv6, bits ) );
-      } else {
+      else
          ASSERT_THROW( IpGenPrefix( ipv6, bits ), Kiv::RangeException );
-      }
-      if( length != 0 ) {
+      if( length != 0 )
          ASSERT_THROW( IpGenPrefix( IpGenAddr{}, bits ), Kiv::RangeException );
-      }
    }
    try {
       IpGenPrefix const prefix{ ipv4, 33 };
@@ -69,9 +66,8 @@ TEST( IpGenPrefix, readsBackWhatItPrints ) {
    std::mt19937 random{ 13 };
    for( int round = 0; round < 20'000; ++round ) {
       Ip6Addr::Bytes bytes;
-      for( U8 & byte : bytes ) {
+      for( U8 & byte : bytes )
          byte = static_cast< U8 >( random() % 3 == 0 ? random() : 0 );
-      }
       IpGenPrefix const prefixes[] = { { IpAddr::fromHost( static_cast< U32 >( random() ) ),
                                          static_cast< U8 >( random() % 33 ) },
                                        { Ip6Addr{ bytes }, static_cast< U8 >( random() % 129 ) },

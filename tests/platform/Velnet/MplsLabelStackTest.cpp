@@ -2,9 +2,9 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 #include "MplsUtils/LspPing/platform/Velnet/ModuleTypes.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <gtest/gtest.h>
 
@@ -138,9 +138,8 @@ TEST( MplsLabelStack, readsBackWhatItPrints ) {
    std::mt19937 random{ 15 };
    for( int round = 0; round < 5'000; ++round ) {
       MplsLabelStack stack;
-      for( auto count = random() % 20; count > 0; --count ) {
+      for( auto count = random() % 20; count > 0; --count )
          stack.entryAdd( MplsLabelEntry{ static_cast< U32 >( random() ) } );
-      }
       MplsLabelStack read{ entry };
       Orlo::String const printed = stack.stringValue() + ")";
       Kiv::CharRange text{ printed };

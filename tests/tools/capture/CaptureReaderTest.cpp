@@ -29,14 +29,12 @@ void endsInError( EchoSource & source, ReadErrorKind kind, std::string const & t
 class WithoutPrivileges {
  public:
    WithoutPrivileges() {
-      if( user_ == 0 ) {
+      if( user_ == 0 )
          isChanged_ = ::seteuid( 65534 ) == 0;
-      }
    }
    ~WithoutPrivileges() {
-      if( isChanged_ && ::seteuid( user_ ) != 0 ) {
+      if( isChanged_ && ::seteuid( user_ ) != 0 )
          std::abort();
-      }
    }
    bool isEffective() const { return ::geteuid() != 0; }
 
@@ -268,18 +266,16 @@ TEST( CaptureReader, failsOnADeviceThatCannotBeRead ) {
 
 TEST( CaptureReader, failsWhereADeviceDoesInMidFile ) {
    Bytes bytes = pcapHeader( 1 );
-   for( int i = 0; i < 2000; ++i ) {
+   for( int i = 0; i < 2000; ++i )
       bytes = std::move( bytes ) + pcapRecord( packet );
-   }
    TemporaryFile file( bytes );
    StandardInput input( ::open( file.path().c_str(), O_RDONLY ) );
    CaptureReader reader( "-" );
    ASSERT_EQ( reader.next(), Step::message );
    StandardInput broken( ::open( "/dev/null", O_WRONLY ) );
    Step step = reader.next();
-   while( step == Step::message ) {
+   while( step == Step::message )
       step = reader.next();
-   }
    ASSERT_EQ( step, Step::error );
    EXPECT_EQ( reader.error().kind, ReadErrorKind::fileFailed );
    EXPECT_EQ( reader.error().packet, reader.packet().number + 1 );

@@ -347,9 +347,8 @@ TEST( Dissect, reportsWhatTheCaptureCutsOffAtEveryLength ) {
       Bytes const bytes( deepPacket.begin(), deepPacket.begin() + static_cast< long >( length ) );
       Dissected result( ethernetLink, bytes, deepPacket.size() );
       ASSERT_EQ( result.isMessage, length >= portsEnd );
-      if( !result.isMessage ) {
+      if( !result.isMessage )
          continue;
-      }
       std::size_t const kept = length > headersEnd ? length - headersEnd : 0;
       EXPECT_EQ( result.packet.claimedLength, 8U );
       EXPECT_EQ( result.payload(),

@@ -83,9 +83,8 @@ TEST( HexReader, namesTheForeignCharacterAndGoesOn ) {
 
 TEST( HexReader, boundsAMessage ) {
    std::string longest;
-   for( std::size_t i = 0; i < HexReader::maximumLength; ++i ) {
+   for( std::size_t i = 0; i < HexReader::maximumLength; ++i )
       longest += "5a";
-   }
    ReadText const read( longest + "\n" + longest + "5a5a\n01\n" );
    EXPECT_EQ( read.messages, ( Messages{ Bytes( 65535, 0x5a ), { 1 } } ) );
    EXPECT_EQ(

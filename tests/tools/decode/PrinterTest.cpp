@@ -1,6 +1,6 @@
 #include "tests/tools/decode/Build.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 namespace {
 

@@ -58,35 +58,39 @@ class Growth : public testing::Test {
 };
 
 TEST_F( Growth, isLinearThroughZerosThatAreNoPadding ) {
-   EXPECT_LT( growth( 4096, []( std::size_t n ) { return repeated( "00000000", n ) + "01"; } ),
+   EXPECT_LT( growth(
+                 4096, []( std::size_t n ) { return repeated( "00000000", n ) + "01"; } ),
               2.05 );
 }
 
 TEST_F( Growth, isLinearThroughTlvsWithoutAlignment ) {
-   EXPECT_LT( growth( 2048, []( std::size_t n ) { return repeated( "000c000100", n ); } ), 2.05 );
+   EXPECT_LT( growth(
+                 2048, []( std::size_t n ) { return repeated( "000c000100", n ); } ),
+              2.05 );
 }
 
 TEST_F( Growth, isLinearThroughNestedTlvs ) {
-   EXPECT_LT( growth( 512,
-                      []( std::size_t n ) {
-                         std::string nested = repeated( "000c000400000009", n );
-                         for( int depth = 0; depth < 6; ++depth )
-                            nested = "0009" + word( nested.size() / 2 ) + nested;
-                         return nested;
-                      } ),
+   EXPECT_LT( growth(
+                 512,
+                 []( std::size_t n ) {
+                    std::string nested = repeated( "000c000400000009", n );
+                    for( int depth = 0; depth < 6; ++depth )
+                       nested = "0009" + word( nested.size() / 2 ) + nested;
+                    return nested;
+                 } ),
               2.05 );
 }
 
 // Each pushes a FEC onto the stack that the record has.
 TEST_F( Growth, isLinearThroughChangesOfTheFecStack ) {
-   EXPECT_LT( growth( 100,
-                      []( std::size_t n ) {
-                         std::string const changes =
-                            repeated( "0003000c010008000010000400003000", n );
-                         std::size_t const size = changes.size() / 2;
-                         return "0014" + word( size + 16 ) + "05dc01000a0000020a0000010801" +
-                                word( size ) + changes;
-                      } ),
+   EXPECT_LT( growth(
+                 100,
+                 []( std::size_t n ) {
+                    std::string const changes = repeated( "0003000c010008000010000400003000", n );
+                    std::size_t const size = changes.size() / 2;
+                    return "0014" + word( size + 16 ) + "05dc01000a0000020a0000010801" +
+                           word( size ) + changes;
+                 } ),
               2.05 );
 }
 

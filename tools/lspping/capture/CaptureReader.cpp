@@ -33,9 +33,8 @@ std::FILE * streamOver( InputFile & input, char * buffer ) {
    functions.read = readInput;
    functions.seek = positionOfInput;
    std::FILE * stream = ::fopencookie( &input, "r", functions );
-   if( stream != nullptr ) {
+   if( stream != nullptr )
       static_cast< void >( std::setvbuf( stream, buffer, _IOFBF, bufferSize ) );
-   }
    return stream;
 }
 
@@ -51,9 +50,8 @@ TimeStamp timeOf( pcap * capture, pcap_pkthdr const & header ) {
    constexpr std::int64_t second = 1'000'000'000;
    constexpr int pcapVersion = 2; // that of pcapng is 1
    std::int64_t seconds = header.ts.tv_sec;
-   if( seconds < 0 && ::pcap_major_version( capture ) >= pcapVersion ) {
+   if( seconds < 0 && ::pcap_major_version( capture ) >= pcapVersion )
       seconds += std::int64_t{ 1 } << 32;
-   }
    std::int64_t nanoseconds = header.ts.tv_usec % second;
    seconds += header.ts.tv_usec / second;
    if( nanoseconds < 0 ) {
@@ -117,12 +115,10 @@ bool CaptureReader::open() {
 }
 
 EchoSource::Step CaptureReader::next() {
-   if( state_ == State::ended ) {
+   if( state_ == State::ended )
       return Step::end;
-   }
-   if( state_ == State::unopened && !open() ) {
+   if( state_ == State::unopened && !open() )
       return Step::error;
-   }
    pcap_pkthdr * header = nullptr;
    U8 const * bytes = nullptr;
    auto const read = [&] {
@@ -149,9 +145,8 @@ EchoSource::Step CaptureReader::next() {
            ::pcap_geterr( capture_.get() ) );
    error_.packet = packets_ + 1;
    off64_t const offset = ::ftello64( ::pcap_file( capture_.get() ) );
-   if( offset >= 0 ) {
+   if( offset >= 0 )
       error_.offset = static_cast< U64 >( offset );
-   }
    return Step::error;
 }
 

@@ -51,15 +51,13 @@ void cutIsReported( EchoPacket & packet ) {
 }
 
 bool udp( Rest rest, bool isFragment, EchoPacket & packet ) {
-   if( !rest.has( 4 ) || ( rest.u16( 0 ) != lspPingPort && rest.u16( 2 ) != lspPingPort ) ) {
+   if( !rest.has( 4 ) || ( rest.u16( 0 ) != lspPingPort && rest.u16( 2 ) != lspPingPort ) )
       return false;
-   }
    packet.sourcePort = rest.u16( 0 );
    packet.destinationPort = rest.u16( 2 );
    if( !rest.has( 8 ) ) {
-      if( rest.onWire() <= 8 ) {
+      if( rest.onWire() <= 8 )
          return false;
-      }
       packet.claimedLength = rest.onWire() - 8;
       cutIsReported( packet );
       return true;
@@ -69,14 +67,12 @@ bool udp( Rest rest, bool isFragment, EchoPacket & packet ) {
    if( length < 8 ) {
       packet.payload = rest.bytes();
       packet.claimedLength = rest.onWire();
-      if( rest.onWire() == 0 ) {
+      if( rest.onWire() == 0 )
          return false;
-      }
       packet.problems.push_back(
          { 0, "The UDP length is " + std::to_string( length ) + ", less than the UDP header" } );
-      if( rest.isCut() ) {
+      if( rest.isCut() )
          cutIsReported( packet );
-      }
       return true;
    }
    packet.claimedLength = length - 8;
@@ -91,54 +87,47 @@ bool udp( Rest rest, bool isFragment, EchoPacket & packet ) {
                       : "The UDP length is " + std::to_string( length ) + ", but the packet has " +
                            std::to_string( carried + 8 ) + " bytes for it" } );
    }
-   if( rest.isCut() ) {
+   if( rest.isCut() )
       cutIsReported( packet );
-   }
    return packet.claimedLength != 0;
 }
 
 /// RFC 791.
 bool ipv4( Rest rest, EchoPacket & packet ) {
-   if( !rest.has( 20 ) || rest.u8( 0 ) >> 4 != 4 ) {
+   if( !rest.has( 20 ) || rest.u8( 0 ) >> 4 != 4 )
       return false;
-   }
    std::size_t const headerLength = ( rest.u8( 0 ) & 0x0fU ) * std::size_t{ 4 };
    // 0 where the network card was to split the packet: then it goes as far as the frame does.
    std::size_t const totalLength = rest.u16( 2 );
    unsigned const fragment = rest.u16( 6 );
    bool const hasPorts = rest.u8( 9 ) == 17 && ( fragment & 0x1fffU ) == 0;
    if( headerLength < 20 || !rest.has( headerLength ) || !hasPorts ||
-       ( totalLength != 0 && totalLength < headerLength ) ) {
+       ( totalLength != 0 && totalLength < headerLength ) )
       return false;
-   }
    packet.source = rest.bytes().subspan( 12, 4 );
    packet.destination = rest.bytes().subspan( 16, 4 );
-   if( totalLength != 0 ) {
+   if( totalLength != 0 )
       rest.narrow( totalLength );
-   }
    rest.skip( headerLength );
    return udp( rest, ( fragment & 0x2000U ) != 0, packet );
 }
 
 /// RFC 8200; extension headers until UDP is met.
 bool ipv6( Rest rest, EchoPacket & packet ) {
-   if( !rest.has( 40 ) || rest.u8( 0 ) >> 4 != 6 ) {
+   if( !rest.has( 40 ) || rest.u8( 0 ) >> 4 != 6 )
       return false;
-   }
    // 0 in a jumbogram, which is too long for a UDP length that counts.
    std::size_t const payloadLength = rest.u16( 4 );
    U8 nextHeader = rest.u8( 6 );
    packet.source = rest.bytes().subspan( 8, 16 );
    packet.destination = rest.bytes().subspan( 24, 16 );
    rest.skip( 40 );
-   if( payloadLength != 0 ) {
+   if( payloadLength != 0 )
       rest.narrow( payloadLength );
-   }
    bool isFragment = false;
    while( nextHeader != 17 ) {
-      if( !rest.has( 8 ) ) {
+      if( !rest.has( 8 ) )
          return false;
-      }
       std::size_t length = 8;
       switch( nextHeader ) {
       case 0:  // hop-by-hop options: the router alert
@@ -147,9 +136,8 @@ bool ipv6( Rest rest, EchoPacket & packet ) {
          length = ( rest.u8( 1 ) + 1U ) * std::size_t{ 8 };
          break;
       case 44: // fragment
-         if( rest.u16( 2 ) >> 3 != 0 ) {
+         if( rest.u16( 2 ) >> 3 != 0 )
             return false;
-         }
          isFragment = isFragment || ( rest.u16( 2 ) & 1 ) != 0;
          break;
       case 51: // authentication header, RFC 4302 section 2.2: counts words, less two
@@ -158,9 +146,8 @@ bool ipv6( Rest rest, EchoPacket & packet ) {
       default:
          return false;
       }
-      if( !rest.has( length ) ) {
+      if( !rest.has( length ) )
          return false;
-      }
       nextHeader = rest.u8( 0 );
       rest.skip( length );
    }
@@ -169,9 +156,8 @@ bool ipv6( Rest rest, EchoPacket & packet ) {
 
 /// The header of RFC 4385 section 5 and RFC 5586 section 2.1: nibble 1, version 0, reserved, type.
 bool associatedChannel( Rest rest, EchoPacket & packet ) {
-   if( !rest.has( 4 ) || rest.u8( 0 ) != 0x10 ) {
+   if( !rest.has( 4 ) || rest.u8( 0 ) != 0x10 )
       return false;
-   }
    auto const type = static_cast< ChannelType >( rest.u16( 2 ) );
    packet.channelType = type;
    rest.skip( 4 );
@@ -183,9 +169,8 @@ bool associatedChannel( Rest rest, EchoPacket & packet ) {
    case ChannelType::lspPing:
       packet.payload = rest.bytes();
       packet.claimedLength = rest.onWire();
-      if( rest.isCut() ) {
+      if( rest.isCut() )
          cutIsReported( packet );
-      }
       return packet.claimedLength != 0;
    }
    return false;
@@ -193,9 +178,8 @@ bool associatedChannel( Rest rest, EchoPacket & packet ) {
 
 /// What nothing but its first four bits describes.
 bool byFirstNibble( Rest rest, EchoPacket & packet ) {
-   if( !rest.has( 1 ) ) {
+   if( !rest.has( 1 ) )
       return false;
-   }
    switch( rest.u8( 0 ) >> 4 ) {
    case 4:
       return ipv4( rest, packet );
@@ -208,9 +192,8 @@ bool byFirstNibble( Rest rest, EchoPacket & packet ) {
 
 bool mpls( Rest rest, EchoPacket & packet ) {
    for( bool isBottom = false; !isBottom; rest.skip( 4 ) ) {
-      if( !rest.has( 4 ) ) {
+      if( !rest.has( 4 ) )
          return false;
-      }
       U32 const entry = rest.u32( 0 );
       isBottom = ( entry & 0x100U ) != 0;
       packet.labels.push_back( { entry >> 12, static_cast< U8 >( entry >> 9 & 7U ), isBottom,
@@ -224,9 +207,8 @@ bool byEtherType( Rest rest, U16 type, EchoPacket & packet ) {
    // is seldom kept, but a tag that the card took out may leave as much behind.
    bool const mayBePadded = rest.onWire() <= 50 && !rest.isCut();
    while( type == 0x8100 || type == 0x88a8 || type == 0x9100 || type == 0x9200 ) {
-      if( !rest.has( 4 ) ) {
+      if( !rest.has( 4 ) )
          return false;
-      }
       type = rest.u16( 2 );
       rest.skip( 4 );
    }
@@ -237,9 +219,8 @@ bool byEtherType( Rest rest, U16 type, EchoPacket & packet ) {
       return ipv6( rest, packet );
    case 0x8847:
    case 0x8848:
-      if( !mpls( rest, packet ) ) {
+      if( !mpls( rest, packet ) )
          return false;
-      }
       if( mayBePadded && packet.channelType == ChannelType::lspPing ) {
          auto const last = std::find_if( packet.payload.rbegin(), packet.payload.rend(),
                                          []( U8 byte ) { return byte != 0; } );
@@ -252,9 +233,8 @@ bool byEtherType( Rest rest, U16 type, EchoPacket & packet ) {
 }
 
 bool ethernet( Rest rest, EchoPacket & packet ) {
-   if( !rest.has( 14 ) ) {
+   if( !rest.has( 14 ) )
       return false;
-   }
    U16 const type = rest.u16( 12 );
    rest.skip( 14 );
    return byEtherType( rest, type, packet );
@@ -262,9 +242,8 @@ bool ethernet( Rest rest, EchoPacket & packet ) {
 
 /// Linux cooked, version 1: the protocol ends the header.
 bool linuxCooked( Rest rest, EchoPacket & packet ) {
-   if( !rest.has( 16 ) ) {
+   if( !rest.has( 16 ) )
       return false;
-   }
    U16 const type = rest.u16( 14 );
    rest.skip( 16 );
    return byEtherType( rest, type, packet );
@@ -272,9 +251,8 @@ bool linuxCooked( Rest rest, EchoPacket & packet ) {
 
 /// Version 2: the protocol begins it.
 bool linuxCooked2( Rest rest, EchoPacket & packet ) {
-   if( !rest.has( 20 ) ) {
+   if( !rest.has( 20 ) )
       return false;
-   }
    U16 const type = rest.u16( 0 );
    rest.skip( 20 );
    return byEtherType( rest, type, packet );
@@ -288,12 +266,10 @@ bool ppp( Rest rest, EchoPacket & packet ) {
       rest.skip( 4 );
       return byEtherType( rest, type, packet );
    }
-   if( rest.has( 2 ) && rest.u16( 0 ) == 0xff03 ) {
+   if( rest.has( 2 ) && rest.u16( 0 ) == 0xff03 )
       rest.skip( 2 );
-   }
-   if( !rest.has( 2 ) ) {
+   if( !rest.has( 2 ) )
       return false;
-   }
    // A protocol may be compressed to its last byte, which is odd as no first byte is (RFC 1661
    // section 6.5).
    bool const isCompressed = ( rest.u8( 0 ) & 1 ) != 0;
@@ -315,9 +291,8 @@ bool ppp( Rest rest, EchoPacket & packet ) {
 /// An address family in the byte order of whoever captured, so the first or the last byte tells:
 /// 2 is IPv4 everywhere, and IPv6 has a number in each system.
 bool loopback( Rest rest, EchoPacket & packet ) {
-   if( !rest.has( 4 ) ) {
+   if( !rest.has( 4 ) )
       return false;
-   }
    U32 const family = rest.u32( 0 );
    rest.skip( 4 );
    switch( ( family & 0xffffU ) != 0 ? family : family >> 24 ) {
@@ -373,11 +348,9 @@ constexpr LinkType linkTypes[] = {
 } // namespace
 
 Dissector dissectorOf( int linkType ) noexcept {
-   for( LinkType const & row : linkTypes ) {
-      if( row.number == linkType ) {
+   for( LinkType const & row : linkTypes )
+      if( row.number == linkType )
          return row.dissector;
-      }
-   }
    return nullptr;
 }
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 namespace LspPingTool {
 

@@ -17,9 +17,8 @@ std::string ReadError::message() const {
    append( "byte ", offset );
    append( "line ", line );
    append( "column ", column );
-   if( *separator != '\0' ) {
+   if( *separator != '\0' )
       result += ": ";
-   }
    return result + text;
 }
 

@@ -21,17 +21,15 @@ constexpr bool isSeparator( int c ) {
 
 /// The value of a digit, or -1.
 constexpr int digit( int c ) {
-   if( c >= '0' && c <= '9' ) {
+   if( c >= '0' && c <= '9' )
       return c - '0';
-   }
    int const lower = c | 0x20;
    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
 std::string foreignText( int c ) {
-   if( c > ' ' && c < 0x7f ) {
+   if( c > ' ' && c < 0x7f )
       return std::string( "'" ) + static_cast< char >( c ) + "' is no hexadecimal digit";
-   }
    return "a byte of value " + std::to_string( c ) + " is no hexadecimal digit";
 }
 
@@ -55,9 +53,8 @@ int HexReader::character() {
 }
 
 void HexReader::skipLine( int last ) {
-   while( !endsLine( last ) ) {
+   while( !endsLine( last ) )
       last = character();
-   }
 }
 
 EchoSource::Step HexReader::failed( U64 column, std::string text ) {
@@ -127,9 +124,8 @@ EchoSource::Step HexReader::nextLine() {
 EchoSource::Step HexReader::next() {
    Step const step = nextLine();
    // A failure leaves half a line, of which nothing should be said.
-   if( input_.failure() == 0 || isFailureTold_ ) {
+   if( input_.failure() == 0 || isFailureTold_ )
       return step;
-   }
    isFailureTold_ = true;
    error_ = {};
    error_.file = input_.name();

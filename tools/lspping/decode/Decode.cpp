@@ -131,10 +131,9 @@ class Decoder {
 int decode( DecodeOptions const & options, Output & output ) {
    Decoder decoder( options, output );
    try {
-      for( std::string const & path : options.files ) {
+      for( std::string const & path : options.files )
          if( decoder.goesOn() )
             decoder.file( path );
-      }
    } catch( ... ) {
       static_cast< void >( decoder.finish() );
       throw;

@@ -1,8 +1,8 @@
 #include "tools/lspping/decode/TextPrinter.h"
 
 #include "MplsUtils/LspPing/message/LspPingMessageRecords.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 #include "tools/lspping/decode/Pieces.h"
 
 namespace LspPingTool {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 #include "tools/lspping/generic/AttributeJson.h"
 #include "tools/lspping/inspect/Arguments.h"
 #include "tools/lspping/inspect/Commands.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Kiv/Printable.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <optional>
 #include <stdexcept>

@@ -20,10 +20,9 @@ std::vector< ModuleShown > modulesShown( std::string_view name ) {
    if( !shown.empty() )
       return shown;
    Kiv::TypeRef const type = typeGiven( name );
-   for( Kiv::ModuleTable const * module : Kiv::modules() ) {
+   for( Kiv::ModuleTable const * module : Kiv::modules() )
       if( module->id == type.id().module )
          shown.push_back( { module, { type } } );
-   }
    return shown;
 }
 

@@ -2,7 +2,7 @@
 
 #include "MplsUtils/LspPing/framing/LspPingParsers.h"
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
-#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
+#include "MplsUtils/LspPing/platform/base/Assert.h"
 #include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
 #include "tools/lspping/inspect/Arguments.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/Orlo/Ptr.h"
 #include "MplsUtils/LspPing/platform/Velnet/Pkt.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <memory>
 #include <span>

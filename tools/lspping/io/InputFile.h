@@ -6,7 +6,7 @@
 #include <string>
 #include <sys/types.h>
 
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 namespace LspPingTool {
 

@@ -1,6 +1,6 @@
 #include "tools/lspping/io/Process.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/OutOfMemory.h"
+#include "MplsUtils/LspPing/platform/base/OutOfMemory.h"
 #include "tools/lspping/ExitStatus.h"
 #include "tools/lspping/io/Diagnostics.h"
 

@@ -1,7 +1,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
+#include "MplsUtils/LspPing/platform/base/Assert.h"
 
 namespace Kiv {
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
-#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
-#include "MplsUtils/LspPing/platform/Kiv/NameTable.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/Orlo/Node.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
+#include "MplsUtils/LspPing/platform/base/Assert.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
+#include "MplsUtils/LspPing/platform/base/NameTable.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <exception>
 #include <string_view>

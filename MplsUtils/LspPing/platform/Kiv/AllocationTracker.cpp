@@ -76,9 +76,8 @@ struct BlockOwner {
 
 U32 AllocationLedger::slotOf( AllocationTracker & tracker ) noexcept {
    U32 slot = tracker.slot_.load( std::memory_order_relaxed );
-   if( slot != 0 ) {
+   if( slot != 0 )
       return slot;
-   }
    std::lock_guard const lock( mutex_ );
    slot = tracker.slot_.load( std::memory_order_relaxed );
    if( slot == 0 && usedSlots_ < slotCount ) {
@@ -92,14 +91,12 @@ U32 AllocationLedger::slotOf( AllocationTracker & tracker ) noexcept {
 
 void AllocationLedger::blockIs() noexcept {
    auto * const block = new( std::nothrow ) Block;
-   if( block == nullptr ) {
+   if( block == nullptr )
       return;
-   }
    std::lock_guard const lock( mutex_ );
    block->next = blocks_;
-   if( blocks_ != nullptr ) {
+   if( blocks_ != nullptr )
       blocks_->previous = block;
-   }
    blocks_ = block;
    AllocationTracker::threadBlock_ = block->counts.data();
 }
@@ -108,15 +105,13 @@ void AllocationLedger::blockDel() noexcept {
    threadEnding = true;
    Counts * const counts = AllocationTracker::threadBlock_;
    AllocationTracker::threadBlock_ = nullptr;
-   if( counts == nullptr ) {
+   if( counts == nullptr )
       return;
-   }
    Block * block = nullptr;
    {
       std::lock_guard const lock( mutex_ );
-      for( block = blocks_; block->counts.data() != counts; ) {
+      for( block = blocks_; block->counts.data() != counts; )
          block = block->next;
-      }
       for( U32 slot = 1; slot < usedSlots_; ++slot ) {
          Counts & shared = shared_[slot];
          Counts const & own = block->counts[slot];
@@ -126,9 +121,8 @@ void AllocationLedger::blockDel() noexcept {
                                     std::memory_order_relaxed );
       }
       ( block->previous != nullptr ? block->previous->next : blocks_ ) = block->next;
-      if( block->next != nullptr ) {
+      if( block->next != nullptr )
          block->next->previous = block->previous;
-      }
    }
    delete block;
 }
@@ -145,9 +139,8 @@ void AllocationLedger::count( AllocationTracker & tracker,
 AllocationTracker::Usage AllocationLedger::slotUsage( U32 slot, std::string_view className ) const {
    auto const sum = [&]( std::atomic< U64 > Counts::*side ) {
       U64 total = ( shared_[slot].*side ).load( std::memory_order_relaxed );
-      for( Block const * block = blocks_; block != nullptr; block = block->next ) {
+      for( Block const * block = blocks_; block != nullptr; block = block->next )
          total += ( block->counts[slot].*side ).load( std::memory_order_relaxed );
-      }
       return total;
    };
    U64 const released = sum( &Counts::released );
@@ -158,9 +151,8 @@ AllocationTracker::Usage AllocationLedger::slotUsage( U32 slot, std::string_view
 AllocationTracker::Usage AllocationLedger::usage( AllocationTracker const & tracker ) {
    std::lock_guard const lock( mutex_ );
    U32 const slot = tracker.slot_.load( std::memory_order_relaxed );
-   if( slot != 0 ) {
+   if( slot != 0 )
       return slotUsage( slot, tracker.className_ );
-   }
    U64 const released = tracker.unplaced_.released.load( std::memory_order_relaxed );
    U64 const allocated = tracker.unplaced_.allocated.load( std::memory_order_relaxed );
    return { std::string( tracker.className_ ), allocated > released ? allocated - released : 0,
@@ -179,14 +171,12 @@ std::vector< AllocationTracker::Usage > AllocationLedger::usage() {
 
 void AllocationTracker::countSlowly( std::atomic< U64 > Counts::*side ) noexcept {
    ledger.slotOf( *this );
-   if( !threadEnding ) {
+   if( !threadEnding )
       thread_local BlockOwner const owner;
-   }
-   if( Counts * const counts = ownCounts() ) {
+   if( Counts * const counts = ownCounts() )
       increment( counts->*side );
-   } else {
+   else
       ledger.count( *this, side );
-   }
 }
 
 U64 AllocationTracker::live() const {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Kiv/TypeName.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <atomic>
 #include <string>
@@ -32,19 +32,17 @@ class LSPPING_PLATFORM_EXPORT AllocationTracker {
    constexpr std::string_view className() const noexcept { return className_; }
 
    void allocated() noexcept {
-      if( Counts * const counts = ownCounts() ) [[likely]] {
+      if( Counts * const counts = ownCounts() ) [[likely]]
          increment( counts->allocated );
-      } else {
+      else
          countSlowly( &Counts::allocated );
-      }
    }
 
    void released() noexcept {
-      if( Counts * const counts = ownCounts() ) [[likely]] {
+      if( Counts * const counts = ownCounts() ) [[likely]]
          increment( counts->released );
-      } else {
+      else
          countSlowly( &Counts::released );
-      }
    }
 
    /// Objects allocated and not yet released; exact while no other thread is counting.

@@ -2,8 +2,8 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/Collections.h"
 #include "MplsUtils/LspPing/platform/Kiv/ModuleTypes.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRecord.h"
 #include "MplsUtils/LspPing/platform/Orlo/Ptr.h"
+#include "MplsUtils/LspPing/platform/base/TypeRecord.h"
 
 #include <array>
 #include <cstddef>

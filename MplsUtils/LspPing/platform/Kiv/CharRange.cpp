@@ -29,9 +29,8 @@ constexpr std::size_t longestQuote = 32;
 } // namespace
 
 std::string_view CharRange::word() noexcept {
-   if( atEnd() || !startsWord( text_[position_] ) ) {
+   if( atEnd() || !startsWord( text_[position_] ) )
       return {};
-   }
    std::size_t const start = position_;
    do {
       ++position_;
@@ -42,9 +41,8 @@ std::string_view CharRange::word() noexcept {
 std::string_view CharRange::token() noexcept {
    skip();
    std::size_t const start = position_;
-   while( position_ != text_.size() && !endsToken( text_[position_] ) ) {
+   while( position_ != text_.size() && !endsToken( text_[position_] ) )
       ++position_;
-   }
    return text_.substr( start, position_ - start );
 }
 
@@ -52,9 +50,8 @@ std::string_view CharRange::token() noexcept {
 bool CharRange::takeWord( std::string_view expected ) noexcept {
    std::string_view const text = rest();
    if( !text.starts_with( expected ) ||
-       ( text.size() != expected.size() && continuesWord( text[expected.size()] ) ) ) {
+       ( text.size() != expected.size() && continuesWord( text[expected.size()] ) ) )
       return false;
-   }
    position_ += expected.size();
    return true;
 }
@@ -62,35 +59,30 @@ bool CharRange::takeWord( std::string_view expected ) noexcept {
 void CharRange::expectName( std::string_view name ) {
    skip();
    std::size_t const start = position_;
-   if( takeWord( name ) && take( '=' ) ) {
+   if( takeWord( name ) && take( '=' ) )
       return;
-   }
    position_ = start;
    fail( name, Orlo::String{ name } + "=" );
 }
 
 void CharRange::expectOpen( std::string_view type, std::string_view firstName ) {
    skip();
-   if( !takeWord( type ) ) {
+   if( !takeWord( type ) )
       fail( type, type );
-   }
-   if( !take( '(' ) ) {
+   if( !take( '(' ) )
       fail( firstName, "(" );
-   }
    expectName( firstName );
 }
 
 void CharRange::expectNext( std::string_view name ) {
-   if( !take( ',' ) ) {
+   if( !take( ',' ) )
       fail( name, "," );
-   }
    expectName( name );
 }
 
 void CharRange::expectClose() {
-   if( !take( ')' ) ) {
+   if( !take( ')' ) )
       fail( "", ")" );
-   }
 }
 
 void CharRange::fail( std::string_view subject, std::string_view expected ) const {
@@ -106,18 +98,16 @@ void CharRange::failWords( std::string_view subject, std::string_view expected )
 Orlo::String quoted( std::string_view text ) {
    std::size_t shown = std::min( text.size(), longestQuote );
    // Not in the middle of a character.
-   for( int i = 0; i < 3 && shown < text.size() && ( text[shown] & 0xC0 ) == 0x80; ++i ) {
+   for( int i = 0; i < 3 && shown < text.size() && ( text[shown] & 0xC0 ) == 0x80; ++i )
       --shown;
-   }
    std::string_view left = text.substr( 0, shown );
    Orlo::StringBuilder out;
    out.append( '"' );
    for( ;; ) {
       std::size_t const plain = std::min( left.find_first_of( "\"\\" ), left.size() );
       appendPrintable( out, left.substr( 0, plain ) );
-      if( plain == left.size() ) {
+      if( plain == left.size() )
          break;
-      }
       out.append( '\\' );
       out.append( left[plain] );
       left.remove_prefix( plain + 1 );

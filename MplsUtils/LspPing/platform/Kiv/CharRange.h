@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
 
 #include <cstddef>
 #include <string_view>
@@ -20,9 +20,8 @@ class LSPPING_PLATFORM_EXPORT CharRange {
    }
 
    constexpr void skip() noexcept {
-      while( position_ != text_.size() && isBlank( text_[position_] ) ) {
+      while( position_ != text_.size() && isBlank( text_[position_] ) )
          ++position_;
-      }
    }
    constexpr bool atEnd() noexcept {
       skip();
@@ -41,17 +40,15 @@ class LSPPING_PLATFORM_EXPORT CharRange {
 
    /// Consumes `expected` if it is next.
    constexpr bool take( char expected ) noexcept {
-      if( atEnd() || text_[position_] != expected ) {
+      if( atEnd() || text_[position_] != expected )
          return false;
-      }
       ++position_;
       return true;
    }
    constexpr bool take( std::string_view expected ) noexcept {
       skip();
-      if( !rest().starts_with( expected ) ) {
+      if( !rest().starts_with( expected ) )
          return false;
-      }
       position_ += expected.size();
       return true;
    }

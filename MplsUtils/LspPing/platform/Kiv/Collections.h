@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeId.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
+#include "MplsUtils/LspPing/platform/base/TypeId.h"
 
 #include <cstddef>
 #include <memory>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
-#include "MplsUtils/LspPing/platform/Kiv/OutOfMemory.h"
+#include "MplsUtils/LspPing/platform/base/Assert.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
+#include "MplsUtils/LspPing/platform/base/OutOfMemory.h"
 
 #include <algorithm>
 #include <cstddef>

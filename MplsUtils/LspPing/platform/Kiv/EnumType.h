@@ -1,12 +1,12 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
-#include "MplsUtils/LspPing/platform/Kiv/NameTable.h"
 #include "MplsUtils/LspPing/platform/Kiv/TypeName.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRecord.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
+#include "MplsUtils/LspPing/platform/base/NameTable.h"
+#include "MplsUtils/LspPing/platform/base/TypeRecord.h"
 
 #include <array>
 #include <iosfwd>
@@ -47,10 +47,9 @@ class EnumType {
          U8 const row = table_.direct[value];
          return row != noName ? table_.rows[row].name() : std::string_view{};
       }
-      for( U16 row = 0; row < table_.count; ++row ) {
+      for( U16 row = 0; row < table_.count; ++row )
          if( table_.rows[row].value == value )
             return table_.rows[row].name();
-      }
       return {};
    }
 
@@ -105,8 +104,9 @@ class EnumType {
 
  private:
    constexpr U8 find( std::string_view name ) const noexcept {
-      return findName( table_.slots, table_.slotMask, nameHash( name ), name,
-                       [this]( U8 row ) { return table_.rows[row].name(); } );
+      return findName(
+         table_.slots, table_.slotMask, nameHash( name ), name,
+         [this]( U8 row ) { return table_.rows[row].name(); } );
    }
 
    EnumerationTable const & table_;

@@ -5,7 +5,7 @@
 // that it expands to is a line each into templates.
 
 #include "MplsUtils/LspPing/platform/Kiv/EnumType.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeId.h"
+#include "MplsUtils/LspPing/platform/base/TypeId.h"
 
 namespace Kiv {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Orlo/Digits.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <array>
 #include <concepts>
@@ -88,19 +88,16 @@ consteval void checkArgument( Conversion conversion ) {
    case Conversion::decimal:
    case Conversion::hexLower:
    case Conversion::hexUpper:
-      if( !Integer32< T > ) {
+      if( !Integer32< T > )
          formatArgumentMustBeIntegerOfAtMost32Bits();
-      }
       break;
    case Conversion::decimal64:
-      if( !Unsigned64< T > ) {
+      if( !Unsigned64< T > )
          formatArgumentMustBe64BitUnsigned();
-      }
       break;
    case Conversion::text:
-      if( !Text< T > && !Appendable< T > && !AppendableEnum< T > ) {
+      if( !Text< T > && !Appendable< T > && !AppendableEnum< T > )
          formatArgumentHasNoText();
-      }
       break;
    }
 }
@@ -111,11 +108,10 @@ inline constexpr std::size_t slack = 32;
 /// The bytes that one argument can need.
 template < class T >
 constexpr std::size_t bound( [[maybe_unused]] T const & argument ) noexcept {
-   if constexpr( Text< T > ) {
+   if constexpr( Text< T > )
       return std::string_view( argument ).size();
-   } else {
+   else
       return 20;
-   }
 }
 
 inline char * putWithPercents( char * at, char const * literal, std::size_t length ) noexcept {
@@ -134,9 +130,8 @@ struct Source {
    /// Writes the literal text of one piece.
    [[gnu::always_inline]] char * put( char * at, Piece const & piece ) const noexcept {
       char const * const literal = text + piece.start;
-      if( piece.hasPercents ) [[unlikely]] {
+      if( piece.hasPercents ) [[unlikely]]
          return putWithPercents( at, literal, piece.length );
-      }
       if( piece.length <= slack && piece.start + slack <= length ) [[likely]] {
          // A block of fixed size, all of it inside the format, is quicker than the exact length.
          std::memcpy( at, literal, slack );
@@ -152,9 +147,8 @@ struct Source {
 [[gnu::noinline]] inline char * putNumber( char * at, Source source, Piece const & piece,
                                            U32 number ) noexcept {
    at = source.put( at, piece );
-   if( piece.conversion != Conversion::decimal ) {
+   if( piece.conversion != Conversion::decimal )
       return Orlo::putHex( at, number, piece.conversion == Conversion::hexUpper );
-   }
    if( number >= 0x80000000 ) {
       *at++ = '-';
       number = 0 - number;
@@ -170,9 +164,8 @@ struct Source {
 [[gnu::noinline]] inline char * putText( char * at, Source source, Piece const & piece,
                                          std::string_view text ) noexcept {
    at = source.put( at, piece );
-   if( !text.empty() ) {
+   if( !text.empty() )
       std::memcpy( at, text.data(), text.size() );
-   }
    return at + text.size();
 }
 
@@ -217,9 +210,8 @@ class FormatString {
          } else {
             FormatDetail::formatConversionUnknown();
          }
-         if( count == sizeof...( Args ) ) {
+         if( count == sizeof...( Args ) )
             FormatDetail::formatNeedsAnotherArgument();
-         }
          pieces_[count++] = piece;
          piece = {};
          piece.start = static_cast< U16 >( index );

@@ -1,7 +1,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/Instance.h"
 
 #include "MplsUtils/LspPing/platform/Kiv/AllocationTracker.h"
-#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
+#include "MplsUtils/LspPing/platform/base/Assert.h"
 
 #include <new>
 

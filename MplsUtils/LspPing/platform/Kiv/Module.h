@@ -1,16 +1,16 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
 #include "MplsUtils/LspPing/platform/Kiv/ConstantHolder.h"
 #include "MplsUtils/LspPing/platform/Kiv/Enumeration.h"
-#include "MplsUtils/LspPing/platform/Kiv/NameTable.h"
 #include "MplsUtils/LspPing/platform/Kiv/NrcPtrInterface.h"
 #include "MplsUtils/LspPing/platform/Kiv/ScalarText.h"
 #include "MplsUtils/LspPing/platform/Kiv/TypeName.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRecord.h"
 #include "MplsUtils/LspPing/platform/Orlo/Node.h"
+#include "MplsUtils/LspPing/platform/base/Assert.h"
+#include "MplsUtils/LspPing/platform/base/NameTable.h"
+#include "MplsUtils/LspPing/platform/base/TypeRecord.h"
 
 #include <algorithm>
 #include <array>
@@ -239,9 +239,11 @@ constexpr void checkRows( AttributeTable< Base, Rows... > const & ) {
 
 // Compares lengths first: this runs in the compiler, for every two rows.
 constexpr bool hasNameOf( std::span< Attribute const > rows, Attribute const & other ) {
-   return std::any_of( rows.begin(), rows.end(), [&other]( Attribute const & row ) {
-      return row.nameLength == other.nameLength && row.name() == other.name();
-   } );
+   return std::any_of(
+      rows.begin(), rows.end(),
+      [&other]( Attribute const & row ) {
+         return row.nameLength == other.nameLength && row.name() == other.name();
+      } );
 }
 
 template < class T >

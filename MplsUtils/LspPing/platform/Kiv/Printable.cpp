@@ -20,18 +20,15 @@ std::size_t utf8Length( std::string_view text ) noexcept {
       return index < text.size() ? static_cast< unsigned char >( text[index] ) : 0;
    };
    auto const continues = [&byte]( std::size_t index ) { return byte( index ) >> 6 == 2; };
-   if( text.empty() ) {
+   if( text.empty() )
       return 0;
-   }
    unsigned const first = byte( 0 );
-   if( first < 0x80 ) {
+   if( first < 0x80 )
       return 1;
-   }
    unsigned const second = byte( 1 );
    // Neither what a shorter sequence says, nor surrogates, nor what is above U+10FFFF.
-   if( first >= 0xC2 && first <= 0xDF ) {
+   if( first >= 0xC2 && first <= 0xDF )
       return continues( 1 ) ? 2 : 0;
-   }
    if( first >> 4 == 0xE ) {
       bool const isChar = ( first != 0xE0 || second >= 0xA0 ) && ( first != 0xED || second < 0xA0 );
       return isChar && continues( 1 ) && continues( 2 ) ? 3 : 0;

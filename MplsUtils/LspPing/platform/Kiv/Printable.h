@@ -1,8 +1,8 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
 
 #include <cstddef>
 #include <string_view>

@@ -17,9 +17,8 @@ char const * RangeException::what() const noexcept {
 
 RangeException RangeException::within( std::string_view attribute ) const {
    Orlo::String subject{ attribute };
-   if( !subject_.empty() ) {
+   if( !subject_.empty() )
       subject.append( "." ).append( subject_ );
-   }
    return { std::move( subject ), problem_ };
 }
 

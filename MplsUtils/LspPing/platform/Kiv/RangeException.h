@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
 
 #include <exception>
 #include <string_view>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Orlo/Node.h"
 #include "MplsUtils/LspPing/platform/Orlo/Ptr.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <concepts>
 #include <cstddef>
@@ -130,10 +130,9 @@ class RbTreeMap {
    friend bool operator==( RbTreeMap const & a, RbTreeMap const & b ) {
       if( a.count() != b.count() )
          return false;
-      for( auto i = a.tree_.begin(), j = b.tree_.begin(); i != a.tree_.end(); ++i, ++j ) {
+      for( auto i = a.tree_.begin(), j = b.tree_.begin(); i != a.tree_.end(); ++i, ++j )
          if( i->first != j->first || !( i->second->value() == j->second->value() ) )
             return false;
-      }
       return true;
    }
 

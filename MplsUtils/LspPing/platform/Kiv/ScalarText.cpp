@@ -47,9 +47,8 @@ void readNumber( CharRange & text, Number * value ) {
          number = number * 10 + digit;
       }
    }
-   if( length == 0 || ( length != rest.size() && spoilsNumber( rest[length] ) ) ) {
+   if( length == 0 || ( length != rest.size() && spoilsNumber( rest[length] ) ) )
       text.failWords( "", "a decimal number" );
-   }
    if( !fits ) {
       throw RangeException{ "", _fmt( "%s at offset %lu is more than %lu",
                                       quoted( rest.substr( 0, length ) ), U64{ text.position() },
@@ -76,9 +75,8 @@ void sequenceToValue( CharRange & text, U64 * value ) {
 
 void sequenceToValue( CharRange & text, bool * value ) {
    std::string_view const token = nextToken( text );
-   if( token != "true" && token != "false" ) {
+   if( token != "true" && token != "false" )
       text.failWords( "", "true or false" );
-   }
    *value = token == "true";
    text.take( token );
 }
@@ -92,9 +90,8 @@ void sequenceToValue( CharRange & text, double * value ) {
       throw RangeException{ "", _fmt( "%s at offset %lu is out of the range of a double",
                                       quoted( token ), U64{ text.position() } ) };
    }
-   if( result.ec != std::errc{} || result.ptr != end ) {
+   if( result.ec != std::errc{} || result.ptr != end )
       text.failWords( "", "a decimal number" );
-   }
    text.take( token );
    *value = number;
 }
@@ -102,9 +99,8 @@ void sequenceToValue( CharRange & text, double * value ) {
 void sequenceToValue( CharRange & text, Orlo::String * value ) {
    text.skip();
    std::string_view const rest = text.rest();
-   if( !rest.starts_with( '"' ) ) {
+   if( !rest.starts_with( '"' ) )
       text.failWords( "", "a string in double quotes" );
-   }
    Orlo::String read;
    std::size_t index = 1;
    for( ; index < rest.size() && rest[index] != '"'; ++index ) {
@@ -134,9 +130,8 @@ void appendDouble( Orlo::StringBuilder & out, double value ) noexcept {
 void appendText( Orlo::StringBuilder & out, Orlo::String const & value ) noexcept {
    out.append( '"' );
    for( char const character : value ) {
-      if( character == '"' || character == '\\' ) {
+      if( character == '"' || character == '\\' )
          out.append( '\\' );
-      }
       out.append( character );
    }
    out.append( '"' );

@@ -12,9 +12,8 @@ constinit std::atomic< System::Clock > readClock{ nullptr };
 } // namespace
 
 Seconds System::currentTimeUtc() {
-   if( Clock const clock = readClock.load( std::memory_order_acquire ) ) {
+   if( Clock const clock = readClock.load( std::memory_order_acquire ) )
       return clock();
-   }
    return std::chrono::duration< Seconds >( std::chrono::system_clock::now().time_since_epoch() )
       .count();
 }

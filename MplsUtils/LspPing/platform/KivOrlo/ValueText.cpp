@@ -1,9 +1,9 @@
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
 #include "MplsUtils/LspPing/platform/Kiv/Collections.h"
 #include "MplsUtils/LspPing/platform/Kiv/Instance.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
+#include "MplsUtils/LspPing/platform/base/Assert.h"
 
 #include <ostream>
 

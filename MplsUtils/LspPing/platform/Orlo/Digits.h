@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <array>
 #include <bit>
@@ -26,9 +26,8 @@ inline void putPair( char * at, std::size_t number ) noexcept {
 
 constexpr unsigned decimalDigits( U32 number ) noexcept {
    unsigned digits = 1;
-   for( ; number >= 10'000; number /= 10'000 ) {
+   for( ; number >= 10'000; number /= 10'000 )
       digits += 4;
-   }
    return digits + ( number >= 10 ) + ( number >= 100 ) + ( number >= 1'000 );
 }
 
@@ -47,9 +46,8 @@ inline char * putDigits( char * at, U32 number, unsigned digits ) noexcept {
    } else if( place != at ) {
       *--place = static_cast< char >( '0' + number );
    }
-   while( place != at ) {
+   while( place != at )
       *--place = '0';
-   }
    return end;
 }
 
@@ -65,9 +63,8 @@ inline char * putDecimal( char * at, U32 number ) noexcept {
 /// As above with at most 20 characters.
 inline char * putDecimal( char * at, U64 number ) noexcept {
    constexpr U64 tenToNinth = 1'000'000'000;
-   if( number <= 0xFFFFFFFF ) {
+   if( number <= 0xFFFFFFFF )
       return putDecimal( at, static_cast< U32 >( number ) );
-   }
    U64 const high = number / tenToNinth;
    U32 const low = static_cast< U32 >( number % tenToNinth );
    return putDigits( putDecimal( at, high ), low, 9 );
@@ -84,9 +81,8 @@ inline char * putHex( char * at, U32 number, bool upperCase ) noexcept {
    word = ( word << 4 | word ) & 0x0F0F0F0F0F0F0F0F;
    U64 const letters = ( word + 0x0606060606060606 ) >> 4 & 0x0101010101010101;
    word += 0x3030303030303030 + letters * ( upperCase ? 'A' - '9' - 1 : 'a' - '9' - 1 );
-   if constexpr( std::endian::native == std::endian::little ) {
+   if constexpr( std::endian::native == std::endian::little )
       word = __builtin_bswap64( word );
-   }
    std::memcpy( at, &word, sizeof word );
    return at + digits;
 }

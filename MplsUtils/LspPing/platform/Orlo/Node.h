@@ -1,8 +1,8 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <atomic>
 #include <sys/single_threaded.h>
@@ -45,27 +45,24 @@ class LSPPING_PLATFORM_EXPORT Node {
    }
 
    void ref() const noexcept {
-      if( oneThread() ) {
+      if( oneThread() )
          ++count_;
-      } else {
+      else
          std::atomic_ref( count_ ).fetch_add( 1, std::memory_order_relaxed );
-      }
    }
 
    /// With `likelyLast` a count of one is looked for first: the last user shares the node with
    /// nobody and so is spared the locked instruction.
    void unref( bool likelyLast = false ) const noexcept {
       if( oneThread() ) {
-         if( --count_ != 0 ) {
+         if( --count_ != 0 )
             return;
-         }
       } else {
          std::atomic_ref const count( count_ );
-         if( likelyLast && count.load( std::memory_order_acquire ) == 1 ) {
+         if( likelyLast && count.load( std::memory_order_acquire ) == 1 )
             count_ = 0;
-         } else if( count.fetch_sub( 1, std::memory_order_acq_rel ) != 1 ) {
+         else if( count.fetch_sub( 1, std::memory_order_acq_rel ) != 1 )
             return;
-         }
       }
       // Nodes are created as non-const objects; const is only how the last user saw this one.
       const_cast< Node * >( this )->lastUserGone();
@@ -89,11 +86,10 @@ class LSPPING_PLATFORM_EXPORT Node {
 
    /// The first user of a node that no other thread can know yet.
    void firstRef() const noexcept {
-      if( count_ == 0 ) [[likely]] {
+      if( count_ == 0 ) [[likely]]
          count_ = 1;
-      } else {
+      else
          ref();
-      }
    }
 
    mutable U32 count_ = 0;

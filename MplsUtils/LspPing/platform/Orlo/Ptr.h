@@ -34,9 +34,8 @@ class Ptr {
    Ptr( Ptr< Derived > && other ) noexcept : node_( std::exchange( other.node_, nullptr ) ) {}
 
    ~Ptr() {
-      if( node_ != nullptr ) {
+      if( node_ != nullptr )
          node_->unref( T::usuallyOneUser );
-      }
    }
 
    // The old node goes last: its destruction may reach this very handle.
@@ -76,9 +75,8 @@ class Ptr {
    friend class Ptr;
 
    void ref() const noexcept {
-      if( node_ != nullptr ) {
+      if( node_ != nullptr )
          node_->ref();
-      }
    }
 
    T * node_ = nullptr;

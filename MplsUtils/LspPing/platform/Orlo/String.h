@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/OutOfMemory.h"
+#include "MplsUtils/LspPing/platform/base/OutOfMemory.h"
 
 #include <string>
 #include <string_view>
@@ -11,7 +11,8 @@ using String = std::string;
 
 /// A copy of the text. Exhausted memory ends the process, as wherever a text is built.
 inline String stringOf( std::string_view text ) noexcept {
-   return Kiv::orOutOfMemory( "Orlo::String", [text] { return String( text ); } );
+   return Kiv::orOutOfMemory(
+      "Orlo::String", [text] { return String( text ); } );
 }
 
 } // namespace Orlo

@@ -10,9 +10,8 @@ void StringBuilder::grow( std::size_t count ) noexcept {
    std::size_t const capacity = first ? inlineCapacity : heap_.size();
    Kiv::orOutOfMemory( "Orlo::String",
                        [&] { heap_.resize( std::max( used + count, 2 * capacity ) ); } );
-   if( first ) {
+   if( first )
       std::memcpy( heap_.data(), inline_, used );
-   }
    begin_ = heap_.data();
    end_ = begin_ + used;
    limit_ = begin_ + heap_.size();

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Orlo/Digits.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -32,9 +32,8 @@ class StringBuilder {
 
    /// As above, but text that had outgrown the builder's own bytes is handed over, not copied.
    String string() && noexcept {
-      if( begin_ == inline_ ) [[likely]] {
+      if( begin_ == inline_ ) [[likely]]
          return stringOf( view() );
-      }
       heap_.resize( size() );
       String text = std::move( heap_ );
       begin_ = end_ = inline_;
@@ -48,9 +47,8 @@ class StringBuilder {
    /// Where `count` more bytes can be written; `advance` makes those that were written part of the
    /// text. The place is good until the builder is used again.
    char * room( std::size_t count ) noexcept {
-      if( count > static_cast< std::size_t >( limit_ - end_ ) ) [[unlikely]] {
+      if( count > static_cast< std::size_t >( limit_ - end_ ) ) [[unlikely]]
          grow( count );
-      }
       return end_;
    }
    void advance( std::size_t count ) noexcept { end_ += count; }
@@ -83,9 +81,8 @@ class StringBuilder {
       if( high != 0 ) {
          at = putHex( at, high, upperCase );
          // The low half keeps its leading zeros.
-         for( unsigned digit = 8; digit-- > 0; ) {
+         for( unsigned digit = 8; digit-- > 0; )
             at = putHexDigit( at, low >> ( 4 * digit ) & 0xF, upperCase );
-         }
          advanceTo( at );
       } else {
          advanceTo( putHex( at, low, upperCase ) );

@@ -20,46 +20,39 @@ std::optional< U8 > takeNumber( std::string_view & text, std::size_t most, int b
    U8 number = 0;
    char const * const end = text.data() + ( text.size() < most ? text.size() : most );
    auto const [behind, error] = std::from_chars( text.data(), end, number, base );
-   if( error != std::errc{} ) {
+   if( error != std::errc{} )
       return std::nullopt;
-   }
    text.remove_prefix( static_cast< std::size_t >( behind - text.data() ) );
    return number;
 }
 
 bool takeCharacter( std::string_view & text, char expected ) noexcept {
-   if( !text.starts_with( expected ) ) {
+   if( !text.starts_with( expected ) )
       return false;
-   }
    text.remove_prefix( 1 );
    return true;
 }
 
 std::optional< PseudowireAttachmentIdentifier > fromText( std::string_view text ) noexcept {
    std::optional< U8 > const type = takeNumber( text, 3, 10 );
-   if( !type || !takeCharacter( text, ':' ) ) {
+   if( !type || !takeCharacter( text, ':' ) )
       return std::nullopt;
-   }
    PseudowireAttachmentIdentifier id{ *type, 0 };
    while( !text.empty() && id.length() < PseudowireAttachmentIdentifier::maxLength ) {
       std::size_t const before = text.size();
       std::optional< U8 > const byte = takeNumber( text, 2, 16 );
-      if( !byte || before - text.size() != 2 ) {
+      if( !byte || before - text.size() != 2 )
          return std::nullopt;
-      }
       id.valueIs( id.length(), *byte );
       id.lengthIs( static_cast< U8 >( id.length() + 1 ) );
    }
-   if( text.empty() ) {
+   if( text.empty() )
       return id;
-   }
-   if( !takeCharacter( text, '+' ) ) {
+   if( !takeCharacter( text, '+' ) )
       return std::nullopt;
-   }
    std::optional< U8 > const excess = takeNumber( text, 3, 10 );
-   if( !excess || !text.empty() || *excess == 0 || *excess > 255 - id.length() ) {
+   if( !excess || !text.empty() || *excess == 0 || *excess > 255 - id.length() )
       return std::nullopt;
-   }
    id.lengthIs( static_cast< U8 >( id.length() + *excess ) );
    return id;
 }
@@ -106,9 +99,8 @@ void sequenceToValue( Kiv::CharRange & text, PseudowireAttachmentIdentifier * id
    text.skip();
    std::string_view const token = Kiv::CharRange{ text.rest() }.token();
    std::optional< PseudowireAttachmentIdentifier > const read = fromText( token );
-   if( !read ) {
+   if( !read )
       text.failWords( "", "an attachment identifier such as 1:0a000001" );
-   }
    text.take( token );
    *id = *read;
 }

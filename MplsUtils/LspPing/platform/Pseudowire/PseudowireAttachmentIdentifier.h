@@ -1,10 +1,10 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <array>
 #include <compare>
@@ -21,9 +21,8 @@ class PseudowireAttachmentIdentifierIndex {
    /// Raises `Kiv::RangeException` for an index beyond `max`.
    constexpr PseudowireAttachmentIdentifierIndex( U32 value )
       : value_{ static_cast< U8 >( value ) } {
-      if( value > max ) {
+      if( value > max )
          rangeError();
-      }
    }
 
    constexpr U8 value() const noexcept { return value_; }
@@ -68,14 +67,11 @@ class PseudowireAttachmentIdentifier {
 
    /// Value bytes beyond the length do not count.
    constexpr bool operator==( PseudowireAttachmentIdentifier const & other ) const noexcept {
-      if( type_ != other.type_ || length_ != other.length_ ) {
+      if( type_ != other.type_ || length_ != other.length_ )
          return false;
-      }
-      for( U8 index = 0; index < bytesInUse(); ++index ) {
-         if( value_[index] != other.value_[index] ) {
+      for( U8 index = 0; index < bytesInUse(); ++index )
+         if( value_[index] != other.value_[index] )
             return false;
-         }
-      }
       return true;
    }
 

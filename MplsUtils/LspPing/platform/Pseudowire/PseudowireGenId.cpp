@@ -11,9 +11,8 @@ namespace {
 PseudowireAttachmentIdentifier readNamed( Kiv::CharRange & text, std::string_view name ) {
    text.skip();
    Kiv::CharRange ahead{ text };
-   if( ahead.word() != name ) {
+   if( ahead.word() != name )
       text.fail( "", name );
-   }
    text = ahead;
    PseudowireAttachmentIdentifier id;
    sequenceToValue( text, &id );

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 #include "MplsUtils/LspPing/platform/Pseudowire/PseudowireAttachmentIdentifier.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
 
 namespace Pseudowire {
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Rsvp/ModuleTypes.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpGenAddr.h"
 #include "MplsUtils/LspPing/platform/Velnet/ModuleTypes.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <iosfwd>
 

@@ -1,7 +1,7 @@
 #include "MplsUtils/LspPing/platform/Rsvp/RsvpSpId.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 namespace Rsvp {
 

@@ -67,9 +67,8 @@ class alignas( 64 ) Depot {
    Magazine * filledFor( Magazine * empty, std::size_t size ) {
       std::lock_guard const lock( mutex_ );
       ++visits_;
-      if( empty != nullptr ) {
+      if( empty != nullptr )
          empty_.push( empty );
-      }
       return filled_.empty() ? newlyFilled( size ) : filled_.pop();
    }
 
@@ -78,12 +77,10 @@ class alignas( 64 ) Depot {
    Magazine * emptyFor( Magazine * full ) noexcept {
       std::lock_guard const lock( mutex_ );
       ++visits_;
-      if( empty_.empty() && !magazinesAdded() ) {
+      if( empty_.empty() && !magazinesAdded() )
          return nullptr;
-      }
-      if( full != nullptr ) {
+      if( full != nullptr )
          filled_.push( full );
-      }
       return empty_.pop();
    }
 
@@ -95,12 +92,10 @@ class alignas( 64 ) Depot {
    void * object( std::size_t size ) {
       std::lock_guard const lock( mutex_ );
       ++visits_;
-      if( loose_ == nullptr && !filled_.empty() ) {
+      if( loose_ == nullptr && !filled_.empty() )
          spread( filled_.pop() );
-      }
-      if( loose_ != nullptr ) {
+      if( loose_ != nullptr )
          return std::exchange( loose_, loose_->next );
-      }
       roomFor( size );
       return carved( size );
    }
@@ -134,9 +129,8 @@ class alignas( 64 ) Depot {
    void loosen( void * object ) noexcept { loose_ = ::new( object ) Loose{ loose_ }; }
 
    void spread( Magazine * magazine ) noexcept {
-      while( !magazine->empty() ) {
+      while( !magazine->empty() )
          loosen( *--magazine->top );
-      }
       empty_.push( magazine );
    }
 
@@ -144,9 +138,8 @@ class alignas( 64 ) Depot {
       constexpr std::size_t count = 8;
       void * const memory = ::operator new( count * sizeof( Magazine ),
                                             std::align_val_t{ alignof( Magazine ) }, std::nothrow );
-      if( memory == nullptr ) {
+      if( memory == nullptr )
          return false;
-      }
       for( std::size_t i = 0; i < count; ++i ) {
          auto * const magazine =
             ::new( static_cast< std::byte * >( memory ) + i * sizeof( Magazine ) ) Magazine;
@@ -157,9 +150,8 @@ class alignas( 64 ) Depot {
    }
 
    void roomFor( std::size_t size ) {
-      if( left_ >= size ) {
+      if( left_ >= size )
          return;
-      }
       void * const memory = ::operator new( blockSize, std::align_val_t{ alignof( Block ) } );
       blocks_ = ::new( memory ) Block{ blocks_ };
       next_ = static_cast< std::byte * >( memory ) + sizeof( Block );
@@ -174,23 +166,20 @@ class alignas( 64 ) Depot {
    /// Fills an empty magazine with loose objects, or else with new ones, the lowest on top. New
    /// ones start at a cache line, so that two threads' objects seldom share one.
    Magazine * newlyFilled( std::size_t size ) {
-      if( empty_.empty() && !magazinesAdded() ) {
+      if( empty_.empty() && !magazinesAdded() )
          throw std::bad_alloc();
-      }
       if( loose_ == nullptr ) {
          carved( left_ % cacheLine );
          roomFor( size );
       }
       Magazine * const magazine = empty_.pop();
-      while( loose_ != nullptr && !magazine->full() ) {
+      while( loose_ != nullptr && !magazine->full() )
          magazine->push( std::exchange( loose_, loose_->next ) );
-      }
       if( magazine->empty() ) {
          std::size_t const count = std::min( Magazine::capacity, left_ / size );
          magazine->top += count;
-         for( std::size_t i = 1; i <= count; ++i ) {
+         for( std::size_t i = 1; i <= count; ++i )
             *( magazine->top - i ) = carved( size );
-         }
       }
       return magazine;
    }
@@ -208,15 +197,13 @@ class alignas( 64 ) Depot {
 constinit std::array< Depot, classCount > depots;
 
 void lockAll() noexcept {
-   for( Depot & depot : depots ) {
+   for( Depot & depot : depots )
       depot.lock();
-   }
 }
 
 void unlockAll() noexcept {
-   for( Depot & depot : depots ) {
+   for( Depot & depot : depots )
       depot.unlock();
-   }
 }
 
 // A fork waits for the depots: in the child there is nobody who could unlock them.
@@ -241,9 +228,8 @@ constexpr std::size_t sizeOf( std::size_t sizeClass ) noexcept {
 /// Takes the loaded magazine out, with its top brought up to date; null when there is none.
 Magazine * unloaded( std::size_t sizeClass ) noexcept {
    void ** const top = std::exchange( internal::loaded[sizeClass], noTop() );
-   if( top == noTop() ) {
+   if( top == noTop() )
       return nullptr;
-   }
    // The byte below the top lies in the magazine, which is aligned to its size.
    // NOLINTNEXTLINE(performance-no-int-to-ptr)
    auto * const magazine = reinterpret_cast< Magazine * >(
@@ -263,11 +249,9 @@ struct MagazineOwner {
       stage = Stage::after;
       for( std::size_t sizeClass = 0; sizeClass < classCount; ++sizeClass ) {
          for( Magazine * const magazine :
-              { unloaded( sizeClass ), std::exchange( spares[sizeClass], nullptr ) } ) {
-            if( magazine != nullptr ) {
+              { unloaded( sizeClass ), std::exchange( spares[sizeClass], nullptr ) } )
+            if( magazine != nullptr )
                depots[sizeClass].magazineIs( magazine );
-            }
-         }
       }
    }
 };
@@ -275,9 +259,8 @@ struct MagazineOwner {
 /// False once the thread has given its magazines back: what is destroyed after that, at the end
 /// of the process above all, goes straight to the depot.
 bool holdsMagazines() noexcept {
-   if( stage == Stage::before ) {
+   if( stage == Stage::before )
       thread_local MagazineOwner const owner;
-   }
    return stage == Stage::during;
 }
 
@@ -291,18 +274,15 @@ constinit thread_local std::array< void **, classCount > loaded
    __attribute__( ( tls_model( "initial-exec" ) ) ) = noTops();
 
 void * allocateSlowly( std::size_t size ) {
-   if( addressSanitizer ) {
+   if( addressSanitizer )
       return ::operator new( size );
-   }
    std::size_t const sizeClass = sizeClassOf( size );
    Depot & depot = depots[sizeClass];
-   if( !holdsMagazines() ) {
+   if( !holdsMagazines() )
       return depot.object( sizeOf( sizeClass ) );
-   }
    Magazine * filled = std::exchange( spares[sizeClass], nullptr );
-   if( filled == nullptr || filled->empty() ) {
+   if( filled == nullptr || filled->empty() )
       filled = depot.filledFor( filled, sizeOf( sizeClass ) );
-   }
    spares[sizeClass] = unloaded( sizeClass );
    void * const object = *--filled->top;
    load( filled, sizeClass );

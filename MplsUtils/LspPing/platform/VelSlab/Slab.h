@@ -1,8 +1,8 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
 #include "MplsUtils/LspPing/platform/Kiv/AllocationTracker.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <array>
 #include <cstddef>
@@ -46,14 +46,12 @@ constexpr std::size_t sizeClassOf( std::size_t size ) noexcept {
 
 /// Memory for `size` bytes, aligned to 16. Throws std::bad_alloc when there is none.
 [[nodiscard]] inline void * allocate( std::size_t size ) {
-   if( size > largestSize ) {
+   if( size > largestSize )
       return ::operator new( size );
-   }
    void **& top = internal::loaded[internal::sizeClassOf( size )];
    void * const object = top[-1];
-   if( object == nullptr ) [[unlikely]] {
+   if( object == nullptr ) [[unlikely]]
       return internal::allocateSlowly( size );
-   }
    --top;
    return object;
 }
@@ -64,9 +62,8 @@ inline void release( void * object, std::size_t size ) noexcept {
       ::operator delete( object );
       return;
    }
-   if( object == nullptr ) {
+   if( object == nullptr )
       return;
-   }
    void **& top = internal::loaded[internal::sizeClassOf( size )];
    if( reinterpret_cast< std::uintptr_t >( top ) % internal::magazineSize == 0 ) [[unlikely]] {
       internal::releaseSlowly( object, size );

@@ -22,9 +22,8 @@ void readAddress( Kiv::CharRange & text, Address * address, std::string_view exp
    text.skip();
    std::string_view const token = Kiv::CharRange{ text.rest() }.token();
    std::optional< Address > const read = Address::fromText( token );
-   if( !read ) {
+   if( !read )
       text.failWords( "", expected );
-   }
    text.take( token );
    *address = *read;
 }

@@ -10,9 +10,8 @@
 namespace Velnet {
 
 IntfId::IntfId( std::string_view name ) {
-   if( name.empty() ) {
+   if( name.empty() )
       return;
-   }
    char const * const end = name.data() + name.size();
    auto const [behind, error] = std::from_chars( name.data(), end, value_ );
    if( error != std::errc{} || behind != end ) {
@@ -26,11 +25,10 @@ Orlo::String IntfId::stringValue() const {
 }
 
 void appendText( Orlo::StringBuilder & out, IntfId const & id ) noexcept {
-   if( id.value() == IntfId::none ) {
+   if( id.value() == IntfId::none )
       out.append( "none" );
-   } else {
+   else
       out.appendDecimal( id.value() );
-   }
 }
 
 void sequenceToValue( Kiv::CharRange & text, IntfId * id ) {

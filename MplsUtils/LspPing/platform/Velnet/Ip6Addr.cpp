@@ -23,13 +23,11 @@ struct Run {
 Run zeroRun( Ip6Addr const & address ) noexcept {
    Run longest;
    Run current;
-   for( std::size_t index = 0; index < groupCount; ++index ) {
-      if( address.group( index ) != 0 ) {
+   for( std::size_t index = 0; index < groupCount; ++index )
+      if( address.group( index ) != 0 )
          current = { index + 1, 0 };
-      } else if( ++current.length > longest.length ) {
+      else if( ++current.length > longest.length )
          longest = current;
-      }
-   }
    return longest.length >= 2 ? longest : Run{ groupCount, 0 };
 }
 
@@ -54,9 +52,8 @@ char * putIp6Addr( char * at, Ip6Addr const & address ) noexcept {
             break;
          }
       }
-      if( index != 0 ) {
+      if( index != 0 )
          *at++ = ':';
-      }
       at = Orlo::putHex( at, U32{ address.group( index ) }, false );
    }
    return at;
@@ -64,15 +61,12 @@ char * putIp6Addr( char * at, Ip6Addr const & address ) noexcept {
 
 /// The value of a hexadecimal digit, 16 for any other character.
 constexpr unsigned hexValue( char character ) noexcept {
-   if( character >= '0' && character <= '9' ) {
+   if( character >= '0' && character <= '9' )
       return static_cast< unsigned >( character - '0' );
-   }
-   if( character >= 'a' && character <= 'f' ) {
+   if( character >= 'a' && character <= 'f' )
       return static_cast< unsigned >( character - 'a' + 10 );
-   }
-   if( character >= 'A' && character <= 'F' ) {
+   if( character >= 'A' && character <= 'F' )
       return static_cast< unsigned >( character - 'A' + 10 );
-   }
    return 16;
 }
 
@@ -84,23 +78,20 @@ class Sides {
    void gapIs() noexcept { gap_ = length_; }
 
    bool append( U8 byte ) noexcept {
-      if( full() ) {
+      if( full() )
          return false;
-      }
       bytes_[length_++] = byte;
       return true;
    }
 
    /// The whole address, if "::" stands for one group or more or nothing is missing.
    std::optional< Ip6Addr > address() const noexcept {
-      if( full() == hasGap() ) {
+      if( full() == hasGap() )
          return std::nullopt;
-      }
       Ip6Addr::Bytes whole{};
       std::size_t const missing = whole.size() - length_;
-      for( std::size_t index = 0; index < length_; ++index ) {
+      for( std::size_t index = 0; index < length_; ++index )
          whole[index < gap_ ? index : index + missing] = bytes_[index];
-      }
       return Ip6Addr{ whole };
    }
 
@@ -123,36 +114,28 @@ std::optional< Ip6Addr > Ip6Addr::fromText( std::string_view text ) noexcept {
    while( groupNeeded || index != text.size() ) {
       std::size_t const start = index;
       unsigned group = 0;
-      while( index != text.size() && index - start < 4 && hexValue( text[index] ) < 16 ) {
+      while( index != text.size() && index - start < 4 && hexValue( text[index] ) < 16 )
          group = group << 4 | hexValue( text[index++] );
-      }
       if( index != text.size() && text[index] == '.' ) {
          std::optional< IpAddr > const tail = IpAddr::fromText( text.substr( start ) );
-         if( !tail ) {
+         if( !tail )
             return std::nullopt;
-         }
-         for( U8 const byte : tail->bytes() ) {
-            if( !sides.append( byte ) ) {
+         for( U8 const byte : tail->bytes() )
+            if( !sides.append( byte ) )
                return std::nullopt;
-            }
-         }
          return sides.address();
       }
       if( index == start || !sides.append( static_cast< U8 >( group >> 8 ) ) ||
-          !sides.append( static_cast< U8 >( group ) ) ) {
+          !sides.append( static_cast< U8 >( group ) ) )
          return std::nullopt;
-      }
-      if( index == text.size() ) {
+      if( index == text.size() )
          break;
-      }
-      if( text[index++] != ':' ) {
+      if( text[index++] != ':' )
          return std::nullopt;
-      }
       groupNeeded = true;
       if( index != text.size() && text[index] == ':' ) {
-         if( sides.hasGap() ) {
+         if( sides.hasGap() )
             return std::nullopt;
-         }
          sides.gapIs();
          ++index;
          groupNeeded = false;

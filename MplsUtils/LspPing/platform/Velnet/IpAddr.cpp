@@ -18,11 +18,9 @@ constexpr std::array< OctetText, 256 > octetTexts = [] {
    std::array< OctetText, 256 > texts{};
    for( unsigned octet = 0; octet < 256; ++octet ) {
       OctetText & text = texts[octet];
-      for( unsigned const unit : { 100U, 10U, 1U } ) {
-         if( octet >= unit || unit == 1 ) {
+      for( unsigned const unit : { 100U, 10U, 1U } )
+         if( octet >= unit || unit == 1 )
             text.digits[text.length++] = static_cast< char >( '0' + octet / unit % 10 );
-         }
-      }
       text.digits[text.length++] = '.';
    }
    return texts;
@@ -43,23 +41,18 @@ std::optional< IpAddr > IpAddr::fromText( std::string_view text ) noexcept {
    Bytes bytes;
    std::size_t index = 0;
    for( U8 & octet : bytes ) {
-      if( &octet != bytes.data() && ( index == text.size() || text[index++] != '.' ) ) {
+      if( &octet != bytes.data() && ( index == text.size() || text[index++] != '.' ) )
          return std::nullopt;
-      }
       std::size_t const start = index;
       unsigned number = 0;
-      while( index != text.size() && text[index] >= '0' && text[index] <= '9' &&
-             index - start < 3 ) {
+      while( index != text.size() && text[index] >= '0' && text[index] <= '9' && index - start < 3 )
          number = 10 * number + static_cast< unsigned >( text[index++] - '0' );
-      }
-      if( index == start || number > 255 || ( text[start] == '0' && index - start > 1 ) ) {
+      if( index == start || number > 255 || ( text[start] == '0' && index - start > 1 ) )
          return std::nullopt;
-      }
       octet = static_cast< U8 >( number );
    }
-   if( index != text.size() ) {
+   if( index != text.size() )
       return std::nullopt;
-   }
    return IpAddr{ bytes };
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <array>
 #include <bit>
@@ -28,9 +28,8 @@ class IpAddr {
 
    /// From the number whose most significant byte is the first octet.
    static constexpr IpAddr fromHost( U32 host ) noexcept {
-      if constexpr( std::endian::native == std::endian::little ) {
+      if constexpr( std::endian::native == std::endian::little )
          host = __builtin_bswap32( host );
-      }
       return IpAddr{ std::bit_cast< Bytes >( host ) };
    }
    constexpr U32 host() const noexcept {

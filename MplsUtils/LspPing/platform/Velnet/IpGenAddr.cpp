@@ -5,12 +5,10 @@
 namespace Velnet {
 
 std::optional< IpGenAddr > IpGenAddr::fromText( std::string_view text ) noexcept {
-   if( text == "none" ) {
+   if( text == "none" )
       return IpGenAddr{};
-   }
-   if( text.find( ':' ) != std::string_view::npos ) {
+   if( text.find( ':' ) != std::string_view::npos )
       return Ip6Addr::fromText( text );
-   }
    return IpAddr::fromText( text );
 }
 
@@ -19,13 +17,12 @@ Orlo::String IpGenAddr::stringValue() const {
 }
 
 void appendText( Orlo::StringBuilder & out, IpGenAddr const & address ) noexcept {
-   if( address.isIpv4() ) {
+   if( address.isIpv4() )
       appendText( out, address.ipAddr() );
-   } else if( address.isIpv6() ) {
+   else if( address.isIpv6() )
       appendText( out, address.ip6Addr() );
-   } else {
+   else
       out.append( "none" );
-   }
 }
 
 void sequenceToValue( Kiv::CharRange & text, IpGenAddr * address ) {

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
-#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 #include "MplsUtils/LspPing/platform/Velnet/Ip6Addr.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
+#include "MplsUtils/LspPing/platform/base/Assert.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <array>
 #include <compare>
@@ -29,9 +29,8 @@ class IpGenAddr {
    /// An address of no family.
    constexpr IpGenAddr() noexcept = default;
    constexpr IpGenAddr( IpAddr const & address ) noexcept : family_{ Family::ipv4 } {
-      for( std::size_t index = 0; index < address.bytes().size(); ++index ) {
+      for( std::size_t index = 0; index < address.bytes().size(); ++index )
          bytes_[index] = address.bytes()[index];
-      }
    }
    constexpr IpGenAddr( Ip6Addr const & address ) noexcept
       : family_{ Family::ipv6 },

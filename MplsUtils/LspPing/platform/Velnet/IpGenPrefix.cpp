@@ -10,21 +10,18 @@
 namespace Velnet {
 
 std::optional< IpGenPrefix > IpGenPrefix::fromText( std::string_view text ) noexcept {
-   if( text == "none" ) {
+   if( text == "none" )
       return IpGenPrefix{};
-   }
    std::size_t const slash = text.find( '/' );
    std::optional< IpGenAddr > const address = IpGenAddr::fromText( text.substr( 0, slash ) );
-   if( slash == std::string_view::npos || !address ) {
+   if( slash == std::string_view::npos || !address )
       return std::nullopt;
-   }
    U8 length = 0;
    char const * const end = text.data() + text.size();
    auto const [behind, error] = std::from_chars( text.data() + slash + 1, end, length );
    bool const hasFamily = address->family() != IpGenAddr::Family::none;
-   if( error != std::errc{} || behind != end || !hasFamily || length > longest( *address ) ) {
+   if( error != std::errc{} || behind != end || !hasFamily || length > longest( *address ) )
       return std::nullopt;
-   }
    return IpGenPrefix{ *address, length };
 }
 

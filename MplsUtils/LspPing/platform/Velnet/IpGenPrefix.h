@@ -1,11 +1,11 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpGenAddr.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <optional>
 #include <string_view>
@@ -22,9 +22,8 @@ class IpGenPrefix {
    constexpr IpGenPrefix( IpGenAddr const & address, U8 length )
       : address_{ address },
         length_{ length } {
-      if( length > longest( address ) ) {
+      if( length > longest( address ) )
          lengthRangeError( length );
-      }
    }
 
    /// The prefix that is written so: "none", or an address of either family, a slash and the length

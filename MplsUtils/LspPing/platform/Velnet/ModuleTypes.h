@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/TypeId.h"
 #include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
+#include "MplsUtils/LspPing/platform/base/TypeId.h"
 
 namespace Velnet {
 

@@ -19,11 +19,10 @@ Orlo::String MplsLabel::stringValue() const {
 }
 
 void appendText( Orlo::StringBuilder & out, MplsLabel const & label ) noexcept {
-   if( label.value() == MplsLabel::unset ) {
+   if( label.value() == MplsLabel::unset )
       out.append( "none" );
-   } else {
+   else
       out.appendDecimal( label.value() );
-   }
 }
 
 void sequenceToValue( Kiv::CharRange & text, MplsLabel * label ) {
@@ -34,9 +33,8 @@ void sequenceToValue( Kiv::CharRange & text, MplsLabel * label ) {
    Kiv::CharRange ahead{ text };
    U32 value = 0;
    Kiv::sequenceToValue( ahead, &value );
-   if( value > MplsLabel::unset ) {
+   if( value > MplsLabel::unset )
       text.failWords( "", "a label of 20 bits or none" );
-   }
    text = ahead;
    *label = MplsLabel{ value };
 }

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <compare>
 
@@ -21,9 +21,8 @@ class MplsLabel {
    constexpr MplsLabel() noexcept = default;
    /// Raises `Kiv::RangeException` for a number that is neither a label nor `unset`.
    constexpr explicit MplsLabel( U32 value ) : value_{ value } {
-      if( value > unset ) {
+      if( value > unset )
          valueRangeError( value );
-      }
    }
 
    constexpr U32 value() const noexcept { return value_; }

@@ -15,18 +15,16 @@ U32 readField( Kiv::CharRange & text, U32 most ) {
    Kiv::CharRange ahead{ text };
    U32 value = 0;
    Kiv::sequenceToValue( ahead, &value );
-   if( value > most ) {
+   if( value > most )
       text.failWords( "", Kiv::_fmt( "a number of up to %d", most ) );
-   }
    text = ahead;
    return value;
 }
 
 /// The same behind a slash.
 U32 readNextField( Kiv::CharRange & text, U32 most ) {
-   if( !text.take( '/' ) ) {
+   if( !text.take( '/' ) )
       text.fail( "", "/" );
-   }
    return readField( text, most );
 }
 

@@ -13,9 +13,8 @@ Orlo::String MplsLabelStack::stringValue() const {
 void appendText( Orlo::StringBuilder & out, MplsLabelStack const & stack ) noexcept {
    out.append( '{' );
    for( bool first = true; MplsLabelEntry const & entry : stack ) {
-      if( !first ) {
+      if( !first )
          out.append( ", " );
-      }
       first = false;
       appendText( out, entry );
    }
@@ -24,18 +23,16 @@ void appendText( Orlo::StringBuilder & out, MplsLabelStack const & stack ) noexc
 
 void sequenceToValue( Kiv::CharRange & text, MplsLabelStack * stack ) {
    MplsLabelStack read;
-   if( !text.take( '{' ) ) {
+   if( !text.take( '{' ) )
       text.fail( "", "{" );
-   }
    if( !text.take( '}' ) ) {
       do {
          MplsLabelEntry entry;
          sequenceToValue( text, &entry );
          read.entryAdd( entry );
       } while( text.take( ',' ) );
-      if( !text.take( '}' ) ) {
+      if( !text.take( '}' ) )
          text.fail( "", "}" );
-      }
    }
    *stack = std::move( read );
 }

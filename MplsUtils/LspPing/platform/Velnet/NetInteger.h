@@ -1,9 +1,9 @@
 #pragma once
 
 #include "MplsUtils/LspPing/platform/Kiv/CharRange.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Kiv/ScalarText.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <array>
 #include <bit>
@@ -50,15 +50,14 @@ class NetInteger {
    using Bytes = std::array< U8, sizeof( T ) >;
 
    static constexpr T swapped( T number ) noexcept {
-      if constexpr( std::endian::native == std::endian::big ) {
+      if constexpr( std::endian::native == std::endian::big )
          return number;
-      } else if constexpr( sizeof( T ) == 2 ) {
+      else if constexpr( sizeof( T ) == 2 )
          return __builtin_bswap16( number );
-      } else if constexpr( sizeof( T ) == 4 ) {
+      else if constexpr( sizeof( T ) == 4 )
          return __builtin_bswap32( number );
-      } else {
+      else
          return __builtin_bswap64( number );
-      }
    }
 
    Bytes bytes_{};

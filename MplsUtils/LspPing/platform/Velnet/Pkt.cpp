@@ -1,10 +1,10 @@
 #include "MplsUtils/LspPing/platform/Velnet/Pkt.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
 #include "MplsUtils/LspPing/platform/Velnet/ModuleTypes.h"
+#include "MplsUtils/LspPing/platform/base/Assert.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <limits>
 #include <utility>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
 #include "MplsUtils/LspPing/platform/Kiv/Attributes.h"
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
 #include "MplsUtils/LspPing/platform/Orlo/Node.h"
 #include "MplsUtils/LspPing/platform/Orlo/Ptr.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <span>
 #include <vector>
@@ -56,9 +56,8 @@ class LSPPING_PLATFORM_EXPORT Pkt final : public Orlo::Node {
 
    /// One byte of the data. Raises `Kiv::RangeException` for an offset outside.
    U8 rawByte( U32 offset ) const {
-      if( offset >= size_ ) [[unlikely]] {
+      if( offset >= size_ ) [[unlikely]]
          offsetOutside( offset );
-      }
       return data_[offset];
    }
 

@@ -1,4 +1,4 @@
-#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
+#include "MplsUtils/LspPing/platform/base/Assert.h"
 
 #include <cstdio>
 #include <cstdlib>

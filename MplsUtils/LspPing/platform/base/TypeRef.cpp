@@ -1,7 +1,7 @@
-#include "MplsUtils/LspPing/platform/Kiv/TypeRef.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
-#include "MplsUtils/LspPing/platform/Kiv/Assert.h"
-#include "MplsUtils/LspPing/platform/Kiv/NameTable.h"
+#include "MplsUtils/LspPing/platform/base/Assert.h"
+#include "MplsUtils/LspPing/platform/base/NameTable.h"
 
 namespace Kiv {
 
@@ -16,10 +16,9 @@ constinit std::atomic< U16 > moduleCount{ 0 };
 } // namespace
 
 bool TypeRef::isA( TypeRef other ) const noexcept {
-   for( TypeRef type = *this; type; type = type.base() ) {
+   for( TypeRef type = *this; type; type = type.base() )
       if( type == other )
          return true;
-   }
    return false;
 }
 
@@ -38,10 +37,9 @@ TypeRef typeNamed( std::string_view name ) noexcept {
 
 ModuleRange modules() noexcept {
    ModuleRange range;
-   for( auto const & place : modulesByNumber ) {
+   for( auto const & place : modulesByNumber )
       if( ModuleTable const * module = place.load( std::memory_order_acquire ) )
          range.tables[range.count++] = module;
-   }
    return range;
 }
 

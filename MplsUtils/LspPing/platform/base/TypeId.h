@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/Integers.h"
+#include "MplsUtils/LspPing/platform/base/Integers.h"
 
 #include <cstddef>
 #include <type_traits>

@@ -1,4 +1,4 @@
-#include "MplsUtils/LspPing/platform/Kiv/OutOfMemory.h"
+#include "MplsUtils/LspPing/platform/base/OutOfMemory.h"
 
 #include <atomic>
 #include <cstdlib>

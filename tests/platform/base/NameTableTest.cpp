@@ -1,4 +1,4 @@
-#include "MplsUtils/LspPing/platform/Kiv/NameTable.h"
+#include "MplsUtils/LspPing/platform/base/NameTable.h"
 
 #include <gtest/gtest.h>
 
@@ -27,8 +27,9 @@ constexpr std::array< std::string_view, 5 > names{ "a", "", "version", "tsSentmS
 constexpr auto slots = Kiv::nameSlots< names.size() >( []( std::size_t i ) { return names[i]; } );
 
 U8 found( std::string_view name ) {
-   return Kiv::findName( slots.data(), slots.size() - 1, Kiv::nameHash( name ), name,
-                         []( U8 i ) { return names[i]; } );
+   return Kiv::findName(
+      slots.data(), slots.size() - 1, Kiv::nameHash( name ), name,
+      []( U8 i ) { return names[i]; } );
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Export.h"
+#include "MplsUtils/LspPing/platform/base/Export.h"
 
 namespace Kiv {
 
