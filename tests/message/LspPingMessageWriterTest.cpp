@@ -87,7 +87,7 @@ TEST( LspPingMessageWriter, countsSubTlvsFecsLabelsAndMultipathInformation ) {
                  }
                  {
                     auto labels = writer.open( LspPingDDMappingSubTlvType::LabelStack );
-                    EXPECT_TRUE( labels.label( LspPingLabel{ 100000, 5, true, 3 } ) );
+                    EXPECT_TRUE( labels.label( 100000, 5, true, 3 ) );
                  }
                  auto change = writer.open< LspPingFecStackChangeV4SubTlv >( []( auto & view ) {
                     view.operTypeIs( 2 );

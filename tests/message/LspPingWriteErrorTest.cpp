@@ -92,7 +92,7 @@ TEST( LspPingMessageWriter, refusesWhatContradictsTheFacts ) {
    EXPECT_EQ( written( []( Writer & writer ) {
                  auto mapping = writer.open< LspPingDdmapTlv >();
                  auto labels = writer.open( LspPingDDMappingSubTlvType::LabelStack );
-                 labels.label( LspPingLabel{ 0x100000, 0, false, 0 } );
+                 labels.label( 0x100000, 0, false, 0 );
               } ).substr( 0, 19 ),
               "labelTooLarge at 52" );
 }

@@ -215,8 +215,8 @@ inline void RandomMessage::behind( Writer & writer, Open & open, Row const & row
    case Behind::protocolLabels:
    case Behind::labelStack:
       for( U32 count = below( 4 ); count > 0; --count ) {
-         open.label( LspPing::LspPingLabel{ below( 1 << 20 ), static_cast< U8 >( below( 8 ) ),
-                                            below( 2 ) == 0, static_cast< U8 >( below( 256 ) ) } );
+         open.label( below( 1 << 20 ), static_cast< U8 >( below( 8 ) ), below( 2 ) == 0,
+                     static_cast< U8 >( below( 256 ) ) );
       }
       return;
    }

@@ -1,15 +1,12 @@
 #include "MplsUtils/LspPing/platform/Kiv/Printable.h"
-#include "tools/lspping/ExitStatus.h"
 #include "tools/lspping/commands/Commands.h"
-#include "tools/lspping/io/Diagnostics.h"
+#include "tools/lspping/io/Failure.h"
 #include "tools/lspping/io/Interruption.h"
 #include "tools/lspping/io/Output.h"
 #include "tools/lspping/io/Process.h"
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
-#include <exception>
-#include <new>
 #include <sstream>
 
 namespace {
@@ -45,17 +42,6 @@ int run( int argc, char ** argv, Output & output ) {
    return status;
 }
 
-int runGuarded( int argc, char ** argv, Output & output ) {
-   try {
-      return run( argc, argv, output );
-   } catch( std::bad_alloc const & ) {
-      tellOutOfMemory();
-   } catch( std::exception const & error ) {
-      tell( error.what() );
-   }
-   return exitFileFailed;
-}
-
 } // namespace
 
 int main( int argc, char ** argv ) {
@@ -63,7 +49,7 @@ int main( int argc, char ** argv ) {
    endInOrderWithoutMemory();
    noteInterruptions();
    Output output;
-   int const status = output.finish( runGuarded( argc, argv, output ) );
+   int const status = output.finish( told( [&] { return run( argc, argv, output ); } ) );
    endIfInterrupted();
    return status;
 }

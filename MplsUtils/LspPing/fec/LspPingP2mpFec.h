@@ -86,7 +86,7 @@ class LspPingOpaqueValSubTlv : public Kiv::NrcPtrInterface {
    /// Bytes that the whole opaque value takes: type, length and value, the value rounded up so that
    /// the sum is a multiple of four. Kept in 16 bits.
    constexpr U16 totalLength() const noexcept {
-      return static_cast< U16 >( ( length() + 6u ) & ~3u );
+      return static_cast< U16 >( lspPingPadded( 3u + length() ) );
    }
 
    static consteval auto kivAccessors() {

@@ -21,6 +21,11 @@ U16 valueBytes( PseudowireGenId const & id ) noexcept {
    return static_cast< U16 >( id.agi().length() + id.saii().length() + id.taii().length() );
 }
 
+// What the length field must say at least before the identifiers are written.
+U32 lengthFor( PseudowireGenId const & id ) noexcept {
+   return lspPingPadded( LspPingFec129Ipv4SubTlv::minTlvLength + U32{ valueBytes( id ) } );
+}
+
 // Writes type, length and value and returns the place behind them.
 U8 * put( U8 * at, PseudowireAttachmentIdentifier const & id ) noexcept {
    *at++ = id.type();
@@ -68,7 +73,7 @@ void LspPingFec129Ipv4SubTlv::pwGenIdIs( PseudowireGenId const & pwGenId ) noexc
    KIV_ASSERT( agi.length() <= maxLength );
    KIV_ASSERT( saii.length() <= maxLength );
    KIV_ASSERT( taii.length() <= maxLength );
-   U32 const tlvLength = ( minTlvLength + valueBytes( pwGenId ) + 3u ) & ~3u;
+   U32 const tlvLength = lengthFor( pwGenId );
    KIV_ASSERT( length() >= tlvLength );
    // The bytes covered by the length field are there, as for reading, and it covers all that is
    // written: what lies behind the view's own bytes starts at value offset 10.
@@ -78,6 +83,17 @@ void LspPingFec129Ipv4SubTlv::pwGenIdIs( PseudowireGenId const & pwGenId ) noexc
    at = put( put( put( at, agi ), saii ), taii );
    while( at != end )
       *at++ = 0;
+}
+
+Orlo::String LspPingFec129Ipv4SubTlv::pwGenIdRefusal( PseudowireGenId const & pwGenId ) const {
+   for( U8 const bytes :
+        { pwGenId.agi().length(), pwGenId.saii().length(), pwGenId.taii().length() } )
+      if( bytes > maxLength )
+         return Orlo::stringOf( "an identifier has 8 bytes" );
+   U32 const needed = lengthFor( pwGenId );
+   if( length() < needed )
+      return Kiv::_fmt( "needs %d bytes of value, the length is %d", needed, length() );
+   return {};
 }
 
 std::size_t LspPingFec129Ipv4SubTlv::kivExtent( std::span< U8 const > bytes ) noexcept {

@@ -135,6 +135,8 @@ class LSPPING_EXPORT LspPingFec129Ipv4SubTlv
    /// Writes the identifiers and the zeros behind them. The length field must already say that
    /// there is room for them: it is not written.
    void pwGenIdIs( Pseudowire::PseudowireGenId const & pwGenId ) noexcept;
+   /// Why `pwGenIdIs` must not be called with that; empty when nothing stands against it.
+   Orlo::String pwGenIdRefusal( Pseudowire::PseudowireGenId const & pwGenId ) const;
    /// Bytes that the identifiers' values take; 0 when they cannot be read.
    U16 additionalTlvLength() const noexcept;
 
@@ -147,7 +149,8 @@ class LSPPING_EXPORT LspPingFec129Ipv4SubTlv
       using Self = LspPingFec129Ipv4SubTlv;
       return attributesOf< Self >(
          Kiv::field< &Self::pwType, &Self::pwTypeIs >( "pwType" ),
-         Kiv::field< &Self::pwGenId, &Self::pwGenIdIs >( "pwGenId" ),
+         Kiv::conditionalField< &Self::pwGenId, &Self::pwGenIdIs, &Self::pwGenIdRefusal >(
+            "pwGenId" ),
          Kiv::constant< &Self::minTlvLength, U16 >( "minTlvLength" ),
          Kiv::computed< &Self::additionalTlvLength >( "additionalTlvLength" ) );
    }

@@ -10,6 +10,11 @@
 
 namespace LspPing {
 
+/// As many bytes, and the zeros behind them that fill to a multiple of four, RFC 8029 section 3.
+constexpr U32 lspPingPadded( U32 bytes ) noexcept {
+   return ( bytes + 3 ) & ~U32{ 3 };
+}
+
 // Header of every TLV, and of every sub-TLV whose type takes 16 bits, RFC 8029 section 3.
 //
 //  0                   1                   2                   3
@@ -33,7 +38,7 @@ class LSPPING_EXPORT LspPingTlvHdr : public Kiv::Typed< LspPingTlvHdr, Kiv::NrcP
    /// four. The sum is kept in 16 bits: from length 65529 on it wraps, so a walk must check that
    /// it moves on.
    constexpr U16 totalLength() const noexcept {
-      return static_cast< U16 >( ( length() + 7u ) & ~3u );
+      return static_cast< U16 >( lspPingPadded( 4u + length() ) );
    }
 
    static consteval auto kivAttributes() {
@@ -71,7 +76,7 @@ class LSPPING_EXPORT LspPingTlvU8Hdr : public Kiv::Typed< LspPingTlvU8Hdr, Kiv::
    /// Bytes that the whole sub-TLV takes: header and value, rounded up to a multiple of four and
    /// kept in 16 bits.
    constexpr U16 totalLength() const noexcept {
-      return static_cast< U16 >( ( length() + 6u ) & ~3u );
+      return static_cast< U16 >( lspPingPadded( 3u + length() ) );
    }
 
    static consteval auto kivAttributes() {

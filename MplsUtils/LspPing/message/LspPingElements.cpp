@@ -103,7 +103,7 @@ void appendTextOf( Orlo::StringBuilder & out, U8 const * element ) {
 template < class View >
 constexpr LspPingElementRow rowOf( LspPingElement facts ) noexcept {
    LspPingElementRow row{ facts, Kiv::typeIdOf< View > };
-   if constexpr( std::is_same_v< View, LspPingPadTlv > ) {
+   if constexpr( requires { View::kivCopyOf; } ) {
       row.valid = &padValid;
       row.flaw = []( U8 const * element, U32 length ) noexcept {
          return padValid( element, length ) ? Flaw{} : Flaw{ { Code::notValid } };

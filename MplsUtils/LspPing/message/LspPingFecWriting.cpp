@@ -101,7 +101,7 @@ bool putBehind( LspPingMessageWriter &, LspPingOpenElement & fec, LspPingFec129I
    U32 const length = LspPingFec129Ipv4SubTlv::minTlvLength + U32{ id.agi().length() } +
                       id.saii().length() + id.taii().length();
    U32 const told = info.fecTlvLen();
-   if( told != 0 && told != length && told != ( ( length + 3 ) & ~U32{ 3 } ) )
+   if( told != 0 && told != length && told != lspPingPadded( length ) )
       return fec.takeBack( Error::recordContradicts );
    return fec.pwGenId( id,
                        told > length ? LspPingPaddingCount::with : LspPingPaddingCount::without );

@@ -1,7 +1,5 @@
 #include "MplsUtils/LspPing/message/LspPingMessage.h"
 
-#include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
-
 namespace LspPing {
 
 std::span< U8 const > LspPingElementRef::paddedBytes() const noexcept {
@@ -28,16 +26,6 @@ bool LspPingElementRef::appendText( Orlo::StringBuilder & out ) const {
       return false;
    own.row->appendText( out, at() );
    return true;
-}
-
-void LspPingElementRef::padInto( LspPingPadTlv & pad ) const {
-   std::span< U8 const > const own = bytes();
-   pad.typeIs( static_cast< U16 >( code() ) );
-   pad.lengthIs( static_cast< U16 >( length() ) );
-   pad.padTypeIs( own[4] );
-   // From the end, so that the padding grows once.
-   for( std::size_t i = own.size() - 5; i-- > 0; )
-      pad.paddingIs( static_cast< U32 >( i ), own[5 + i] );
 }
 
 LspPingMultipath LspPingElementRef::multipath() const noexcept {

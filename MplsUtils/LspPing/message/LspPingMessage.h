@@ -7,6 +7,7 @@
 #include "MplsUtils/LspPing/message/LspPingMultipath.h"
 #include "MplsUtils/LspPing/message/LspPingProblem.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
+#include "MplsUtils/LspPing/platform/Velnet/MplsLabelEntry.h"
 #include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <span>
@@ -17,16 +18,6 @@ namespace LspPing {
 
 class LspPingElementRange;
 class LspPingMessage;
-class LspPingPadTlv;
-
-/// A downstream label (RFC 8029 section 3.4.1.2) or a label stack entry (RFC 3032 section 2.1).
-struct LspPingLabel {
-   U32 label;
-   U8 trafficClass;
-   bool isBottomOfStack;
-   /// LspPingDownstreamSignalingProtocol, or the time to live.
-   U8 last;
-};
 
 /// The labels that stand in an element. The bytes stay the message's.
 class LspPingLabels {
@@ -38,12 +29,12 @@ class LspPingLabels {
 
    std::size_t size() const noexcept { return bytes_.size() / 4; }
    std::span< U8 const > bytes() const noexcept { return bytes_; }
-   /// Whether a signaling protocol stands behind each label, and not a time to live.
+   /// A downstream label (RFC 8029 section 3.4.1.2) has its signaling protocol, a
+   /// LspPingDownstreamSignalingProtocol, where a label stack entry has its time to live.
    bool hasProtocol() const noexcept { return hasProtocol_; }
-   LspPingLabel operator[]( std::size_t i ) const noexcept {
-      U8 const * const at = bytes_.data() + 4 * i;
-      U32 const upper = U32{ at[0] } << 16 | U32{ at[1] } << 8 | at[2];
-      return { upper >> 4, static_cast< U8 >( upper >> 1 & 7 ), ( upper & 1 ) != 0, at[3] };
+   Velnet::MplsLabelEntry const & operator[]( std::size_t i ) const noexcept {
+      // The bytes of an entry are there, and it has no alignment.
+      return reinterpret_cast< Velnet::MplsLabelEntry const * >( bytes_.data() )[i];
    }
 
  private:
@@ -107,13 +98,12 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
       else
          return static_cast< View const * >( viewAs( Kiv::typeOf< View >() ) );
    }
-   /// The object of `type()`: the view, or null for the Pad TLV, which `padInto` copies.
+   /// The object of `type()`: the view, or null for the Pad TLV, whose class is a copy of its
+   /// bytes.
    void const * view() const noexcept;
    /// Appends the view's own text, such as "LdpIpv4( '10.1.2.0/24' )". False where there is no view
    /// or it has no text.
    bool appendText( Orlo::StringBuilder & out ) const;
-   /// Of a Pad TLV with a type() only.
-   void padInto( LspPingPadTlv & pad ) const;
 
    /// What stands in it, in the order of the bytes.
    LspPingElementRange elements() const noexcept;

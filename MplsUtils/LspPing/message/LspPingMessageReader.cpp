@@ -9,10 +9,6 @@ namespace LspPing {
 
 namespace {
 
-constexpr U32 roundedUp( U32 length ) noexcept {
-   return ( length + 3 ) & ~U32{ 3 };
-}
-
 constexpr U32 headerLength = sizeof( LspPingHdr );
 constexpr U32 beyondAll = 0xffffffff;
 
@@ -135,7 +131,7 @@ bool LspPingWalk::comesOut( LspPingContext context, Region region,
       U32 const length = word( region.begin + header - 2 );
       if( length > region.size() - header )
          return false;
-      U32 const step = header + ( alignment == Alignment::four ? roundedUp( length ) : length );
+      U32 const step = header + ( alignment == Alignment::four ? lspPingPadded( length ) : length );
       if( step >= region.size() )
          return true;
       region.begin += step;
@@ -199,7 +195,7 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
    element.code = header == 3 ? U32{ byte( region.begin ) } : word( region.begin );
    element.length = word( region.begin + header - 2 );
    // The header of three bytes is counted before the rounding.
-   element.totalLength = roundedUp( header + element.length );
+   element.totalLength = lspPingPadded( header + element.length );
    element.present = std::min( header + element.length, left );
    element.occupied =
       alignment == Alignment::none ? element.present : std::min( left, element.totalLength );
@@ -275,8 +271,8 @@ bool LspPingWalk::lengthFits( U32 index ) {
       return true;
    // Routers are seen to count the padding.
    problemOf( index,
-              element.length == roundedUp( facts.leastLength ) ? Code::lengthCountsPadding
-                                                               : Code::lengthWrong,
+              element.length == lspPingPadded( facts.leastLength ) ? Code::lengthCountsPadding
+                                                                   : Code::lengthWrong,
               { element.length, facts.leastLength } );
    return false;
 }
@@ -382,14 +378,15 @@ void LspPingWalk::stackChangeFec( U32 index, Region region ) {
       // same, inside or as the padding of the sub-TLV.
       U32 own = length;
       if( length >= 4 && 4 + word( region.begin + 2 ) == length )
-         own = std::min( roundedUp( length ), element.offset + element.occupied - region.begin );
+         own =
+            std::min( lspPingPadded( length ), element.offset + element.occupied - region.begin );
       if( region.begin + own < region.end )
          leftOver( index, { region.begin + own, region.end } );
       region.end = region.begin + own;
    }
    bool const isStack = region.size() >= 8 && word( region.begin ) == 1 &&
                         word( region.begin + 2 ) != 5 &&
-                        word( region.begin + 2 ) == 4 + roundedUp( word( region.begin + 6 ) );
+                        word( region.begin + 2 ) == 4 + lspPingPadded( word( region.begin + 6 ) );
    if( region.size() > 0 )
       elements( isStack ? LspPingContext::message : LspPingContext::targetFec, region, depth );
 }
@@ -434,7 +431,7 @@ void LspPingWalk::identifiers( U32 index, Region region ) {
       begin += needed;
    }
    U32 const offset = at( index ).offset;
-   if( region.end - offset != roundedUp( begin - offset ) )
+   if( region.end - offset != lspPingPadded( begin - offset ) )
       leftOver( index, { begin, region.end } );
 }
 

@@ -132,11 +132,8 @@ bool keepView( LspPingElementRef tlv, LspPingIntfAndLabelStackInfo & info ) {
    else
       intfId = view->intfId();
    Velnet::MplsLabelStack labels;
-   std::span< U8 const > const entries = tlv.labels().bytes();
-   for( std::size_t at = 0; at < entries.size(); at += sizeof( Velnet::MplsLabelEntry ) ) {
-      // The bytes of an entry are there, and it has no alignment.
-      labels.entryAdd( *reinterpret_cast< Velnet::MplsLabelEntry const * >( &entries[at] ) );
-   }
+   for( std::size_t i = 0; i < tlv.labels().size(); ++i )
+      labels.entryAdd( tlv.labels()[i] );
    info = LspPingIntfAndLabelStackInfo( view->addrType(), view->addr(), intfAddr, intfId, labels,
                                         true );
    return true;
@@ -284,7 +281,7 @@ Kept Conversion::stackChange( LspPingElementRef subTlv, Mapping & mapping ) {
       return Kept::notWellFormed();
    U32 const end = subTlv.row()->fixedSize() + view->fecTlvLen();
    U32 const size = static_cast< U32 >( subTlv.bytes().size() );
-   if( end > size || size > ( ( end + 3 ) & ~U32{ 3 } ) )
+   if( end > size || size > lspPingPadded( end ) )
       return Kept::notWellFormed();
    auto const operation = static_cast< Operation >( view->operType() );
    if( operation != Operation::Push && operation != Operation::Pop )

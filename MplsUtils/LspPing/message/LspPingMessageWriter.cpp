@@ -13,10 +13,6 @@ namespace {
 
 using Error = LspPingWriteErrorCode;
 
-constexpr U32 roundedUp( U32 length ) noexcept {
-   return ( length + 3 ) & ~U32{ 3 };
-}
-
 constexpr U32 longestValue = 0xffff;
 
 // Of a multipoint LDP FEC: the root's family and length, and the bytes of the fixed part besides
@@ -271,9 +267,9 @@ Error LspPingMessageWriter::finish( Level const & level ) noexcept {
       return Error::tooShort;
    wordIs( lengthAt, length );
    // Opaque values follow each other without padding, RFC 6388 section 2.3.
-   U32 const end =
-      level.begin + ( level.context == LspPingContext::opaqueValue ? header + length
-                                                                   : roundedUp( header + length ) );
+   U32 const end = level.begin + ( level.context == LspPingContext::opaqueValue
+                                      ? header + length
+                                      : lspPingPadded( header + length ) );
    return room( end - size_ ) == nullptr ? Error::noRoom : Error::none;
 }
 
@@ -345,7 +341,8 @@ bool LspPingMessageWriter::add( LspPingElementRef element ) noexcept {
    std::span< U8 const > const bytes = element.bytes();
    std::span< U8 const > const padded = element.paddedBytes();
    U32 const size = static_cast< U32 >( bytes.size() );
-   U32 const total = element.context() == LspPingContext::opaqueValue ? size : roundedUp( size );
+   U32 const total =
+      element.context() == LspPingContext::opaqueValue ? size : lspPingPadded( size );
    U32 const id = begin( element.context(), nullptr, element.code(), total, total );
    Level const * const level = topOf( id );
    if( level == nullptr )
@@ -366,11 +363,8 @@ bool LspPingMessageWriter::add( LspPingPadTlv const & pad ) noexcept {
    if( !LspPingPadTlv::element.hasCode( pad.type() ) )
       return element.takeBack( Error::codeWrong );
    U8 const type = pad.padType();
-   bool isWritten = element.bytes( { &type, 1 } );
-   for( U32 i = 0; isWritten && i < pad.padding().end(); ++i ) {
-      U8 const byte = pad.padding( i );
-      isWritten = element.bytes( { &byte, 1 } );
-   }
+   if( element.bytes( { &type, 1 } ) )
+      element.bytes( pad.padding().entries() );
    return element.close();
 }
 

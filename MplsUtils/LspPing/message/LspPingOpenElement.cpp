@@ -99,28 +99,29 @@ bool LspPingOpenElement::bytes( std::span< U8 const > bytes ) noexcept {
    return at != nullptr;
 }
 
-bool LspPingOpenElement::label( LspPingLabel label ) noexcept {
+bool LspPingOpenElement::label( U32 label, U8 trafficClass, bool isBottomOfStack,
+                                U8 last ) noexcept {
    auto const * const level = writer_.topOf( id_ );
    if( level == nullptr )
       return writer_.refuse( Error::notOpen );
-   if( label.label > 0xfffff || label.trafficClass > 7 )
+   if( label > 0xfffff || trafficClass > 7 )
       return takeBack( Error::labelTooLarge );
+   return this->label( Velnet::MplsLabelEntry( label, trafficClass, isBottomOfStack, last ) );
+}
+
+bool LspPingOpenElement::label( Velnet::MplsLabelEntry entry ) noexcept {
+   auto const * const level = writer_.topOf( id_ );
+   if( level == nullptr )
+      return writer_.refuse( Error::notOpen );
    LspPingBehind const behind = level->behind();
    U8 * const at =
       content( writer_.size_ >= level->content && ( behind == LspPingBehind::labelStack ||
                                                     behind == LspPingBehind::protocolLabels ||
                                                     behind == LspPingBehind::mappingLabels ),
                4 );
-   if( at != nullptr ) {
-      putWord( at, label.label << 12 | U32{ label.trafficClass } << 9 |
-                      U32{ label.isBottomOfStack } << 8 | label.last );
-   }
+   if( at != nullptr )
+      putWord( at, entry.word() );
    return at != nullptr;
-}
-
-bool LspPingOpenElement::label( Velnet::MplsLabelEntry entry ) noexcept {
-   return label(
-      LspPingLabel{ entry.label(), entry.trafficClass(), entry.bottomOfStack(), entry.ttl() } );
 }
 
 // Fills in type and length of the multipath information, which stand before it.

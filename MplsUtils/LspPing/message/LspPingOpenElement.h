@@ -47,7 +47,7 @@ class LSPPING_MESSAGE_EXPORT LspPingOpenElement {
 
    /// Of a downstream mapping, of a Label Stack sub-TLV with the label's protocol, and of an
    /// Interface and Label Stack with the time to live as `last`.
-   bool label( LspPingLabel label ) noexcept;
+   bool label( U32 label, U8 trafficClass, bool isBottomOfStack, U8 last ) noexcept;
    bool label( Velnet::MplsLabelEntry entry ) noexcept;
 
    // Multipath information, RFC 8029 section 3.4.1.1.1, once and before the labels. The addresses

@@ -152,13 +152,6 @@ void appendFlags( Orlo::StringBuilder & out, std::string_view letters, U32 flags
    }
 }
 
-void appendDigits( Orlo::StringBuilder & out, U64 number, unsigned count ) {
-   char * const at = out.room( count );
-   for( unsigned i = count; i-- > 0; number /= 10 )
-      at[i] = static_cast< char >( '0' + number % 10 );
-   out.advance( count );
-}
-
 } // namespace
 
 std::string_view lspPingWords( LspPingMsgType type ) noexcept {
@@ -225,8 +218,37 @@ void appendDownstreamFlags( Orlo::StringBuilder & out, U8 flags ) {
    appendFlags( out, "NI", flags );
 }
 
-void appendNtpTime( Orlo::StringBuilder & out, NtpTimeU64 const & time ) {
+void appendUtc( Orlo::StringBuilder & out, std::int64_t sinceEpoch, U32 nanoseconds ) {
    using namespace std::chrono;
+   constexpr sys_seconds first = sys_days( year( 0 ) / 1 / 1 );
+   constexpr sys_seconds last = sys_days( year( 10000 ) / 1 / 1 ) - seconds( 1 );
+   sys_seconds const point{ seconds( sinceEpoch ) };
+   if( point < first || point > last ) {
+      out.append( "out of range" );
+      return;
+   }
+   sys_days const day = floor< days >( point );
+   year_month_day const date{ day };
+   U32 const second = static_cast< U32 >( ( point - day ).count() );
+   char * at = out.room( 30 );
+   auto const part = [&at]( U32 number, unsigned digits, char behind ) {
+      at = Orlo::putDigits( at, number, digits );
+      *at++ = behind;
+   };
+   part( static_cast< U32 >( int{ date.year() } ), 4, '-' );
+   part( unsigned{ date.month() }, 2, '-' );
+   part( unsigned{ date.day() }, 2, 'T' );
+   part( second / 3600, 2, ':' );
+   part( second / 60 % 60, 2, ':' );
+   part( second % 60, 2, '.' );
+   if( nanoseconds % 1000 == 0 )
+      part( nanoseconds / 1000, 6, 'Z' );
+   else
+      part( nanoseconds, 9, 'Z' );
+   out.advanceTo( at );
+}
+
+void appendNtpTime( Orlo::StringBuilder & out, NtpTimeU64 const & time ) {
    if( time.seconds() == 0 && time.fractions() == 0 ) {
       out.append( "none" );
       return;
@@ -234,25 +256,9 @@ void appendNtpTime( Orlo::StringBuilder & out, NtpTimeU64 const & time ) {
    constexpr std::int64_t toUnixEpoch = 2208988800;
    constexpr std::int64_t era = std::int64_t{ 1 } << 32;
    bool const isNextEra = ( time.seconds() & 0x80000000 ) == 0;
-   sys_seconds const point{ seconds( std::int64_t{ time.seconds() } + ( isNextEra ? era : 0 ) -
-                                     toUnixEpoch ) };
-   sys_days const day = floor< days >( point );
-   year_month_day const date{ day };
-   auto const second = static_cast< U64 >( ( point - day ).count() );
-   appendDigits( out, static_cast< U64 >( int{ date.year() } ), 4 );
-   out.append( '-' );
-   appendDigits( out, unsigned{ date.month() }, 2 );
-   out.append( '-' );
-   appendDigits( out, unsigned{ date.day() }, 2 );
-   out.append( 'T' );
-   appendDigits( out, second / 3600, 2 );
-   out.append( ':' );
-   appendDigits( out, second / 60 % 60, 2 );
-   out.append( ':' );
-   appendDigits( out, second % 60, 2 );
-   out.append( '.' );
-   appendDigits( out, U64{ time.fractions() } * 1000000 >> 32, 6 );
-   out.append( 'Z' );
+   auto const microseconds = static_cast< U32 >( U64{ time.fractions() } * 1000000 >> 32 );
+   appendUtc( out, std::int64_t{ time.seconds() } + ( isNextEra ? era : 0 ) - toUnixEpoch,
+              1000 * microseconds );
 }
 
 } // namespace LspPing

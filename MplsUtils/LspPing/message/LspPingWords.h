@@ -5,6 +5,7 @@
 #include "MplsUtils/LspPing/message/Export.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 
+#include <cstdint>
 #include <string_view>
 
 // Codes as people say them, beside the enumerators' names: mostly the words of the RFC that assigns
@@ -39,6 +40,11 @@ LSPPING_MESSAGE_EXPORT void appendHeaderFlags( Orlo::StringBuilder & out, U16 fl
 /// The flags of a downstream mapping: I for interface and label stack, N for non-IP.
 LSPPING_MESSAGE_EXPORT void appendDownstreamFlags( Orlo::StringBuilder & out, U8 flags );
 
+/// A time in seconds and nanoseconds since 1970 as date and time of UTC:
+/// "2026-01-31T12:00:00.250000Z" with six digits behind the second, nine where they are no whole
+/// microseconds. "out of range" where the year is not one of 0 to 9999.
+LSPPING_MESSAGE_EXPORT void appendUtc( Orlo::StringBuilder & out, std::int64_t sinceEpoch,
+                                       U32 nanoseconds );
 /// An NTP time as date and time of UTC, in microseconds: "2026-01-31T12:00:00.250000Z". Seconds of
 /// which the highest bit is not set count from 2036-02-07T06:28:16Z, RFC 4330 section 3. "none" for
 /// zero.

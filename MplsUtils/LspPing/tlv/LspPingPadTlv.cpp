@@ -37,6 +37,22 @@ Orlo::String LspPingPadTlv::stringValue() const {
    return std::move( text ).string();
 }
 
+void LspPingPadTlv::bytesAre( std::span< U8 const > bytes ) noexcept {
+   // The header's bytes are there, and a view has no alignment.
+   static_cast< LspPingTlvHdr & >( *this ) =
+      *reinterpret_cast< LspPingTlvHdr const * >( bytes.data() );
+   padType_ = bytes[sizeof( LspPingTlvHdr )];
+   std::span< U8 const > const padding = bytes.subspan( sizeof( LspPingTlvHdr ) + 1 );
+   std::size_t const told = std::max< std::size_t >( length(), 1 ) - 1;
+   padding_.entriesAre( padding.first( std::min( padding.size(), told ) ) );
+}
+
+std::unique_ptr< LspPingPadTlv > LspPingPadTlv::kivCopyOf( std::span< U8 const > bytes ) {
+   auto pad = lspPingPadTlvFactory();
+   pad->bytesAre( bytes );
+   return pad;
+}
+
 std::size_t LspPingPadTlv::kivExtent( std::span< U8 const > bytes ) noexcept {
    std::size_t const least = sizeof( LspPingTlvHdr ) + sizeof( padType_ );
    if( bytes.size() < least )
@@ -55,17 +71,15 @@ LspPingPadTlvParser::LspPingPadTlvParser( Orlo::Ptr< Velnet::Pkt > const & pkt, 
 // ends the process here. The object of an earlier call is left to whoever took it.
 void LspPingPadTlvParser::handleHeader() noexcept {
    Orlo::Ptr< Velnet::Pkt > const held = pkt();
-   auto const byte = [&]( U32 index ) { return held->rawByte( offset() + index ); };
-   auto const word = [&]( U32 index ) {
-      return static_cast< U16 >( byte( index ) << 8 | byte( index + 1 ) );
+   auto const element = [&]( std::size_t size ) -> std::span< U8 const > {
+      if( offset() + size > held->size() )
+         static_cast< void >( held->rawByte( std::max( offset(), held->size() ) ) );
+      return { held->data() + offset(), size };
    };
    LspPingPadTlv * const tlv = lspPingPadTlvFactory().release();
    placeIs( tlv );
-   tlv->typeIs( word( 0 ) );
-   tlv->lengthIs( word( 2 ) );
-   tlv->padTypeIs( byte( 4 ) );
-   for( U32 i = 0; i + 1 < tlv->length(); ++i )
-      tlv->paddingIs( i, byte( 5 + i ) );
+   std::size_t const least = LspPingPadTlv::kivExtent( {} );
+   tlv->bytesAre( element( LspPingPadTlv::kivExtent( element( least ) ) ) );
 }
 
 } // namespace LspPing

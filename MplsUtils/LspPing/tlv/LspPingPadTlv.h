@@ -49,6 +49,10 @@ class LSPPING_EXPORT LspPingPadTlv : public Kiv::Typed< LspPingPadTlv, LspPingTl
    U8 paddingDel( KivPadding::Iterator const & at ) noexcept { return padding_.entryDel( at ); }
    void paddingDelAll() noexcept { padding_.entryDelAll(); }
 
+   /// Becomes a copy of an element's bytes: header and pad type, which must be there, and of the
+   /// padding behind them as much as the header's length tells.
+   void bytesAre( std::span< U8 const > bytes ) noexcept;
+
    /// Does not look at the length.
    bool valid() const noexcept {
       return element.hasCode( type() ) && static_cast< U8 >( padType() - 1 ) < 2;
@@ -66,6 +70,7 @@ class LSPPING_EXPORT LspPingPadTlv : public Kiv::Typed< LspPingPadTlv, LspPingTl
    }
    /// What the parser reads: header and pad type, and the padding that the length tells.
    static std::size_t kivExtent( std::span< U8 const > bytes ) noexcept;
+   static std::unique_ptr< LspPingPadTlv > kivCopyOf( std::span< U8 const > bytes );
 
    static void * operator new( std::size_t size ) {
       void * const object = ::operator new( size );

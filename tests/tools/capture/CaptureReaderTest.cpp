@@ -17,9 +17,9 @@ Bytes const packet = ethernet( 0x0800, ipv4( udp( message ) ) );
 Bytes const otherPacket = ethernet( 0x0806, Bytes( 28 ) );
 
 /// Asks for one step, which must be an error of this kind and the last thing before the end.
-void endsInError( EchoSource & source, ReadErrorKind kind, std::string const & text ) {
+void endsInError( EchoSource & source, ExitStatus status, std::string const & text ) {
    ASSERT_EQ( source.next(), Step::error );
-   EXPECT_EQ( source.error().kind, kind );
+   EXPECT_EQ( source.error().status, status );
    EXPECT_EQ( source.error().message(), text );
    EXPECT_EQ( source.next(), Step::end );
    EXPECT_EQ( source.next(), Step::end );
@@ -196,7 +196,7 @@ TEST( CaptureReader, deliversWhatStandsBeforeACut ) {
       std::size_t const expected = length < 16 ? 16 : packet.size();
       std::size_t const got = length < 16 ? length : length - 16;
       std::string const what = length < 16 ? " header bytes" : " captured bytes";
-      endsInError( reader, ReadErrorKind::malformedInput,
+      endsInError( reader, exitMalformedInput,
                    file.path() + ": packet 2, byte " + std::to_string( whole.size() + length ) +
                       ": truncated dump file; tried to read " + std::to_string( expected ) + what +
                       ", only got " + std::to_string( got ) );
@@ -208,7 +208,7 @@ TEST( CaptureReader, tellsWhereAPipeWasCut ) {
    StandardInput input( pipeOf( whole + Bytes( 7 ) ) );
    CaptureReader reader( "-" );
    ASSERT_EQ( reader.next(), Step::message );
-   endsInError( reader, ReadErrorKind::malformedInput,
+   endsInError( reader, exitMalformedInput,
                 "standard input: packet 2, byte " + std::to_string( whole.size() + 7 ) +
                    ": truncated dump file; tried to read 16 header bytes, only got 7" );
 }
@@ -219,7 +219,7 @@ TEST( CaptureReader, tellsWhereAPcapngFileWasCut ) {
    TemporaryFile file( bytes );
    CaptureReader reader( file.path() );
    ASSERT_EQ( reader.next(), Step::error );
-   EXPECT_EQ( reader.error().kind, ReadErrorKind::malformedInput );
+   EXPECT_EQ( reader.error().status, exitMalformedInput );
    EXPECT_EQ( reader.error().packet, 1U );
    EXPECT_EQ( reader.error().offset, bytes.size() );
    EXPECT_EQ( reader.next(), Step::end );
@@ -231,7 +231,7 @@ TEST( CaptureReader, tellsWhereARecordIsDamaged ) {
    CaptureReader reader( file.path() );
    ASSERT_EQ( reader.next(), Step::message );
    ASSERT_EQ( reader.next(), Step::error );
-   EXPECT_EQ( reader.error().kind, ReadErrorKind::malformedInput );
+   EXPECT_EQ( reader.error().status, exitMalformedInput );
    EXPECT_EQ( reader.error().packet, 2U );
    EXPECT_EQ( reader.error().offset, 24 + 16 + packet.size() + 16 );
    EXPECT_NE( reader.error().text.find( "2147483647" ), std::string::npos );
@@ -240,13 +240,12 @@ TEST( CaptureReader, tellsWhereARecordIsDamaged ) {
 
 TEST( CaptureReader, failsWithoutAFile ) {
    CaptureReader reader( "/nonexistent/capture.pcap" );
-   endsInError( reader, ReadErrorKind::fileFailed,
-                "/nonexistent/capture.pcap: No such file or directory" );
+   endsInError( reader, exitFileFailed, "/nonexistent/capture.pcap: No such file or directory" );
 }
 
 TEST( CaptureReader, failsOnADirectory ) {
    CaptureReader reader( "/" );
-   endsInError( reader, ReadErrorKind::fileFailed, "/: Is a directory" );
+   endsInError( reader, exitFileFailed, "/: Is a directory" );
 }
 
 TEST( CaptureReader, failsOnAFileWithoutPermission ) {
@@ -255,13 +254,13 @@ TEST( CaptureReader, failsOnAFileWithoutPermission ) {
    WithoutPrivileges user;
    ASSERT_TRUE( user.isEffective() );
    CaptureReader reader( file.path() );
-   endsInError( reader, ReadErrorKind::fileFailed, file.path() + ": Permission denied" );
+   endsInError( reader, exitFileFailed, file.path() + ": Permission denied" );
 }
 
 TEST( CaptureReader, failsOnADeviceThatCannotBeRead ) {
    StandardInput input( ::open( "/dev/null", O_WRONLY ) );
    CaptureReader reader( "-" );
-   endsInError( reader, ReadErrorKind::fileFailed, "standard input: Bad file descriptor" );
+   endsInError( reader, exitFileFailed, "standard input: Bad file descriptor" );
 }
 
 TEST( CaptureReader, failsWhereADeviceDoesInMidFile ) {
@@ -277,7 +276,7 @@ TEST( CaptureReader, failsWhereADeviceDoesInMidFile ) {
    while( step == Step::message )
       step = reader.next();
    ASSERT_EQ( step, Step::error );
-   EXPECT_EQ( reader.error().kind, ReadErrorKind::fileFailed );
+   EXPECT_EQ( reader.error().status, exitFileFailed );
    EXPECT_EQ( reader.error().packet, reader.packet().number + 1 );
    EXPECT_NE( reader.error().text.find( "Bad file descriptor" ), std::string::npos );
    EXPECT_EQ( reader.next(), Step::end );
@@ -286,23 +285,22 @@ TEST( CaptureReader, failsWhereADeviceDoesInMidFile ) {
 TEST( CaptureReader, failsOnWhatIsNoCapture ) {
    TemporaryFile text( "This is a text, and no capture at all.\n" );
    CaptureReader reader( text.path() );
-   endsInError( reader, ReadErrorKind::fileFailed,
-                text.path() + ": not a capture: unknown file format" );
+   endsInError( reader, exitFileFailed, text.path() + ": not a capture: unknown file format" );
    TemporaryFile empty( Bytes{} );
    CaptureReader emptyReader( empty.path() );
    ASSERT_EQ( emptyReader.next(), Step::error );
-   EXPECT_EQ( emptyReader.error().kind, ReadErrorKind::fileFailed );
+   EXPECT_EQ( emptyReader.error().status, exitFileFailed );
    EXPECT_EQ( emptyReader.next(), Step::end );
 }
 
 TEST( CaptureReader, failsOnAnUnknownLinkType ) {
    TemporaryFile named( pcapHeader( 127 ) + pcapRecord( packet ) );
    CaptureReader reader( named.path() );
-   endsInError( reader, ReadErrorKind::fileFailed,
+   endsInError( reader, exitFileFailed,
                 named.path() + ": unknown link type 127 (IEEE802_11_RADIO)" );
    TemporaryFile unnamed( pcapHeader( 9999 ) + pcapRecord( packet ) );
    CaptureReader other( unnamed.path() );
-   endsInError( other, ReadErrorKind::fileFailed,
+   endsInError( other, exitFileFailed,
                 unnamed.path() + ": unknown link type 9999 (without a name)" );
 }
 

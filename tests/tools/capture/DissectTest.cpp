@@ -138,9 +138,9 @@ TEST( Dissect, knowsNoOtherLinkType ) {
 TEST( Dissect, keepsTheLabelStackFromTheTop ) {
    // Label 16 with TTL 64, the router alert, and label 100704.
    Bytes const stack = Bytes{ 0x00, 0x01, 0x00, 0x40, 0x00, 0x00, 0x1a, 0x01 } + bottomLabel;
-   std::vector< LabelStackEntry > const entries{ { 16, 0, false, 64 },
-                                                 { 1, 5, false, 1 },
-                                                 { 100704, 7, true, 255 } };
+   std::vector< Velnet::MplsLabelEntry > const entries{ { 16, 0, false, 64 },
+                                                        { 1, 5, false, 1 },
+                                                        { 100704, 7, true, 255 } };
    for( std::size_t type : { 0x8847U, 0x8848U } ) {
       Dissected result( ethernetLink, ethernet( type, stack + ipv4( udp( message ) ) ) );
       isPlainMessage( result );
@@ -162,7 +162,7 @@ TEST( Dissect, readsTheAssociatedChannel ) {
    Dissected four( 219, gal + Bytes{ 0x10, 0, 0, 0x21 } + ipv4( udp( message ) ) );
    isPlainMessage( four );
    EXPECT_EQ( four.packet.channelType, ChannelType::ipv4 );
-   EXPECT_EQ( four.packet.labels.back(), ( LabelStackEntry{ 13, 0, true, 1 } ) );
+   EXPECT_EQ( four.packet.labels.back(), Velnet::MplsLabelEntry( 13, 0, true, 1 ) );
 
    Dissected six( 219, bottomLabel + Bytes{ 0x10, 0, 0, 0x57 } + ipv6( 17, udp( message ) ) );
    isPlainMessage( six );

@@ -21,7 +21,7 @@ struct ReadText {
             messages.emplace_back( payload.begin(), payload.end() );
             numbers.push_back( reader.packet().number );
          } else {
-            EXPECT_EQ( reader.error().kind, ReadErrorKind::malformedInput );
+            EXPECT_EQ( reader.error().status, exitMalformedInput );
             EXPECT_EQ( reader.error().file, file.path() );
             errors.push_back( reader.error().message().substr( file.path().size() ) );
          }
@@ -115,7 +115,7 @@ TEST( HexReader, failsWhereThereIsNothingToRead ) {
           std::pair{ "/", "/: Is a directory" } } ) {
       HexReader reader( path );
       ASSERT_EQ( reader.next(), Step::error );
-      EXPECT_EQ( reader.error().kind, ReadErrorKind::fileFailed );
+      EXPECT_EQ( reader.error().status, exitFileFailed );
       EXPECT_EQ( reader.error().message(), text );
       EXPECT_EQ( reader.next(), Step::end );
    }
@@ -134,7 +134,7 @@ TEST( HexReader, failsOnADeviceThatCannotBeRead ) {
    StandardInput input( ::open( "/dev/null", O_WRONLY ) );
    HexReader reader( "-" );
    ASSERT_EQ( reader.next(), Step::error );
-   EXPECT_EQ( reader.error().kind, ReadErrorKind::fileFailed );
+   EXPECT_EQ( reader.error().status, exitFileFailed );
    EXPECT_EQ( reader.error().message(), "standard input: Bad file descriptor" );
    EXPECT_EQ( reader.next(), Step::end );
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tools/lspping/inspect/Commands.h"
+#include "tools/lspping/io/Failure.h"
 #include "tools/lspping/io/Output.h"
 
 #include <gtest/gtest.h>
@@ -72,7 +73,7 @@ Ran run( int ( *command )( Options const &, LspPingTool::Output & ), Options con
       Redirected const standardInput( STDIN_FILENO, in.descriptor() );
       Redirected const standardError( STDERR_FILENO, err.descriptor() );
       LspPingTool::Output output( out.descriptor() );
-      status = command( options, output );
+      status = LspPingTool::told( [&] { return command( options, output ); } );
    }
    return { status, out.contents(), err.contents() };
 }

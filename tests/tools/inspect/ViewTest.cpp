@@ -138,7 +138,7 @@ TEST( View, showsThePadTlvThatItsParserCopies ) {
    EXPECT_EQ( view( { "LspPingPadTlvParser", "00030000" } ).err,
               "lspping: LspPing::LspPingPadTlvParser needs 5 bytes, there are 4\n" );
    EXPECT_EQ( view( { "LspPingPadTlv", "0003000501ab000c" } ).err,
-              "lspping: LspPing::LspPingPadTlvParser needs 9 bytes, there are 8\n" );
+              "lspping: LspPing::LspPingPadTlv needs 9 bytes, there are 8\n" );
    EXPECT_EQ( view( { "LspPingPadTlv", "0003000001" } ).status, 0 );
    // The writes change the copy, which has no bytes that could be too few.
    EXPECT_EQ( view( { "LspPingPadTlv", pad, "length=200" } ).status, 0 );
@@ -160,6 +160,18 @@ TEST( View, writesThePseudowireIdentifiersWhereThereIsRoom ) {
    EXPECT_TRUE( tooShort.err.ends_with( "needs 20 bytes of value, the length is 16\n" ) )
       << tooShort.err;
    EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlv", head + zeros( 9 ), id } ).status, 1 );
+   EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlv", head + zeros( 10 ), "length=24", id } ).err,
+              "lspping: LspPing::LspPingFec129Ipv4SubTlv needs 28 bytes, there are 24\n" );
+   EXPECT_EQ( view( { "LspPingFec129Ipv4SubTlv", head + zeros( 10 ),
+                      "pwGenId=agi 1:0102030405060708+2 "
+                      "saii 0: taii 0:" } )
+                 .err,
+              "lspping: pwGenId \"agi 1:0102030405060708+2 saii 0: taii 0:\": an identifier has 8 "
+              "bytes\n" );
+   // Only what is there at the end counts for the others.
+   EXPECT_EQ(
+      view( { "LspPingFec129Ipv4SubTlv", head + zeros( 10 ), "length=24", "length=20" } ).status,
+      0 );
 }
 
 // What its length covers, a view reads; so it has to be there.

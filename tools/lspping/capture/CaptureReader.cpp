@@ -73,9 +73,9 @@ CaptureReader::CaptureReader( std::string const & path, BeforeWait beforeWait )
 
 CaptureReader::~CaptureReader() = default;
 
-EchoSource::Step CaptureReader::failed( ReadErrorKind kind, std::string text ) {
+EchoSource::Step CaptureReader::failed( ExitStatus status, std::string text ) {
    error_ = {};
-   error_.kind = kind;
+   error_.status = status;
    error_.file = input_.name();
    error_.text = std::move( text );
    state_ = State::ended;
@@ -85,12 +85,12 @@ EchoSource::Step CaptureReader::failed( ReadErrorKind kind, std::string text ) {
 /// On a failure the error is set.
 bool CaptureReader::open() {
    if( input_.failure() != 0 ) {
-      failed( ReadErrorKind::fileFailed, systemText( input_.failure() ) );
+      failed( exitFileFailed, systemText( input_.failure() ) );
       return false;
    }
    std::FILE * stream = streamOver( input_, buffer_.get() );
    if( stream == nullptr ) {
-      failed( ReadErrorKind::fileFailed, systemText( errno ) );
+      failed( exitFileFailed, systemText( errno ) );
       return false;
    }
    char text[PCAP_ERRBUF_SIZE] = "";
@@ -98,16 +98,15 @@ bool CaptureReader::open() {
                                                                static_cast< char * >( text ) ) );
    if( capture_ == nullptr ) {
       static_cast< void >( std::fclose( stream ) );
-      failed( ReadErrorKind::fileFailed,
-              input_.failure() != 0
-                 ? systemText( input_.failure() )
-                 : std::string( "not a capture: " ) + static_cast< char const * >( text ) );
+      failed( exitFileFailed, input_.failure() != 0 ? systemText( input_.failure() )
+                                                    : std::string( "not a capture: " ) +
+                                                         static_cast< char const * >( text ) );
       return false;
    }
    int const linkType = ::pcap_datalink( capture_.get() );
    dissector_ = dissectorOf( linkType );
    if( dissector_ == nullptr ) {
-      failed( ReadErrorKind::fileFailed, "unknown link type " + linkTypeText( linkType ) );
+      failed( exitFileFailed, "unknown link type " + linkTypeText( linkType ) );
       return false;
    }
    state_ = State::open;
@@ -141,8 +140,7 @@ EchoSource::Step CaptureReader::next() {
       return Step::end;
    }
    bool const isSystems = input_.failure() != 0 || errno == ENOMEM;
-   failed( isSystems ? ReadErrorKind::fileFailed : ReadErrorKind::malformedInput,
-           ::pcap_geterr( capture_.get() ) );
+   failed( isSystems ? exitFileFailed : exitMalformedInput, ::pcap_geterr( capture_.get() ) );
    error_.packet = packets_ + 1;
    off64_t const offset = ::ftello64( ::pcap_file( capture_.get() ) );
    if( offset >= 0 )

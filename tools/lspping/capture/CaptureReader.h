@@ -36,7 +36,7 @@ class CaptureReader final : public EchoSource {
    };
 
    bool open();
-   Step failed( ReadErrorKind kind, std::string text );
+   Step failed( ExitStatus status, std::string text );
 
    // In this order: libpcap reads from the input through the buffer until it is closed.
    InputFile input_;

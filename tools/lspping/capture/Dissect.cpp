@@ -194,10 +194,7 @@ bool mpls( Rest rest, EchoPacket & packet ) {
    for( bool isBottom = false; !isBottom; rest.skip( 4 ) ) {
       if( !rest.has( 4 ) )
          return false;
-      U32 const entry = rest.u32( 0 );
-      isBottom = ( entry & 0x100U ) != 0;
-      packet.labels.push_back( { entry >> 12, static_cast< U8 >( entry >> 9 & 7U ), isBottom,
-                                 static_cast< U8 >( entry & 0xffU ) } );
+      isBottom = packet.labels.emplace_back( rest.u32( 0 ) ).bottomOfStack();
    }
    return associatedChannel( rest, packet ) || byFirstNibble( rest, packet );
 }

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "MplsUtils/LspPing/platform/Velnet/MplsLabelEntry.h"
 #include "MplsUtils/LspPing/platform/base/Integers.h"
 
 namespace LspPingTool {
@@ -17,16 +18,6 @@ struct Problem {
    std::string text;
 
    friend bool operator==( Problem const &, Problem const & ) = default;
-};
-
-/// RFC 3032 section 2.1.
-struct LabelStackEntry {
-   U32 label;
-   U8 trafficClass;
-   bool bottomOfStack;
-   U8 timeToLive;
-
-   friend bool operator==( LabelStackEntry const &, LabelStackEntry const & ) = default;
 };
 
 /// UTC, since 1970.
@@ -60,7 +51,7 @@ struct EchoPacket {
    std::optional< U16 > destinationPort;
 
    /// From the top of the stack.
-   std::vector< LabelStackEntry > labels;
+   std::vector< Velnet::MplsLabelEntry > labels;
    std::optional< ChannelType > channelType;
 
    /// The bytes that are there. Empty when all of the message was lost; then `problems` says so.

@@ -4,22 +4,18 @@
 #include <string>
 
 #include "tools/lspping/capture/EchoPacket.h"
+#include "tools/lspping/io/ExitStatus.h"
 
 namespace LspPingTool {
 
-/// Why a source could not go on; the values are the exit status that each leads to.
+/// Why a source could not go on. It comes as a step and not as an exception: the steps after it go
+/// on. Counts are from 1, the offset from 0; absent where they mean nothing or cannot be had.
 ///
 /// An input of which nothing can be had is a failed file: it cannot be opened or read, it is no
 /// capture, its link type is not known. One that is read and turns out to be broken on the way (cut
 /// in mid-packet, a damaged record, a bad line) is malformed, and what stands before is delivered.
-enum class ReadErrorKind {
-   malformedInput = 1,
-   fileFailed = 3,
-};
-
-/// Counts are from 1, the offset from 0; absent where they mean nothing or cannot be had.
 struct ReadError {
-   ReadErrorKind kind = ReadErrorKind::fileFailed;
+   ExitStatus status = exitFileFailed;
    std::string file;
    std::string text;
    std::optional< U64 > packet;

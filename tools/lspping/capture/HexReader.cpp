@@ -15,18 +15,6 @@ constexpr bool endsLine( int c ) {
    return c == '\n' || c == endOfInput;
 }
 
-constexpr bool isSeparator( int c ) {
-   return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f' || c == ':' || c == '-';
-}
-
-/// The value of a digit, or -1.
-constexpr int digit( int c ) {
-   if( c >= '0' && c <= '9' )
-      return c - '0';
-   int const lower = c | 0x20;
-   return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
 std::string foreignText( int c ) {
    if( c > ' ' && c < 0x7f )
       return std::string( "'" ) + static_cast< char >( c ) + "' is no hexadecimal digit";
@@ -57,64 +45,46 @@ void HexReader::skipLine( int last ) {
       last = character();
 }
 
-EchoSource::Step HexReader::failed( U64 column, std::string text ) {
+EchoSource::Step HexReader::failed( std::string text ) {
    error_ = {};
-   error_.kind = ReadErrorKind::malformedInput;
+   error_.status = exitMalformedInput;
    error_.file = input_.name();
    error_.text = std::move( text );
    error_.packet = ++messages_;
    error_.line = lines_;
-   error_.column = column;
+   error_.column = hex_.column();
    return Step::error;
 }
 
 EchoSource::Step HexReader::nextLine() {
+   using Fault = HexBytes::Fault;
    while( !isEnded_ ) {
-      message_.clear();
+      hex_.clear();
       ++lines_;
-      U64 column = 0;
-      auto next = [&] {
-         ++column;
-         return character();
-      };
-      bool isPrefixAllowed = true;
-      int c = next();
-      for( ; !endsLine( c ) && c != '#'; c = next() ) {
-         if( isSeparator( c ) ) {
-            isPrefixAllowed = true;
-            continue;
-         }
-         U64 first = column;
-         int high = digit( c );
-         if( high >= 0 ) {
-            c = next();
-            if( isPrefixAllowed && high == 0 && ( c == 'x' || c == 'X' ) ) {
-               c = next();
-               first = column;
-               high = digit( c );
-               c = high >= 0 ? next() : c;
-            }
-         }
-         isPrefixAllowed = false;
-         int const low = high >= 0 ? digit( c ) : -1;
-         if( low < 0 ) {
-            bool const isForeign = !endsLine( c ) && c != '#' && !isSeparator( c );
-            skipLine( c );
-            return isForeign ? failed( column, foreignText( c ) )
-                             : failed( first, "a byte needs two hexadecimal digits" );
-         }
-         if( message_.size() == maximumLength ) {
-            skipLine( c );
-            return failed( first,
-                           "a message of more than " + std::to_string( maximumLength ) + " bytes" );
-         }
-         message_.push_back( static_cast< U8 >( high << 4 | low ) );
+      Fault fault = Fault::none;
+      int c = character();
+      for( ; !endsLine( c ) && c != '#'; c = character() ) {
+         fault = hex_.take( static_cast< char >( c ) );
+         if( fault != Fault::none )
+            break;
       }
+      if( fault == Fault::none )
+         fault = hex_.end();
       skipLine( c );
-      if( !message_.empty() ) {
+      switch( fault ) {
+      case Fault::half:
+         return failed( "a byte needs two hexadecimal digits" );
+      case Fault::foreign:
+         return failed( foreignText( c ) );
+      case Fault::tooMany:
+         return failed( "a message of more than " + std::to_string( maximumLength ) + " bytes" );
+      case Fault::none:
+         break;
+      }
+      if( !hex_.bytes().empty() ) {
          packet_.number = ++messages_;
-         packet_.payload = message_;
-         packet_.claimedLength = message_.size();
+         packet_.payload = hex_.bytes();
+         packet_.claimedLength = hex_.bytes().size();
          return Step::message;
       }
    }

@@ -2,9 +2,9 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "tools/lspping/capture/EchoSource.h"
+#include "tools/lspping/io/HexBytes.h"
 #include "tools/lspping/io/InputFile.h"
 
 namespace LspPingTool {
@@ -36,13 +36,13 @@ class HexReader final : public EchoSource {
    /// `last` is the character read last.
    void skipLine( int last );
    Step nextLine();
-   Step failed( U64 column, std::string text );
+   Step failed( std::string text );
 
    InputFile input_;
    std::unique_ptr< char[] > buffer_;
    std::size_t position_ = 0;
    std::size_t filled_ = 0;
-   std::vector< U8 > message_;
+   HexBytes hex_{ maximumLength };
    U64 lines_ = 0;
    U64 messages_ = 0;
    bool isEnded_ = false;

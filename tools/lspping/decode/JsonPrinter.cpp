@@ -1,6 +1,7 @@
 #include "tools/lspping/decode/JsonPrinter.h"
 
 #include "MplsUtils/LspPing/message/LspPingMessageRecords.h"
+#include "MplsUtils/LspPing/message/LspPingWords.h"
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "tools/lspping/decode/Pieces.h"
 
@@ -29,7 +30,7 @@ void JsonPrinter::packetMembers( EchoPacket const & packet ) {
    writeKey( json_, "time" );
    if( packet.time ) {
       text_.clear();
-      appendTime( text_, *packet.time );
+      LspPing::appendUtc( text_, packet.time->seconds, packet.time->nanoseconds );
       writeString( json_, text_.view() );
    } else {
       json_.Null();
@@ -47,13 +48,9 @@ void JsonPrinter::packetMembers( EchoPacket const & packet ) {
    port( "dstPort", packet.destinationPort );
    writeKey( json_, "labels" );
    json_.StartArray();
-   for( LabelStackEntry const & entry : packet.labels ) {
-      json_.StartObject();
-      member( "label", entry.label );
-      member( "tc", entry.trafficClass );
-      writeKey( json_, "bos" );
-      json_.Bool( entry.bottomOfStack );
-      member( "ttl", entry.timeToLive );
+   for( Velnet::MplsLabelEntry const entry : packet.labels ) {
+      startLabel( entry );
+      member( "ttl", entry.ttl() );
       json_.EndObject();
    }
    json_.EndArray();
@@ -129,23 +126,27 @@ void JsonPrinter::element( LspPing::LspPingElementRef element ) {
    json_.EndObject();
 }
 
+void JsonPrinter::startLabel( Velnet::MplsLabelEntry label ) {
+   json_.StartObject();
+   member( "label", label.label() );
+   member( "tc", label.trafficClass() );
+   writeKey( json_, "bos" );
+   json_.Bool( label.bottomOfStack() );
+}
+
 void JsonPrinter::labels( LspPing::LspPingElementRef element ) {
    LspPing::LspPingLabels const labels = element.labels();
    writeKey( json_, "labels" );
    json_.StartArray();
    for( std::size_t i = 0; i < labels.size(); ++i ) {
-      LspPing::LspPingLabel const label = labels[i];
-      json_.StartObject();
-      member( "label", label.label );
-      member( "tc", label.trafficClass );
-      writeKey( json_, "bos" );
-      json_.Bool( label.isBottomOfStack );
+      Velnet::MplsLabelEntry const label = labels[i];
+      startLabel( label );
       if( labels.hasProtocol() ) {
          text_.clear();
-         appendProtocol( text_, label.last );
+         appendProtocol( text_, label.ttl() );
          member( "protocol", text_.view() );
       } else {
-         member( "ttl", label.last );
+         member( "ttl", label.ttl() );
       }
       json_.EndObject();
    }
@@ -255,7 +256,7 @@ void JsonPrinter::member( std::string_view key, std::string_view text ) {
 
 void JsonPrinter::bytesMember( std::string_view key, std::span< U8 const > bytes ) {
    text_.clear();
-   appendBytes( text_, bytes );
+   text_.appendHexBytes( bytes );
    member( key, text_.view() );
 }
 

@@ -21,6 +21,7 @@ class JsonPrinter final : public Printer {
    void header( LspPing::LspPingMessage const & message );
    void elements( LspPing::LspPingElementRange elements );
    void element( LspPing::LspPingElementRef element );
+   void startLabel( Velnet::MplsLabelEntry label );
    void labels( LspPing::LspPingElementRef element );
    void multipath( LspPing::LspPingElementRef element );
    void records( LspPing::LspPingMessage const & message );

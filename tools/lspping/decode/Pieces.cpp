@@ -1,58 +1,14 @@
 #include "tools/lspping/decode/Pieces.h"
 
+#include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
 #include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
 #include "tools/lspping/generic/AttributeText.h"
 
 #include <array>
-#include <chrono>
 #include <cstring>
 
 namespace LspPingTool {
-
-namespace {
-
-char * putDigits( char * at, unsigned number, int count ) noexcept {
-   for( int i = count; i-- > 0; number /= 10 )
-      at[i] = static_cast< char >( '0' + number % 10 );
-   return at + count;
-}
-
-} // namespace
-
-void appendTime( Orlo::StringBuilder & out, TimeStamp const & time ) {
-   using namespace std::chrono;
-   // A capture may have any 64 bits; the text has four digits for the year.
-   constexpr sys_seconds first = sys_days( year( 0 ) / 1 / 1 );
-   constexpr sys_seconds last = sys_days( year( 10000 ) / 1 / 1 ) - seconds( 1 );
-   sys_seconds const point{ seconds( time.seconds ) };
-   if( point < first || point > last ) {
-      out.append( "out of range" );
-      return;
-   }
-   sys_days const day = floor< days >( point );
-   year_month_day const date{ day };
-   auto const second = static_cast< unsigned >( ( point - day ).count() );
-   char * at = out.room( 40 );
-   at = putDigits( at, static_cast< unsigned >( int{ date.year() } ), 4 );
-   *at++ = '-';
-   at = putDigits( at, unsigned{ date.month() }, 2 );
-   *at++ = '-';
-   at = putDigits( at, unsigned{ date.day() }, 2 );
-   *at++ = 'T';
-   at = putDigits( at, second / 3600, 2 );
-   *at++ = ':';
-   at = putDigits( at, second / 60 % 60, 2 );
-   *at++ = ':';
-   at = putDigits( at, second % 60, 2 );
-   *at++ = '.';
-   if( time.nanoseconds % 1000 == 0 )
-      at = putDigits( at, time.nanoseconds / 1000, 6 );
-   else
-      at = putDigits( at, time.nanoseconds, 9 );
-   *at++ = 'Z';
-   out.advanceTo( at );
-}
 
 // The address types have no alignment, and their size was looked at.
 void appendAddress( Orlo::StringBuilder & out, std::span< U8 const > address ) {
@@ -62,27 +18,20 @@ void appendAddress( Orlo::StringBuilder & out, std::span< U8 const > address ) {
       appendText( out, *reinterpret_cast< Velnet::IpAddr const * >( address.data() ) );
 }
 
-void appendBytes( Orlo::StringBuilder & out, std::span< U8 const > bytes ) {
-   char * at = out.room( 2 * bytes.size() );
-   for( U8 const byte : bytes ) {
-      *at++ = "0123456789abcdef"[byte >> 4];
-      *at++ = "0123456789abcdef"[byte & 15];
-   }
-   out.advanceTo( at );
-}
-
 ElementObject::ElementObject( LspPing::LspPingElementRef element )
    : element_( element ),
-     object_( element.view() ) {
+     object_( element.view() ),
+     copy_( nullptr, nullptr ) {
    if( object_ == nullptr ) {
-      element.padInto( pad_.emplace() );
-      object_ = &*pad_;
+      Kiv::CopyOperations const & copies = *element.type().operations().copies;
+      copy_ = { copies.copyOf( element.bytes() ), copies.destroy };
+      object_ = copy_.get();
    }
 }
 
 void ElementObject::appendText( Orlo::StringBuilder & out ) const {
-   if( pad_ )
-      out.append( pad_->stringValue() );
+   if( copy_ )
+      out.append( Kiv::read< Orlo::String >( element_.type(), object_, "stringValue" ) );
    else if( !element_.appendText( out ) )
       appendFields( out, element_.type(), Kiv::typeOf< LspPing::LspPingTlvHdr >(), object_ );
 }

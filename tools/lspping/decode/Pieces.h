@@ -4,10 +4,9 @@
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 #include "MplsUtils/LspPing/platform/Velnet/Ip6Addr.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpAddr.h"
-#include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
 #include "tools/lspping/capture/EchoPacket.h"
 
-#include <optional>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -15,17 +14,10 @@
 // The smaller things that a message shows, for both printers.
 namespace LspPingTool {
 
-/// "2026-01-31T12:00:00.000001Z"; nine digits where the clock has nanoseconds. "out of range" where
-/// the year is not one of 0 to 9999.
-void appendTime( Orlo::StringBuilder & out, TimeStamp const & time );
-
 /// An address of 4 or 16 bytes in its usual text.
 void appendAddress( Orlo::StringBuilder & out, std::span< U8 const > address );
 
-/// Two lower-case digits for each byte.
-void appendBytes( Orlo::StringBuilder & out, std::span< U8 const > bytes );
-
-/// The object that stands for an element's bytes: its view, or a copy of a Pad TLV.
+/// The object that stands for an element's bytes: its view, or a copy of them (Pad).
 class ElementObject {
  public:
    /// The element must have a type.
@@ -39,7 +31,7 @@ class ElementObject {
  private:
    LspPing::LspPingElementRef element_;
    void const * object_;
-   std::optional< LspPing::LspPingPadTlv > pad_;
+   std::unique_ptr< void, void ( * )( void * ) > copy_;
 };
 
 /// Whether the element's bytes must be shown because nothing else says all that they say.

@@ -1,6 +1,7 @@
 #include "tools/lspping/decode/TextPrinter.h"
 
 #include "MplsUtils/LspPing/message/LspPingMessageRecords.h"
+#include "MplsUtils/LspPing/message/LspPingWords.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 #include "MplsUtils/LspPing/platform/base/TypeRef.h"
 #include "tools/lspping/decode/Pieces.h"
@@ -43,7 +44,7 @@ void TextPrinter::messageLine( EchoPacket const & packet,
    out_.appendDecimal( packet.number );
    out_.append( ' ' );
    if( packet.time ) {
-      appendTime( out_, *packet.time );
+      LspPing::appendUtc( out_, packet.time->seconds, packet.time->nanoseconds );
       out_.append( ' ' );
    }
    if( !packet.source.empty() ) {
@@ -54,14 +55,14 @@ void TextPrinter::messageLine( EchoPacket const & packet,
    }
    if( !packet.labels.empty() ) {
       std::string_view separator = "[";
-      for( LabelStackEntry const & entry : packet.labels ) {
+      for( Velnet::MplsLabelEntry const entry : packet.labels ) {
          out_.append( separator );
          separator = ", ";
-         out_.appendDecimal( entry.label );
+         out_.appendDecimal( entry.label() );
          out_.append( " tc " );
-         out_.appendDecimal( entry.trafficClass );
-         out_.append( entry.bottomOfStack ? " s 1 ttl " : " s 0 ttl " );
-         out_.appendDecimal( entry.timeToLive );
+         out_.appendDecimal( entry.trafficClass() );
+         out_.append( entry.bottomOfStack() ? " s 1 ttl " : " s 0 ttl " );
+         out_.appendDecimal( entry.ttl() );
       }
       out_.append( "] " );
    }
@@ -74,7 +75,7 @@ void TextPrinter::messageLine( EchoPacket const & packet,
       out_.append( header->stringValue() );
    } else {
       out_.append( "no LspPingHdr( Bytes: " );
-      appendBytes( out_, message.bytes() );
+      out_.appendHexBytes( message.bytes() );
       out_.append( " )" );
    }
    colour( plain );
@@ -119,7 +120,7 @@ void TextPrinter::elementLine( LspPing::LspPingElementRef element ) {
          out_.append( ", Length: " );
          out_.appendDecimal( element.length() );
          out_.append( ", Bytes: " );
-         appendBytes( out_, element.bytes() );
+         out_.appendHexBytes( element.bytes() );
          out_.append( " )" );
       }
       out_.append( '\n' );
@@ -133,7 +134,7 @@ void TextPrinter::elementLine( LspPing::LspPingElementRef element ) {
 void TextPrinter::bytesLine( U32 level, std::span< U8 const > bytes ) {
    indent( level );
    out_.append( "Bytes( " );
-   appendBytes( out_, bytes );
+   out_.appendHexBytes( bytes );
    out_.append( " )\n" );
 }
 
@@ -181,7 +182,7 @@ void TextPrinter::multipathLine( LspPing::LspPingElementRef element ) {
       }
    } else {
       out_.append( ' ' );
-      appendBytes( out_, multipath.bytes() );
+      out_.appendHexBytes( multipath.bytes() );
    }
    out_.append( " )\n" );
 }
@@ -189,19 +190,19 @@ void TextPrinter::multipathLine( LspPing::LspPingElementRef element ) {
 void TextPrinter::labelLines( LspPing::LspPingElementRef element ) {
    LspPing::LspPingLabels const labels = element.labels();
    for( std::size_t i = 0; i < labels.size(); ++i ) {
-      LspPing::LspPingLabel const label = labels[i];
+      Velnet::MplsLabelEntry const label = labels[i];
       indent( element.depth() + 2 );
       out_.append( "Label( " );
-      out_.appendDecimal( label.label );
+      out_.appendDecimal( label.label() );
       out_.append( ", TC: " );
-      out_.appendDecimal( label.trafficClass );
-      out_.append( label.isBottomOfStack ? ", S: 1" : ", S: 0" );
+      out_.appendDecimal( label.trafficClass() );
+      out_.append( label.bottomOfStack() ? ", S: 1" : ", S: 0" );
       if( labels.hasProtocol() ) {
          out_.append( ", Protocol: " );
-         appendProtocol( out_, label.last );
+         appendProtocol( out_, label.ttl() );
       } else {
          out_.append( ", TTL: " );
-         out_.appendDecimal( label.last );
+         out_.appendDecimal( label.ttl() );
       }
       out_.append( " )\n" );
    }

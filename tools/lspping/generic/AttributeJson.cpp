@@ -84,10 +84,9 @@ bool needsEscape( U64 block ) noexcept {
 }
 
 char * putUnicodeEscape( char * at, unsigned code ) noexcept {
-   static constexpr std::string_view digits = "0123456789ABCDEF";
-   for( char const character : { '\\', 'u', '0', '0', digits[code >> 4], digits[code & 15] } )
+   for( char const character : { '\\', 'u', '0', '0' } )
       *at++ = character;
-   return at;
+   return Orlo::putHexByte( at, static_cast< U8 >( code ), true );
 }
 
 char * putAscii( char * at, char character ) noexcept {

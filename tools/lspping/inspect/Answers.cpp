@@ -1,8 +1,9 @@
 #include "tools/lspping/inspect/Answers.h"
 
-#include "tools/lspping/ExitStatus.h"
+#include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 #include "tools/lspping/inspect/LineReader.h"
 #include "tools/lspping/io/Diagnostics.h"
+#include "tools/lspping/io/ExitStatus.h"
 #include "tools/lspping/io/InputFile.h"
 #include "tools/lspping/io/Interruption.h"
 #include "tools/lspping/io/Output.h"
@@ -15,7 +16,7 @@ namespace {
 
 /// The answer, or what keeps from having one.
 struct Answered {
-   int status;
+   ExitStatus status;
    std::string text;
 };
 
@@ -25,8 +26,8 @@ Answered answered( Answer const & answer, std::vector< std::string > const & arg
       return { exitDone, answer( arguments, json ) };
    } catch( std::bad_alloc const & ) {
       throw; // the program's end, not this answer's
-   } catch( UsageError const & e ) {
-      return { exitWrongUsage, e.what() };
+   } catch( Failure const & e ) {
+      return { e.status(), e.what() };
    } catch( std::exception const & e ) {
       return { exitMalformedInput, e.what() };
    }
@@ -43,7 +44,7 @@ std::string errorLine( std::string_view problem ) {
 }
 
 int answerLines( Output & output, Answer const & answer ) {
-   int status = exitDone;
+   ExitStatus status = exitDone;
    InputFile input( "-" );
    LineReader reader( input );
    while( output.state() == Output::State::open && !isInterrupted() ) {
@@ -59,8 +60,7 @@ int answerLines( Output & output, Answer const & answer ) {
       case LineReader::Step::end:
          if( input.failure() == 0 || isInterrupted() )
             return status;
-         tell( input.name() + ": " + systemText( input.failure() ) );
-         return exitFileFailed;
+         throw Failure( exitFileFailed, input.name() + ": " + systemText( input.failure() ) );
       }
       // Whoever sends lines one by one waits for the answers one by one.
       if( line.status == exitDone ) {
@@ -107,14 +107,9 @@ void appendOutcomes( std::string & out, std::vector< WriteDone > const & writes 
 }
 
 std::string hexOf( std::span< U8 const > bytes ) {
-   static constexpr char digits[] = "0123456789abcdef";
-   std::string text;
-   text.reserve( bytes.size() * 2 );
-   for( U8 const byte : bytes ) {
-      text += digits[byte >> 4];
-      text += digits[byte & 15];
-   }
-   return text;
+   Orlo::StringBuilder text;
+   text.appendHexBytes( bytes );
+   return std::move( text ).string();
 }
 
 int answerAll( ObjectOptions const & options, Output & output, Answer const & answer ) {
@@ -124,7 +119,7 @@ int answerAll( ObjectOptions const & options, Output & output, Answer const & an
    if( all.status == exitDone )
       output.write( all.text );
    else
-      tell( all.text );
+      throw Failure( all.status, all.text );
    return all.status;
 }
 

@@ -1,5 +1,7 @@
 #include "tools/lspping/inspect/Arguments.h"
 
+#include "tools/lspping/io/HexBytes.h"
+
 #include <cctype>
 #include <charconv>
 
@@ -13,17 +15,6 @@ bool isNameCharacter( char c ) {
 
 bool isBlank( char c ) {
    return std::isspace( static_cast< unsigned char >( c ) ) != 0;
-}
-
-// The value of a hexadecimal digit, or 16.
-U8 digitOf( char c ) {
-   if( c >= '0' && c <= '9' )
-      return static_cast< U8 >( c - '0' );
-   if( c >= 'a' && c <= 'f' )
-      return static_cast< U8 >( c - 'a' + 10 );
-   if( c >= 'A' && c <= 'F' )
-      return static_cast< U8 >( c - 'A' + 10 );
-   return 16;
 }
 
 std::optional< U32 > numberOf( std::string_view text ) {
@@ -55,22 +46,16 @@ U32 numberGiven( std::string_view text, std::string_view what ) {
 }
 
 std::vector< U8 > bytesGiven( std::string_view hex ) {
-   std::vector< U8 > bytes;
-   bytes.reserve( hex.size() / 2 );
-   for( std::size_t i = 0; i < hex.size(); ) {
-      if( isBlank( hex[i] ) || hex[i] == ':' || hex[i] == '-' ) {
-         ++i;
-         continue;
-      }
-      U8 const high = digitOf( hex[i] );
-      U8 const low = i + 1 < hex.size() ? digitOf( hex[i + 1] ) : U8{ 16 };
-      if( high > 15 || low > 15 )
-         throw InputError( "no byte of two hexadecimal digits at character " +
-                           std::to_string( i + 1 ) + " of the bytes" );
-      bytes.push_back( static_cast< U8 >( high << 4 | low ) );
-      i += 2;
-   }
-   return bytes;
+   HexBytes bytes( hex.size() );
+   HexBytes::Fault fault = HexBytes::Fault::none;
+   for( std::size_t i = 0; i < hex.size() && fault == HexBytes::Fault::none; ++i )
+      fault = bytes.take( hex[i] );
+   if( fault == HexBytes::Fault::none )
+      fault = bytes.end();
+   if( fault != HexBytes::Fault::none )
+      throw InputError( "no byte of two hexadecimal digits at character " +
+                        std::to_string( bytes.column() ) + " of the bytes" );
+   return bytes.bytes();
 }
 
 std::string WriteGiven::target() const {

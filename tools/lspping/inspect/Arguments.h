@@ -1,31 +1,15 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Kiv/Printable.h"
 #include "MplsUtils/LspPing/platform/base/Integers.h"
 #include "MplsUtils/LspPing/platform/base/TypeRef.h"
+#include "tools/lspping/io/Failure.h"
 
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace LspPingTool {
-
-// Both have in their text what was given, and make it printable: an exception's text would end at
-// the first NUL.
-
-/// The command is not one: an unknown type, a missing argument. Exit code 2.
-class UsageError : public std::runtime_error {
- public:
-   explicit UsageError( std::string_view text ) : runtime_error( Kiv::printable( text ) ) {}
-};
-
-/// The command is one, but the bytes or values in it are not. Exit code 1.
-class InputError : public std::runtime_error {
- public:
-   explicit InputError( std::string_view text ) : runtime_error( Kiv::printable( text ) ) {}
-};
 
 /// The registered type of that name, which may come without "LspPing::". Raises UsageError.
 Kiv::TypeRef typeGiven( std::string_view name );

@@ -1,9 +1,7 @@
 #include "tools/lspping/inspect/Subject.h"
 
-#include "MplsUtils/LspPing/framing/LspPingParsers.h"
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "MplsUtils/LspPing/platform/base/Assert.h"
-#include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
 #include "tools/lspping/inspect/Arguments.h"
 
 #include <algorithm>
@@ -31,7 +29,8 @@ void needBytes( std::string_view name, Kiv::TypeRef type, std::span< U8 const > 
 
 Subject::Subject( Kiv::TypeRef type, std::span< U8 const > bytes, U32 offset )
    : type_( type ),
-     offset_( offset ) {
+     offset_( offset ),
+     copy_( nullptr, nullptr ) {
    if( offset > bytes.size() )
       throw InputError( "offset " + std::to_string( offset ) + " is behind the " +
                         std::to_string( bytes.size() ) + " bytes" );
@@ -41,10 +40,11 @@ Subject::Subject( Kiv::TypeRef type, std::span< U8 const > bytes, U32 offset )
       checkBytes();
    } else if( type.operations().create != nullptr ) {
       parserIs( type );
-   } else if( type == Kiv::typeOf< LspPing::LspPingPadTlv >() ) {
-      // The one element that is copied out of the packet, which its parser does.
-      parserIs( Kiv::typeOf< LspPing::LspPingPadTlvParser >() );
-      object_ = pad_.get();
+   } else if( type.operations().copies != nullptr ) {
+      std::span< U8 const > const element = bytes_.subspan( offset );
+      needBytes( type.name(), type, element );
+      copyIs( type, type.operations().copies->copyOf( element ) );
+      object_ = copy_.get();
    } else if( type.operations().createEmpty != nullptr ) {
       containerIs();
    } else {
@@ -70,6 +70,10 @@ void Subject::packetIs( std::span< U8 const > bytes ) {
    bytes_ = { pkt_->data(), bytes.size() };
 }
 
+void Subject::copyIs( Kiv::TypeRef type, void * copy ) {
+   copy_ = { copy, type.operations().copies->destroy };
+}
+
 void Subject::parserIs( Kiv::TypeRef parser ) {
    std::span< U8 const > const element = bytes_.subspan( offset_ );
    Kiv::FoundAttribute const header = Kiv::attributeNamed( parser, "header" );
@@ -77,8 +81,13 @@ void Subject::parserIs( Kiv::TypeRef parser ) {
    needBytes( parser.name(), header.attribute->type(), element );
    node_ = parser.operations().create( pkt_, offset_ );
    object_ = node_.get();
-   if( parser == Kiv::typeOf< LspPing::LspPingPadTlvParser >() )
-      pad_.reset( Kiv::read< LspPing::LspPingPadTlv * >( *node_, "header" ) );
+   // A copy of the packet's bytes is left to whoever uses the parser.
+   Kiv::TypeRef const view = header.attribute->type();
+   if( view.operations().copies != nullptr ) {
+      void * copy = nullptr;
+      Kiv::attributeAccess( parser, object_, header.field(), Kiv::OpCode::read, &copy );
+      copyIs( view, copy );
+   }
 }
 
 void Subject::containerIs() {

@@ -8,10 +8,6 @@
 #include <memory>
 #include <span>
 
-namespace LspPing {
-class LspPingPadTlv;
-}
-
 namespace LspPingTool {
 
 /// A view, parser or container over bytes. The element begins at an odd address, as elements in
@@ -30,13 +26,12 @@ class Subject {
 
    Kiv::TypeRef type() const noexcept { return type_; }
    void * object() const noexcept { return object_; }
-   /// Bytes from the element's first one on.
-   std::size_t room() const noexcept { return bytes_.size() - offset_; }
    /// All bytes, as the writes have left them.
    std::span< U8 const > bytes() const noexcept { return bytes_; }
 
  private:
    void packetIs( std::span< U8 const > bytes );
+   void copyIs( Kiv::TypeRef type, void * copy );
    void parserIs( Kiv::TypeRef parser );
    void containerIs();
 
@@ -45,7 +40,7 @@ class Subject {
    Orlo::Ptr< Velnet::Pkt > pkt_;
    std::span< U8 > bytes_;
    Orlo::Ptr< Orlo::Node > node_;
-   std::unique_ptr< LspPing::LspPingPadTlv > pad_; ///< what the Pad TLV's parser leaves to its user
+   std::unique_ptr< void, void ( * )( void * ) > copy_; ///< of an element that is no view (Pad)
    void * object_ = nullptr;
 };
 

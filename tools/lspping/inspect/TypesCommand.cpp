@@ -1,10 +1,9 @@
 #include "MplsUtils/LspPing/message/LspPingElements.h"
 #include "MplsUtils/LspPing/platform/Kiv/Collections.h"
-#include "tools/lspping/ExitStatus.h"
 #include "tools/lspping/inspect/Answers.h"
 #include "tools/lspping/inspect/Commands.h"
 #include "tools/lspping/inspect/Registry.h"
-#include "tools/lspping/io/Diagnostics.h"
+#include "tools/lspping/io/ExitStatus.h"
 #include "tools/lspping/io/Output.h"
 
 namespace LspPingTool {
@@ -187,21 +186,16 @@ std::string registryText( std::vector< ModuleShown > const & modules, bool detai
 } // namespace
 
 int runTypes( TypesOptions const & options, Output & output ) {
-   try {
-      std::vector< ModuleShown > const modules = modulesShown( options.name );
-      std::string text;
-      if( options.json )
-         text = registryJson( modules );
-      else if( options.markdown )
-         text = registryMarkdown( modules );
-      else
-         text = registryText( modules, !options.name.empty() );
-      output.write( text );
-      return exitDone;
-   } catch( UsageError const & e ) {
-      tell( e.what() );
-      return exitWrongUsage;
-   }
+   std::vector< ModuleShown > const modules = modulesShown( options.name );
+   std::string text;
+   if( options.json )
+      text = registryJson( modules );
+   else if( options.markdown )
+      text = registryMarkdown( modules );
+   else
+      text = registryText( modules, !options.name.empty() );
+   output.write( text );
+   return exitDone;
 }
 
 } // namespace LspPingTool

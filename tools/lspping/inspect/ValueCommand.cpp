@@ -35,8 +35,7 @@ std::string answerValue( std::vector< std::string > const & arguments, bool json
    Kiv::Instance value( type );
    if( hasText )
       valueFromText( type, arguments[1], value.object(), std::string( type.name() ) );
-   std::vector< WriteDone > const done =
-      applyWrites( type, value.object(), type.record().size, writes );
+   std::vector< WriteDone > const done = applyWrites( type, value.object(), writes );
 
    Orlo::String const text = KivOrlo::valueToStrep( type, value.object() );
    std::optional< bool > const set = isSet( type, value.object() );

@@ -19,7 +19,7 @@ std::string answerView( std::vector< std::string > const & arguments, bool json 
    std::vector< WriteGiven > const writes = writesGiven( arguments, 2 );
    Subject const subject( type, bytesGiven( arguments[1] ), offset );
    std::vector< WriteDone > const done =
-      applyWrites( type, subject.object(), subject.room(), writes );
+      applyWrites( type, subject.object(), writes, [&] { subject.checkBytes(); } );
    subject.checkBytes();
 
    if( json )

@@ -1,6 +1,6 @@
 #include "tools/lspping/inspect/Writes.h"
 
-#include "MplsUtils/LspPing/fec/LspPingPseudowireFec.h"
+#include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "MplsUtils/LspPing/platform/Kiv/Instance.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
@@ -23,29 +23,8 @@ bool holdsCollection( Kiv::TypeRef type ) {
    } );
 }
 
-// The one field that lies behind its view's own bytes. Its setter takes it for a mistake of the
-// program's when the view's length leaves no room for it.
-void checkRoom( Kiv::TypeRef type, void const * object, std::size_t room, WriteGiven const & write,
-                void const * value ) {
-   using LspPing::LspPingFec129Ipv4SubTlv;
-   if( type != Kiv::typeOf< LspPingFec129Ipv4SubTlv >() || write.name != "pwGenId" )
-      return;
-   auto const & id = *static_cast< Pseudowire::PseudowireGenId const * >( value );
-   std::size_t needed = LspPingFec129Ipv4SubTlv::minTlvLength;
-   for( U32 const length : { id.agi().length(), id.saii().length(), id.taii().length() } ) {
-      if( length > 8 )
-         throw InputError( write.name + " \"" + write.value + "\": an identifier has 8 bytes" );
-      needed += length;
-   }
-   needed = ( needed + 3 ) & ~std::size_t{ 3 };
-   U16 const length = static_cast< LspPingFec129Ipv4SubTlv const * >( object )->length();
-   if( length < needed || room < sizeof( LspPing::LspPingTlvHdr ) + needed )
-      throw InputError( write.name + " \"" + write.value + "\": needs " + std::to_string( needed ) +
-                        " bytes of value, the length is " + std::to_string( length ) );
-}
-
-Kiv::Outcome applyWrite( Kiv::TypeRef type, void * object, std::size_t room,
-                         WriteGiven const & write ) {
+Kiv::Outcome applyWrite( Kiv::TypeRef type, void * object, WriteGiven const & write,
+                         std::function< void() > const & isThere ) {
    Kiv::FoundAttribute const found = Kiv::attributeNamed( type, write.name );
    if( !found )
       return Kiv::Outcome::noSuchAttribute;
@@ -68,7 +47,13 @@ Kiv::Outcome applyWrite( Kiv::TypeRef type, void * object, std::size_t room,
    }
    Kiv::Instance value( attribute.type() );
    valueFromText( attribute.type(), write.value, value.object(), write.target() );
-   checkRoom( type, object, room, write, value.object() );
+   if( attribute.hasConditions() ) {
+      isThere();
+      Orlo::String const refusal =
+         Kiv::writeRefusal( found.declaring.record(), attribute, object, value.object() );
+      if( !refusal.empty() )
+         throw InputError( write.target() + " \"" + write.value + "\": " + refusal );
+   }
    if( !attribute.collection() )
       return access( value.object() );
    if( *write.key > highestKey )
@@ -99,12 +84,13 @@ void valueFromText( Kiv::TypeRef type, std::string_view text, void * value,
    }
 }
 
-std::vector< WriteDone > applyWrites( Kiv::TypeRef type, void * object, std::size_t room,
-                                      std::vector< WriteGiven > const & writes ) {
+std::vector< WriteDone > applyWrites( Kiv::TypeRef type, void * object,
+                                      std::vector< WriteGiven > const & writes,
+                                      std::function< void() > const & isThere ) {
    std::vector< WriteDone > done;
    done.reserve( writes.size() );
    for( WriteGiven const & write : writes )
-      done.push_back( { write.target(), applyWrite( type, object, room, write ) } );
+      done.push_back( { write.target(), applyWrite( type, object, write, isThere ) } );
    return done;
 }
 

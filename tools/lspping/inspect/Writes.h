@@ -4,6 +4,7 @@
 #include "tools/lspping/generic/AttributeJson.h"
 #include "tools/lspping/inspect/Arguments.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,12 +25,15 @@ void valueFromText( Kiv::TypeRef type, std::string_view text, void * value,
                     std::string const & subject );
 
 /// Writes in order through the generic attribute access. Raises InputError for a value that is none
-/// of the attribute's type or that the object has no room for, naming attribute and value; the
+/// of the attribute's type or that its setter would not take, naming attribute and value; the
 /// writes before it are done.
 ///
-/// \param room  Bytes from the object's first one on, for objects that are laid over bytes.
-std::vector< WriteDone > applyWrites( Kiv::TypeRef type, void * object, std::size_t room,
-                                      std::vector< WriteGiven > const & writes );
+/// \param isThere  Raises an error when the object is not all there, as after a write of its
+/// length:
+///    a setter with conditions is called only when it is.
+std::vector< WriteDone > applyWrites(
+   Kiv::TypeRef type, void * object, std::vector< WriteGiven > const & writes,
+   std::function< void() > const & isThere = [] {} );
 
 /// `"writes":[{"name":…,"outcome":0}]`
 void writeOutcomes( JsonWriter & json, std::vector< WriteDone > const & writes );

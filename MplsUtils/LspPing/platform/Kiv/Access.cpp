@@ -89,6 +89,14 @@ Outcome accessIndirectly( TypeRecord const & record, Attribute const & row, void
    return Outcome::done;
 }
 
+Orlo::String writeRefusal( TypeRecord const & record, Attribute const & row, void * object,
+                           void const * value ) {
+   WriteQuestion question{ value, {} };
+   if( row.hasConditions() )
+      row.access( ownerOf( record, row, object ), Attribute::ask, &question );
+   return question.refusal;
+}
+
 void * converted( TypeRef from, TypeRef to, void * object ) noexcept {
    // A derived object begins with its base: the module table checks it for every type.
    return from.isA( to ) ? object : nullptr;

@@ -93,6 +93,11 @@ inline Outcome attributeAccess( TypeRef type, void * object, Field field, OpCode
    return accessInherited( type, object, field, op, buffer );
 }
 
+/// What stands against writing that value to a writable attribute that is no collection, as a
+/// sentence; empty when nothing does. The value is an object of the attribute's type.
+LSPPING_PLATFORM_EXPORT Orlo::String writeRefusal( TypeRecord const & record, Attribute const & row,
+                                                   void * object, void const * value );
+
 /// The same object as one of the other type, when that is its type or a base of it, else null.
 LSPPING_PLATFORM_EXPORT void * converted( TypeRef from, TypeRef to, void * object ) noexcept;
 

@@ -104,6 +104,18 @@ void accessField( void * object, OpCode op, void * buffer ) {
       value = Buffer{};
 }
 
+template < auto getter, auto setter, auto refusal >
+void accessConditionalField( void * object, OpCode op, void * buffer ) {
+   if( op == Attribute::ask ) {
+      using Class = typename Callable< decltype( refusal ) >::Class;
+      auto & question = *static_cast< WriteQuestion * >( buffer );
+      question.refusal = std::invoke( refusal, *static_cast< Class const * >( object ),
+                                      *static_cast< ValueOf< getter > const * >( question.value ) );
+   } else {
+      accessField< getter, setter >( object, op, buffer );
+   }
+}
+
 template < auto member >
 void accessStored( void * object, OpCode op, void * buffer ) {
    using Class = typename Callable< decltype( member ) >::Class;
@@ -224,6 +236,14 @@ constexpr RowOf< getter, setter > fieldRow( std::string_view name, Attribute::Ac
 template < auto getter, auto setter >
 constexpr auto field( std::string_view name ) {
    return fieldRow< getter, setter >( name, &accessField< getter, setter >, 0 );
+}
+
+/// A field whose setter takes a value under conditions only, else the program ends. `refusal` says
+/// what stands against a value, and nothing (empty) if the setter takes it: `writeRefusal` asks it.
+template < auto getter, auto setter, auto refusal >
+constexpr auto conditionalField( std::string_view name ) {
+   return fieldRow< getter, setter >( name, &accessConditionalField< getter, setter, refusal >,
+                                      Attribute::conditionsFlag );
 }
 
 /// An attribute, or an operation without arguments, that can only be read.

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <span>
 #include <type_traits>
 #include <vector>
 
@@ -64,6 +65,16 @@ class DynArray {
       if( index >= end() )
          endIs( index );
       entries_[index] = kept;
+      ++version_;
+   }
+
+   /// All of them from index 0 on; those below `lowest()` are the default.
+   std::span< T const > entries() const noexcept { return entries_; }
+   /// Holds copies of these from index 0 on and nothing else. They must not be the array's own.
+   void entriesAre( std::span< T const > entries ) noexcept {
+      orOutOfMemory( "Kiv::DynArray", [&] { entries_.assign( entries.begin(), entries.end() ); } );
+      KIV_ASSERT( entries_.size() <= keyLimit + 1u );
+      lowest_ = 0;
       ++version_;
    }
 

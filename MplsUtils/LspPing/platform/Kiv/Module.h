@@ -64,6 +64,12 @@ inline U64 pointerHash( void const * object ) noexcept {
 }
 
 template < class T >
+inline constexpr CopyOperations copyOperationsFor{
+   []( std::span< U8 const > bytes ) -> void * { return T::kivCopyOf( bytes ).release(); },
+   []( void * object ) { delete static_cast< T * >( object ); }
+};
+
+template < class T >
 constexpr Operations operationsFor() {
    constexpr Kind kind = kindOf< T >();
    Operations o;
@@ -99,6 +105,8 @@ constexpr Operations operationsFor() {
       o.destruct = []( void * object ) { std::destroy_at( static_cast< T * >( object ) ); };
       if constexpr( requires { T::kivExtent; } )
          o.extent = T::kivExtent;
+      if constexpr( requires { T::kivCopyOf; } )
+         o.copies = &copyOperationsFor< T >;
       if constexpr( kind == Kind::pointerInterface )
          o.hash = pointerHash;
       else if constexpr( requires( T const & value ) { value.kivHash(); } )

@@ -87,4 +87,20 @@ inline char * putHex( char * at, U32 number, bool upperCase ) noexcept {
    return at + digits;
 }
 
+/// Writes two digits at `at`; returns their end.
+constexpr char * putHexByte( char * at, U8 byte, bool upperCase = false ) noexcept {
+   char const * const digits = upperCase ? "0123456789ABCDEF" : "0123456789abcdef";
+   *at++ = digits[byte >> 4];
+   *at++ = digits[byte & 15];
+   return at;
+}
+
+/// The value of a hexadecimal digit, 16 for any other character.
+constexpr U8 hexDigitValue( char character ) noexcept {
+   if( character >= '0' && character <= '9' )
+      return static_cast< U8 >( character - '0' );
+   char const lower = static_cast< char >( character | 0x20 );
+   return static_cast< U8 >( lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : 16 );
+}
+
 } // namespace Orlo

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -81,20 +82,26 @@ class StringBuilder {
       if( high != 0 ) {
          at = putHex( at, high, upperCase );
          // The low half keeps its leading zeros.
-         for( unsigned digit = 8; digit-- > 0; )
-            at = putHexDigit( at, low >> ( 4 * digit ) & 0xF, upperCase );
-         advanceTo( at );
+         std::memset( at, '0', 8 );
+         char digits[8];
+         std::size_t const count =
+            static_cast< std::size_t >( putHex( digits, low, upperCase ) - digits );
+         std::memcpy( at + 8 - count, digits, count );
+         advanceTo( at + 8 );
       } else {
          advanceTo( putHex( at, low, upperCase ) );
       }
    }
 
- private:
-   static char * putHexDigit( char * at, U32 digit, bool upperCase ) noexcept {
-      *at = ( upperCase ? "0123456789ABCDEF" : "0123456789abcdef" )[digit];
-      return at + 1;
+   /// Two lower-case digits for each byte.
+   void appendHexBytes( std::span< U8 const > bytes ) noexcept {
+      char * at = room( 2 * bytes.size() );
+      for( U8 const byte : bytes )
+         at = putHexByte( at, byte );
+      advanceTo( at );
    }
 
+ private:
    /// Moves the text to the heap, or to more of it.
    LSPPING_PLATFORM_EXPORT void grow( std::size_t count ) noexcept;
 

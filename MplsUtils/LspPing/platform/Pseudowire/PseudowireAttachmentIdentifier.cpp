@@ -13,8 +13,6 @@ namespace Pseudowire {
 
 namespace {
 
-constexpr std::string_view hexDigits = "0123456789abcdef";
-
 /// Takes a number in that base off the front of the text, if it has one that fits.
 std::optional< U8 > takeNumber( std::string_view & text, std::size_t most, int base ) noexcept {
    U8 number = 0;
@@ -77,10 +75,8 @@ void appendText( Orlo::StringBuilder & out, PseudowireAttachmentIdentifierIndex 
 void appendText( Orlo::StringBuilder & out, PseudowireAttachmentIdentifier const & id ) noexcept {
    out.appendDecimal( id.type() );
    out.append( ':' );
-   for( U8 index = 0; index < id.bytesInUse(); ++index ) {
-      out.append( hexDigits[id.value( index ) >> 4] );
-      out.append( hexDigits[id.value( index ) & 0xF] );
-   }
+   for( U8 index = 0; index < id.bytesInUse(); ++index )
+      out.advanceTo( Orlo::putHexByte( out.room( 2 ), id.value( index ) ) );
    if( id.length() > PseudowireAttachmentIdentifier::maxLength ) {
       out.append( '+' );
       out.appendDecimal( id.length() - U64{ PseudowireAttachmentIdentifier::maxLength } );

@@ -59,17 +59,6 @@ char * putIp6Addr( char * at, Ip6Addr const & address ) noexcept {
    return at;
 }
 
-/// The value of a hexadecimal digit, 16 for any other character.
-constexpr unsigned hexValue( char character ) noexcept {
-   if( character >= '0' && character <= '9' )
-      return static_cast< unsigned >( character - '0' );
-   if( character >= 'a' && character <= 'f' )
-      return static_cast< unsigned >( character - 'a' + 10 );
-   if( character >= 'A' && character <= 'F' )
-      return static_cast< unsigned >( character - 'A' + 10 );
-   return 16;
-}
-
 /// The bytes that are written before "::" and those behind it; without "::" all are before.
 class Sides {
  public:
@@ -114,8 +103,8 @@ std::optional< Ip6Addr > Ip6Addr::fromText( std::string_view text ) noexcept {
    while( groupNeeded || index != text.size() ) {
       std::size_t const start = index;
       unsigned group = 0;
-      while( index != text.size() && index - start < 4 && hexValue( text[index] ) < 16 )
-         group = group << 4 | hexValue( text[index++] );
+      while( index != text.size() && index - start < 4 && Orlo::hexDigitValue( text[index] ) < 16 )
+         group = group << 4 | Orlo::hexDigitValue( text[index++] );
       if( index != text.size() && text[index] == '.' ) {
          std::optional< IpAddr > const tail = IpAddr::fromText( text.substr( start ) );
          if( !tail )

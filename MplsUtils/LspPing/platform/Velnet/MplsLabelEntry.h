@@ -26,6 +26,12 @@ class MplsLabelEntry {
    /// From the word in host order.
    constexpr explicit MplsLabelEntry( U32 word ) noexcept : word_{ word } {}
 
+   /// The label must fit into 20 bits, the traffic class into 3.
+   constexpr MplsLabelEntry( U32 label, U8 trafficClass, bool bottomOfStack, U8 ttl ) noexcept
+      : word_{ label << 12 | U32{ trafficClass } << 9 | U32{ bottomOfStack } << 8 | ttl } {
+      KIV_ASSERT( label <= 0xFFFFF && trafficClass <= 7 );
+   }
+
    constexpr U32 word() const noexcept { return word_.value(); }
    constexpr void wordIs( U32 word ) noexcept { word_.valueIs( word ); }
 

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace Orlo {
@@ -80,12 +81,21 @@ struct Signature {
    BufferType result;
 };
 
+/// What a row whose setter has conditions is asked before a write.
+struct WriteQuestion {
+   void const * value = nullptr; ///< the buffer of the write
+   std::string refusal;          ///< what stands against it, as a sentence
+};
+
 /// One attribute of a type: a row of the table that stands beside its class.
 struct Attribute {
    // Requests beyond the public operation codes that rows understand: the address of a stored
    // value, for printing and parsing in place. Null when the value has no place of its own and is
    // read and written instead.
    static constexpr OpCode locate = static_cast< OpCode >( 2 );
+   // What stands against writing a value; the buffer is a `WriteQuestion`. Understood by the rows
+   // with `conditionsFlag`.
+   static constexpr OpCode ask = static_cast< OpCode >( 3 );
 
    using Access = void ( * )( void * object, OpCode op, void * buffer );
    using Guard = bool ( * )( void const * object );
@@ -95,8 +105,9 @@ struct Attribute {
       writableFlag = 2,
       callableFlag = 4,
       collectionFlag = 8,
-      storedFlag = 16,    // part of the value's text
-      forwardedFlag = 32, // belongs to the object that the type's `target` gives
+      storedFlag = 16,     // part of the value's text
+      forwardedFlag = 32,  // belongs to the object that the type's `target` gives
+      conditionsFlag = 64, // its setter takes a value under conditions only
    };
 
    char const * nameText = nullptr;
@@ -121,6 +132,7 @@ struct Attribute {
    constexpr bool collection() const noexcept { return flags & collectionFlag; }
    constexpr bool stored() const noexcept { return flags & storedFlag; }
    constexpr bool forwarded() const noexcept { return flags & forwardedFlag; }
+   constexpr bool hasConditions() const noexcept { return flags & conditionsFlag; }
 
    constexpr bool offers( OpCode op ) const noexcept {
       switch( op ) {
@@ -144,6 +156,13 @@ struct Enumerator {
    constexpr std::string_view name() const noexcept { return { nameText, nameLength }; }
 };
 
+/// How objects are made of an element's bytes where the type is a copy of them and no view.
+struct CopyOperations {
+   /// A new object on the heap. As many bytes as `Operations::extent` tells must be there.
+   void * ( *copyOf )( std::span< U8 const > bytes );
+   void ( *destroy )( void * object );
+};
+
 /// What can be done with a type's objects without knowing the type; null where a kind has it not.
 struct Operations {
    void ( *construct )( void * place, void const * from ) = nullptr; ///< default when from is null
@@ -160,6 +179,7 @@ struct Operations {
    /// How many bytes an object over these, or copied from them, reads and writes, where that is not
    /// its size. With too few of them to tell, as many as tell.
    std::size_t ( *extent )( std::span< U8 const > bytes ) = nullptr;
+   CopyOperations const * copies = nullptr;
 };
 
 /// Everything the type system knows of one type.
