@@ -1,7 +1,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/Printable.h"
-#include "tools/lspping/ExitStatus.h"
 #include "tools/lspping/commands/Commands.h"
 #include "tools/lspping/io/Diagnostics.h"
+#include "tools/lspping/io/ExitStatus.h"
 #include "tools/lspping/io/Interruption.h"
 #include "tools/lspping/io/Output.h"
 #include "tools/lspping/io/Process.h"

@@ -1,13 +1,13 @@
 #include "tools/lspping/decode/Decode.h"
 
 #include "MplsUtils/LspPing/message/LspPingMessageReader.h"
-#include "tools/lspping/ExitStatus.h"
 #include "tools/lspping/capture/CaptureReader.h"
 #include "tools/lspping/capture/HexReader.h"
 #include "tools/lspping/decode/JsonPrinter.h"
 #include "tools/lspping/decode/Progress.h"
 #include "tools/lspping/decode/TextPrinter.h"
 #include "tools/lspping/io/Diagnostics.h"
+#include "tools/lspping/io/ExitStatus.h"
 #include "tools/lspping/io/Interruption.h"
 #include "tools/lspping/io/Output.h"
 

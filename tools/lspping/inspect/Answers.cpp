@@ -1,8 +1,8 @@
 #include "tools/lspping/inspect/Answers.h"
 
-#include "tools/lspping/ExitStatus.h"
 #include "tools/lspping/inspect/LineReader.h"
 #include "tools/lspping/io/Diagnostics.h"
+#include "tools/lspping/io/ExitStatus.h"
 #include "tools/lspping/io/InputFile.h"
 #include "tools/lspping/io/Interruption.h"
 #include "tools/lspping/io/Output.h"

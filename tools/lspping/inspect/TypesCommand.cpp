@@ -1,10 +1,10 @@
 #include "MplsUtils/LspPing/message/LspPingElements.h"
 #include "MplsUtils/LspPing/platform/Kiv/Collections.h"
-#include "tools/lspping/ExitStatus.h"
 #include "tools/lspping/inspect/Answers.h"
 #include "tools/lspping/inspect/Commands.h"
 #include "tools/lspping/inspect/Registry.h"
 #include "tools/lspping/io/Diagnostics.h"
+#include "tools/lspping/io/ExitStatus.h"
 #include "tools/lspping/io/Output.h"
 
 namespace LspPingTool {

@@ -1,8 +1,8 @@
 #include "tools/lspping/io/Process.h"
 
 #include "MplsUtils/LspPing/platform/base/OutOfMemory.h"
-#include "tools/lspping/ExitStatus.h"
 #include "tools/lspping/io/Diagnostics.h"
+#include "tools/lspping/io/ExitStatus.h"
 
 #include <cstdlib>
 #include <exception>
