@@ -1,4 +1,4 @@
-#include "Allocations.h"
+#include "tests/memory/Allocations.h"
 
 #include <atomic>
 #include <cstdlib>

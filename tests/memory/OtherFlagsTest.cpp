@@ -5,7 +5,7 @@
 #define __SANITIZE_ADDRESS__ 1 // NOLINT(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
 #endif
 
-#include "Allocations.h"
+#include "tests/memory/Allocations.h"
 
 #include "MplsUtils/LspPing/LspPingHdr.h"
 

@@ -1,4 +1,4 @@
-#include "Allocations.h"
+#include "tests/memory/Allocations.h"
 
 #include "MplsUtils/LspPing/LspPingHdr.h"
 #include "MplsUtils/LspPing/platform/base/TypeRef.h"

@@ -1,4 +1,4 @@
-#include "Orchard.h"
+#include "tests/module/Orchard.h"
 
 #include "MplsUtils/LspPing/LspPingHdr.h"
 #include "MplsUtils/LspPing/LspPingTypes.h"

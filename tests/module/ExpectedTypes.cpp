@@ -1,4 +1,4 @@
-#include "ExpectedTypes.h"
+#include "tests/module/ExpectedTypes.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "Subjects.h"
+#include "tests/module/Subjects.h"
 
 #include "MplsUtils/LspPing/LspPingHdr.h"
 #include "MplsUtils/LspPing/LspPingTypes.h"
@@ -71,6 +71,7 @@ class Subject {
 
    Kiv::TypeRef type() const { return type_; }
    void * object() const { return object_; }
+   Orlo::Ptr< Orlo::Node > const & node() const { return node_; }
    OddBytes const & bytes() const { return bytes_; }
    Outcome access( Kiv::Field field, U32 code, void * buffer ) const {
       return Kiv::attributeAccess( type_, object_, field, static_cast< OpCode >( code ), buffer );
@@ -338,6 +339,13 @@ TEST_P( Family, isNotCreatedWithoutAPacket ) {
    if( type().operations().create == nullptr )
       return;
    EXPECT_DEATH( type().operations().create( nullptr, 0 ), "assertion \"pkt != nullptr\" failed" );
+}
+
+TEST_P( Family, isNotCreatedOverAnythingButAPacket ) {
+   if( type().operations().create == nullptr )
+      return;
+   Subject const other( type(), 0 );
+   EXPECT_DEATH( type().operations().create( other.node(), 0 ), "assertion .*fwkType.* failed" );
 }
 
 TEST_P( Family, countsItsNodesAndNoLongerWhenTheyAreGone ) {

@@ -1,4 +1,4 @@
-#include "Orchard.h"
+#include "tests/module/Orchard.h"
 
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "MplsUtils/LspPing/platform/Kiv/Module.h"

@@ -147,6 +147,7 @@ class Farm : public Orlo::Node {
    Kiv::DynArray< U16 > rows_; // trees in each
 };
 
+/// Laid over a farm, as a parser is over a packet. It does not keep the farm.
 class FarmReader : public Orlo::Node {
  public:
    explicit FarmReader( Farm * farm ) : farm_( farm ) {}
@@ -159,6 +160,9 @@ class FarmReader : public Orlo::Node {
    using KivForwardedFrom = Farm;
    static constexpr std::string_view kivForwarded = "trees, isSmall, label, neighbour, rows";
    static void * kivTarget( void * reader ) { return static_cast< FarmReader * >( reader )->farm_; }
+   static Orlo::Ptr< FarmReader > kivCreate( Orlo::Ptr< Farm > const & farm, U32 ) {
+      return Orlo::Ptr< FarmReader >::make( farm.get() );
+   }
 
  private:
    Farm * farm_;

@@ -1,4 +1,4 @@
-#include "ExpectedTypes.h"
+#include "tests/module/ExpectedTypes.h"
 
 #include "MplsUtils/LspPing/LspPingHdr.h"
 #include "MplsUtils/LspPing/LspPingTypes.h"

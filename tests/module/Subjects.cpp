@@ -1,4 +1,4 @@
-#include "Subjects.h"
+#include "tests/module/Subjects.h"
 
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"

@@ -1,4 +1,4 @@
-#include "Orchard.h"
+#include "tests/module/Orchard.h"
 
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "MplsUtils/LspPing/platform/Kiv/Instance.h"
@@ -259,6 +259,23 @@ TEST_F( ThirdParty, callsOperationsOfNodesByName ) {
    EXPECT_EQ( ( Kiv::call< U32 >( *node, "plant", U32{ 1 }, Orlo::String( "pear" ) ) ), 7u );
    EXPECT_EQ( Kiv::read< U32 >( *node, "trees" ), 7u );
    EXPECT_EQ( Kiv::read< Orlo::String >( *node, "label" ), "farm of 7" );
+}
+
+TEST_F( ThirdParty, createsANodeOverOneOfTheClassThatItAsksFor ) {
+   Kiv::Operations const & operations = Kiv::typeOf< FarmReader >().operations();
+   EXPECT_EQ( operations.createEmpty, nullptr );
+   ASSERT_NE( operations.create, nullptr );
+   auto const farm = Orlo::Ptr< Farm >::make();
+   farm->treesIs( 5 );
+   Orlo::Ptr< Orlo::Node > const reader = operations.create( farm, 0 );
+   EXPECT_EQ( reader->fwkType(), Kiv::typeOf< FarmReader >() );
+   EXPECT_EQ( Kiv::read< Farm * >( *reader, "farm" ), farm.get() );
+   EXPECT_EQ( farm->references(), 1u );
+   // A node of any other class, or of none that is registered, is a program's mistake.
+   struct Unregistered : Orlo::Node {};
+   EXPECT_DEATH( operations.create( reader, 0 ), "assertion .*fwkType.* failed" );
+   EXPECT_DEATH( operations.create( Orlo::Ptr< Unregistered >::make(), 0 ),
+                 "assertion .*fwkType.* failed" );
 }
 
 TEST_F( ThirdParty, tellsToolsWhatTheStateForbids ) {

@@ -1,5 +1,5 @@
 // refused: an attribute is made of a member of a class that is neither its own nor a base of it
-#include "Probe.h"
+#include "tests/mustNotCompile/Probe.h"
 
 namespace Probe {
 

@@ -1,5 +1,5 @@
 // refused: a name stands twice among the attributes of a class and its bases
-#include "Probe.h"
+#include "tests/mustNotCompile/Probe.h"
 
 namespace Probe {
 

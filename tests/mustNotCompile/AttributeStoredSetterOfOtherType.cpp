@@ -1,5 +1,5 @@
 // refused: a setter takes one argument, of the type that the getter gives
-#include "Probe.h"
+#include "tests/mustNotCompile/Probe.h"
 
 namespace Probe {
 

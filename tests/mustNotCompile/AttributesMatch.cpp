@@ -1,5 +1,5 @@
 // accepted
-#include "Probe.h"
+#include "tests/mustNotCompile/Probe.h"
 
 namespace Probe {
 

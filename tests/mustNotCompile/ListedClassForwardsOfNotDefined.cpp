@@ -1,6 +1,6 @@
 // refused: a listed class forwards the attributes of a class that is not defined where the module's
 // table is built: include its header there, or list the one that forwards as Kiv::Kept
-#include "Probe.h"
+#include "tests/mustNotCompile/Probe.h"
 
 namespace Probe {
 

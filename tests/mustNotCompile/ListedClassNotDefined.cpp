@@ -1,6 +1,6 @@
 // refused: a listed type is not defined where the module's table is built: include its header
 // there, or list it as Kiv::Kept
-#include "Probe.h"
+#include "tests/mustNotCompile/Probe.h"
 
 namespace Probe {
 

@@ -1,6 +1,6 @@
 #include "tools/lspping/inspect/LineReader.h"
 
-#include "Run.h"
+#include "tests/tools/inspect/Run.h"
 
 #include <gtest/gtest.h>
 

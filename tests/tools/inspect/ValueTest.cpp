@@ -1,4 +1,4 @@
-#include "Run.h"
+#include "tests/tools/inspect/Run.h"
 
 #include <gtest/gtest.h>
 

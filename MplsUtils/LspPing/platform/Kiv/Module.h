@@ -8,9 +8,11 @@
 #include "MplsUtils/LspPing/platform/Kiv/ScalarText.h"
 #include "MplsUtils/LspPing/platform/Kiv/TypeName.h"
 #include "MplsUtils/LspPing/platform/Orlo/Node.h"
+#include "MplsUtils/LspPing/platform/Orlo/Ptr.h"
 #include "MplsUtils/LspPing/platform/base/Assert.h"
 #include "MplsUtils/LspPing/platform/base/NameTable.h"
 #include "MplsUtils/LspPing/platform/base/TypeRecord.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <algorithm>
 #include <array>
@@ -63,6 +65,22 @@ inline U64 pointerHash( void const * object ) noexcept {
    return __builtin_bswap64( bits );
 }
 
+// What T::kivCreate takes says how objects of T are created: over a node of one class and an offset
+// into it, or of nothing.
+template < class T, class Under >
+constexpr void createIs( Operations & o, Orlo::Ptr< T > ( * )( Orlo::Ptr< Under > const &, U32 ) ) {
+   o.create = []( Orlo::Ptr< Orlo::Node > const & pkt, U32 offset ) -> Orlo::Ptr< Orlo::Node > {
+      KIV_ASSERT( pkt != nullptr );
+      KIV_ASSERT( pkt->fwkType().isA( typeOf< Under >() ) );
+      return T::kivCreate( static_cast< Under * >( pkt.get() ), offset );
+   };
+}
+
+template < class T >
+constexpr void createIs( Operations & o, Orlo::Ptr< T > ( * )() ) {
+   o.createEmpty = []() -> Orlo::Ptr< Orlo::Node > { return T::kivCreate(); };
+}
+
 template < class T >
 inline constexpr CopyOperations copyOperationsFor{
    []( std::span< U8 const > bytes ) -> void * { return T::kivCopyOf( bytes ).release(); },
@@ -76,18 +94,8 @@ constexpr Operations operationsFor() {
    if constexpr( kind == Kind::object ) {
       if constexpr( requires { T::kivTarget; } )
          o.target = T::kivTarget;
-      if constexpr( requires { T::kivCreate; } ) {
-         if constexpr( requires( Orlo::Ptr< Velnet::Pkt > const & pkt ) {
-                          T::kivCreate( pkt, 0u );
-                       } )
-            o.create = []( Orlo::Ptr< Velnet::Pkt > const & pkt,
-                           U32 offset ) -> Orlo::Ptr< Orlo::Node > {
-               KIV_ASSERT( pkt != nullptr );
-               return T::kivCreate( pkt, offset );
-            };
-         else
-            o.createEmpty = []() -> Orlo::Ptr< Orlo::Node > { return T::kivCreate(); };
-      }
+      if constexpr( requires { T::kivCreate; } )
+         createIs< T >( o, T::kivCreate );
    } else if constexpr( kind != Kind::constant ) {
       if constexpr( std::is_copy_constructible_v< T > ) {
          o.construct = []( void * place, void const * from ) {

@@ -8,16 +8,13 @@
 #include <string>
 #include <string_view>
 
+// Names only, of parts above: a node tells its type, whose operations make nodes and read text.
 namespace Orlo {
 class Node;
 class StringBuilder;
 template < class T >
 class Ptr;
 } // namespace Orlo
-
-namespace Velnet {
-class Pkt;
-}
 
 namespace Kiv {
 
@@ -173,7 +170,9 @@ struct Operations {
    bool ( *isSet )( void const * ) = nullptr;
    void ( *appendText )( Orlo::StringBuilder &, void const * ) = nullptr; ///< of a plain value
    void ( *parse )( CharRange &, void * ) = nullptr;
-   Orlo::Ptr< Orlo::Node > ( *create )( Orlo::Ptr< Velnet::Pkt > const &, U32 ) = nullptr;
+   /// Over what the node holds from an offset on; another node than one of the class that this
+   /// type is created over is an assertion.
+   Orlo::Ptr< Orlo::Node > ( *create )( Orlo::Ptr< Orlo::Node > const &, U32 ) = nullptr;
    Orlo::Ptr< Orlo::Node > ( *createEmpty )() = nullptr;
    void * ( *target )( void * object ) = nullptr; ///< what forwarded attributes are read from
    /// How many bytes an object over these, or copied from them, reads and writes, where that is not
