@@ -231,20 +231,21 @@ void appendUtc( Orlo::StringBuilder & out, std::int64_t sinceEpoch, U32 nanoseco
    year_month_day const date{ day };
    U32 const second = static_cast< U32 >( ( point - day ).count() );
    char * at = out.room( 30 );
-   auto const part = [&at]( U32 number, unsigned digits, char behind ) {
-      at = Orlo::putDigits( at, number, digits );
-      *at++ = behind;
+   auto const pair = [&at]( U32 number, char behind ) {
+      Orlo::putPair( at, number );
+      at[2] = behind;
+      at += 3;
    };
-   part( static_cast< U32 >( int{ date.year() } ), 4, '-' );
-   part( unsigned{ date.month() }, 2, '-' );
-   part( unsigned{ date.day() }, 2, 'T' );
-   part( second / 3600, 2, ':' );
-   part( second / 60 % 60, 2, ':' );
-   part( second % 60, 2, '.' );
-   if( nanoseconds % 1000 == 0 )
-      part( nanoseconds / 1000, 6, 'Z' );
-   else
-      part( nanoseconds, 9, 'Z' );
+   at = Orlo::putDigits( at, static_cast< U32 >( int{ date.year() } ), 4 );
+   *at++ = '-';
+   pair( unsigned{ date.month() }, '-' );
+   pair( unsigned{ date.day() }, 'T' );
+   pair( second / 3600, ':' );
+   pair( second / 60 % 60, ':' );
+   pair( second % 60, '.' );
+   at = nanoseconds % 1000 == 0 ? Orlo::putDigits( at, nanoseconds / 1000, 6 )
+                                : Orlo::putDigits( at, nanoseconds, 9 );
+   *at++ = 'Z';
    out.advanceTo( at );
 }
 
