@@ -4,6 +4,7 @@
 #include "MplsUtils/LspPing/LspPingTypes.h"
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "MplsUtils/LspPing/platform/Kiv/Module.h"
+#include "tests/AttributeLines.h"
 
 #include <gtest/gtest.h>
 
@@ -13,41 +14,6 @@
 #include <vector>
 
 namespace {
-
-std::string shortName( Kiv::TypeId id ) {
-   Kiv::TypeRef const type( id );
-   std::string const name( type ? type.name() : "void" );
-   return name.starts_with( "LspPing::" ) ? name.substr( 9 ) : name;
-}
-
-std::string typeText( Kiv::BufferType type ) {
-   switch( type.reach ) {
-   case Kiv::Reach::value:
-      break;
-   case Kiv::Reach::pointer:
-      return shortName( type.type ) + "*";
-   case Kiv::Reach::counted:
-      return shortName( type.type ) + "^";
-   }
-   return shortName( type.type );
-}
-
-std::string attributeText( Kiv::Attribute const & attribute ) {
-   std::string text( attribute.name() );
-   if( attribute.collection() )
-      text += "[" + shortName( attribute.collectionRecord->keyType ) + "]";
-   if( attribute.callable() ) {
-      text += "(";
-      for( U8 i = 0; i < attribute.signature->count; ++i )
-         text += ( i == 0 ? "" : "," ) + typeText( attribute.signature->arguments[i] );
-      text += ")";
-   }
-   text += " " + typeText( { attribute.typeId, attribute.reach } ) + " ";
-   text += attribute.readable() ? "r" : "";
-   text += attribute.writable() ? "w" : "";
-   text += attribute.callable() ? "c" : "";
-   return text;
-}
 
 std::string attributesText( Kiv::TypeRef type ) {
    std::string text;
