@@ -2,10 +2,10 @@
 #include "MplsUtils/LspPing/LspPingTypes.h"
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "MplsUtils/LspPing/platform/Kiv/Instance.h"
+#include "tests/WireBytes.h"
 
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <span>
 #include <vector>
 
@@ -115,11 +115,10 @@ extern "C" int LLVMFuzzerTestOneInput( U8 const * data, std::size_t size ) {
    // The view with a part of no fixed length reads at most 30 bytes behind its own, and none that
    // its length field does not cover.
    constexpr std::size_t behind = 64;
-   std::size_t const room = 1 + type.record().size + behind;
-   std::unique_ptr< U8[] > const block( new U8[room] );
-   for( std::size_t i = 0; i < room; ++i )
-      block[i] = input.next();
+   WireBytes const view( type.record().size + behind, 0 );
+   for( U8 & byte : view.bytes() )
+      byte = input.next();
    while( !input.bytes.empty() )
-      accessOnce( type, block.get() + 1, input );
+      accessOnce( type, view.data(), input );
    return 0;
 }

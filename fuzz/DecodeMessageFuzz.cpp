@@ -1,9 +1,9 @@
 #include "MplsUtils/LspPing/message/LspPingMessageReader.h"
+#include "tests/WireBytes.h"
 #include "tools/lspping/decode/JsonPrinter.h"
 #include "tools/lspping/decode/TextPrinter.h"
 
 #include <cstdlib>
-#include <memory>
 #include <rapidjson/reader.h>
 
 // Any bytes are a message: it is decoded without reading past its end, in order, and both printers
@@ -43,13 +43,11 @@ extern "C" int LLVMFuzzerTestOneInput( U8 const * data, std::size_t size ) {
    std::size_t padding = 0;
    while( padding < data[0] && padding + 1 < size && data[size - 1 - padding] == 0 )
       ++padding;
-   // A block of its own, so that the first byte too far is seen; one off any alignment.
-   std::unique_ptr< U8[] > const block( new U8[size] );
-   std::copy( data, data + size, block.get() );
+   WireBytes const bytes( std::span( data + 1, size - 1 ) );
 
    static LspPing::LspPingMessageReader reader;
    LspPing::LspPingMessage const & message =
-      reader.read( { block.get() + 1, size - 1 }, { padding, ( data[0] & 1 ) != 0 } );
+      reader.read( bytes.bytes(), { padding, ( data[0] & 1 ) != 0 } );
    if( !isSound( message ) )
       std::abort();
 

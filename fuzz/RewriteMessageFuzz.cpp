@@ -1,8 +1,8 @@
 #include "MplsUtils/LspPing/message/LspPingMessageReader.h"
+#include "tests/WireBytes.h"
 #include "tests/message/Rewrite.h"
 
 #include <cstdlib>
-#include <memory>
 
 // A message that is well-formed becomes the same bytes when it is written again, into a block that
 // is just as large, and no byte behind a smaller one.
@@ -17,8 +17,8 @@ extern "C" int LLVMFuzzerTestOneInput( U8 const * data, std::size_t size ) {
    static LspPing::LspPingMessageReader reader;
    LspPing::LspPingMessage const & message = reader.read( bytes );
    if( message.problems().empty() ) {
-      std::unique_ptr< U8[] > const block( new U8[bytes.size()] );
-      LspPing::LspPingMessageWriter writer( std::span( block.get(), bytes.size() ) );
+      WireBytes const block( bytes.size(), 0xa5 );
+      LspPing::LspPingMessageWriter writer( block.bytes() );
       Rewrite::message( writer, message );
       if( writer.error() ||
           !std::equal( bytes.begin(), bytes.end(), writer.bytes().begin(), writer.bytes().end() ) )
@@ -28,8 +28,8 @@ extern "C" int LLVMFuzzerTestOneInput( U8 const * data, std::size_t size ) {
    if( message.header() == nullptr )
       return 0;
    std::size_t const room = less < bytes.size() ? less : bytes.size();
-   std::unique_ptr< U8[] > const block( new U8[room] );
-   LspPing::LspPingMessageWriter writer( std::span( block.get(), room ) );
+   WireBytes const block( room, 0xa5 );
+   LspPing::LspPingMessageWriter writer( block.bytes() );
    Rewrite::message( writer, message );
    if( writer.bytes().size() > room )
       std::abort();

@@ -1,53 +1,39 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/base/Integers.h"
+#include "tests/Bytes.h"
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
 #include <memory>
 #include <new>
-#include <stdexcept>
-#include <string>
-#include <string_view>
 
 /// Bytes of an element at an odd address. They end where their heap block ends, so that a sanitizer
 /// sees the first access too far.
 class WireBytes {
  public:
-   /// "00 14 00 10"
-   explicit WireBytes( std::string_view hex ) : WireBytes( ( hex.size() + 1 ) / 3, 0 ) {
-      for( std::size_t i = 0; i < size_; ++i )
-         data()[i] =
-            static_cast< U8 >( std::stoul( std::string( hex.substr( 3 * i, 2 ) ), {}, 16 ) );
+   explicit WireBytes( std::span< U8 const > bytes ) : WireBytes( bytes.size(), 0 ) {
+      std::copy( bytes.begin(), bytes.end(), data() );
    }
+   /// "00 14 00 10"
+   explicit WireBytes( std::string_view hex ) : WireBytes( bytesOf( hex ) ) {}
    WireBytes( std::size_t size, U8 fill )
       : size_( size ),
         block_( std::make_unique< U8[] >( size + 1 ) ) {
       std::fill_n( data(), size, fill );
    }
 
-   U8 * data() noexcept { return block_.get() + 1; }
+   U8 * data() const noexcept { return block_.get() + 1; }
    U32 size() const noexcept { return static_cast< U32 >( size_ ); }
+   std::span< U8 > bytes() const noexcept { return { data(), size_ }; }
+   Bytes copy() const { return { data(), data() + size_ }; }
+   std::string hex( std::size_t group = 1 ) const { return hexOf( bytes(), group ); }
 
    /// The view over the first bytes. Views have no alignment, and that they fit is looked at here.
    template < class View >
-   View & as() {
+   View & as() const {
       if( sizeof( View ) > size_ )
          throw std::length_error( "too few bytes for the view" );
       return *reinterpret_cast< View * >( data() );
-   }
-
-   std::string hex() const {
-      constexpr std::string_view digits = "0123456789abcdef";
-      std::string text;
-      for( std::size_t i = 1; i <= size_; ++i ) {
-         if( i > 1 )
-            text += ' ';
-         text += digits[block_[i] >> 4];
-         text += digits[block_[i] & 15];
-      }
-      return text;
    }
 
  private:
@@ -68,10 +54,10 @@ std::string hexAfter( Change change ) {
 
 /// The bytes of a view that is constructed on its own, where 0xa5 stood before.
 template < class View >
-std::string hexOfNew() {
+std::string hexOfNew( std::size_t group = 1 ) {
    WireBytes bytes( sizeof( View ), 0xa5 );
-   ::new( static_cast< void * >( bytes.data() ) ) View();
-   return bytes.hex();
+   ::new( static_cast< void * >( bytes.data() ) ) View;
+   return bytes.hex( group );
 }
 
 /// In how many cases `valid()` and the expectation differ: every type at some lengths, and every

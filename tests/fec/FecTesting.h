@@ -3,18 +3,15 @@
 #include "MplsUtils/LspPing/LspPingHdr.h"
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "MplsUtils/LspPing/platform/Velnet/Pkt.h"
+#include "tests/Addresses.h"
+#include "tests/AttributeLines.h"
+#include "tests/WireBytes.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
-#include <bit>
-#include <cstddef>
 #include <functional>
-#include <memory>
-#include <new>
 #include <span>
-#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -22,57 +19,22 @@
 // What the tests of the FEC views share.
 namespace FecTesting {
 
-using Bytes = std::vector< U8 >;
-
-/// "000f 2a" as three bytes; blanks are for the reader.
-inline Bytes bytesOf( std::string_view hex ) {
-   Bytes bytes;
-   int high = -1;
-   for( char const c : hex ) {
-      if( c == ' ' )
-         continue;
-      int const digit = c <= '9' ? c - '0' : c - 'a' + 10;
-      if( high < 0 ) {
-         high = digit;
-         continue;
-      }
-      bytes.push_back( static_cast< U8 >( high * 16 + digit ) );
-      high = -1;
-   }
-   return bytes;
-}
-
-/// In groups of four bytes, as the words stand in the pictures.
-inline std::string hexOf( std::span< U8 const > bytes ) {
-   std::string text;
-   for( std::size_t i = 0; i < bytes.size(); ++i ) {
-      if( i > 0 && i % 4 == 0 )
-         text += ' ';
-      text += "0123456789abcdef"[bytes[i] >> 4];
-      text += "0123456789abcdef"[bytes[i] & 15];
-   }
-   return text;
-}
-
 /// A view at an odd address, whose last byte is the last of its heap block.
 template < class View >
 class Laid {
  public:
-   explicit Laid( U8 fill ) { std::fill_n( place(), sizeof( View ), fill ); }
-   explicit Laid( std::string_view hex ) {
-      Bytes const bytes = bytesOf( hex );
-      EXPECT_EQ( bytes.size(), sizeof( View ) ) << hex;
-      std::copy_n( bytes.begin(), std::min( bytes.size(), sizeof( View ) ), place() );
+   explicit Laid( U8 fill ) : bytes_( sizeof( View ), fill ) {}
+   explicit Laid( std::string_view hex ) : bytes_( hex ) {
+      EXPECT_EQ( bytes_.size(), sizeof( View ) ) << hex;
    }
 
-   // The block holds as many bytes as the view has, which needs no alignment.
-   View & operator*() { return *reinterpret_cast< View * >( place() ); }
+   View & operator*() { return bytes_.as< View >(); }
    View * operator->() { return &**this; }
-   U8 * place() { return block_.get() + 1; }
-   std::string hex() { return hexOf( { place(), sizeof( View ) } ); }
+   U8 * place() { return bytes_.data(); }
+   std::string hex() { return bytes_.hex( 4 ); }
 
  private:
-   std::unique_ptr< U8[] > block_ = std::make_unique< U8[] >( sizeof( View ) + 1 );
+   WireBytes bytes_;
 };
 
 template < class View >
@@ -83,14 +45,6 @@ Orlo::String textOf( std::string_view hex ) {
 template < class View >
 bool isValid( std::string_view hex ) {
    return Laid< View >( hex )->valid();
-}
-
-/// What the default constructor leaves of a block that held other bytes.
-template < class View >
-std::string constructed() {
-   Laid< View > laid( U8{ 0xa5 } );
-   ::new( static_cast< void * >( laid.place() ) ) View;
-   return laid.hex();
 }
 
 /// Sets a field of a view full of 0xa5, by its setter and by its name, and compares all the bytes.
@@ -161,29 +115,6 @@ Pairs validPairs( View view = View() ) {
    return pairs;
 }
 
-/// A type's own attributes, such as "130 ipPrefix Velnet::IpAddr rw".
-template < class T >
-std::vector< std::string > attributesOf() {
-   std::vector< std::string > rows;
-   for( Kiv::Attribute const & row : Kiv::typeOf< T >().attributes() ) {
-      std::string text = std::to_string( row.id );
-      text.append( " " ).append( row.name() ).append( " " ).append( row.type().name() );
-      text.append( row.readable() ? " r" : " -" ).append( row.writable() ? "w" : "-" );
-      rows.push_back( text );
-   }
-   return rows;
-}
-using Rows = std::vector< std::string >;
-
-/// The names of a parser's attributes, "pkt, offset, …".
-template < class Parser >
-std::string namesOf() {
-   std::string names;
-   for( Kiv::Attribute const & row : Kiv::typeOf< Parser >().attributes() )
-      names.append( names.empty() ? "" : ", " ).append( row.name() );
-   return names;
-}
-
 /// A parser made by its factory at an odd offset of a packet that ends with the view.
 template < class Parser >
 class Placed {
@@ -233,14 +164,5 @@ class Placed {
    Orlo::Ptr< Velnet::Pkt > pkt_;
    Orlo::Ptr< Parser > parser_;
 };
-
-/// Two bytes as a field gives them that is copied as stored.
-inline U16 asStored( U8 first, U8 second ) {
-   return std::bit_cast< U16 >( std::array< U8, 2 >{ first, second } );
-}
-
-inline Velnet::Ip6Addr ip6( std::string_view text ) {
-   return Velnet::Ip6Addr::fromText( text ).value();
-}
 
 } // namespace FecTesting

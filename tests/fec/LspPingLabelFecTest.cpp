@@ -29,7 +29,15 @@ Word wordOf( std::string_view hex ) {
 
 template < class Word >
 std::string hexOfWord( Word const & word ) {
-   return hexOf( { reinterpret_cast< U8 const * >( &word ), sizeof word } );
+   return hexOf( { reinterpret_cast< U8 const * >( &word ), sizeof word }, 4 );
+}
+
+// The bytes of a word after one setter's call.
+template < class Word >
+std::string hexAfterSetting( std::string_view hex, void ( Word::*setter )( U32 ), U32 value ) {
+   auto word = wordOf< Word >( hex );
+   ( word.*setter )( value );
+   return hexOfWord( word );
 }
 
 template < class Word >
@@ -59,35 +67,25 @@ TYPED_TEST( LabelWord, readsLabelAndMustBeZeroBits ) {
 }
 
 TYPED_TEST( LabelWord, keepsTheOtherBitsWhenTheLabelIsSet ) {
-   auto word = wordOf< TypeParam >( "a5a5a5a5" );
-   word.labelNboIs( 3 );
-   EXPECT_EQ( hexOfWord( word ), "000035a5" );
-   word.labelNboIs( 0xfffff );
-   EXPECT_EQ( hexOfWord( word ), "fffff5a5" );
-   word = wordOf< TypeParam >( "ffffffff" );
-   word.labelNboIs( 0 );
-   EXPECT_EQ( hexOfWord( word ), "00000fff" );
+   auto const labelIs = &TypeParam::labelNboIs;
+   EXPECT_EQ( hexAfterSetting( "a5a5a5a5", labelIs, 3 ), "000035a5" );
+   EXPECT_EQ( hexAfterSetting( "a5a5a5a5", labelIs, 0xfffff ), "fffff5a5" );
+   EXPECT_EQ( hexAfterSetting( "000035a5", labelIs, 0xfffff ), "fffff5a5" );
+   EXPECT_EQ( hexAfterSetting( "ffffffff", labelIs, 0 ), "00000fff" );
 }
 
 TYPED_TEST( LabelWord, dropsLabelBitsAboveTheTwentieth ) {
-   auto word = wordOf< TypeParam >( "a5a5a5a5" );
-   word.labelNboIs( 0x100005 );
-   EXPECT_EQ( hexOfWord( word ), "000055a5" );
-   word.labelNboIs( 0xfff00000 );
-   EXPECT_EQ( hexOfWord( word ), "000005a5" );
+   auto const labelIs = &TypeParam::labelNboIs;
+   EXPECT_EQ( hexAfterSetting( "a5a5a5a5", labelIs, 0x100005 ), "000055a5" );
+   EXPECT_EQ( hexAfterSetting( "000055a5", labelIs, 0xfff00000 ), "000005a5" );
 }
 
 TYPED_TEST( LabelWord, keepsTheLabelWhenMustBeZeroBitsAreSet ) {
-   auto word = wordOf< TypeParam >( "a5a5a5a5" );
-   word.mbzIs( 0x1234 );
-   EXPECT_EQ( hexOfWord( word ), "a5a5a234" );
-   word.mbzIs( 0xffffffff );
-   EXPECT_EQ( hexOfWord( word ), "a5a5afff" );
-   word.mbzIs( 0 );
-   EXPECT_EQ( hexOfWord( word ), "a5a5a000" );
-   word = wordOf< TypeParam >( "ffffffff" );
-   word.mbzIs( 0 );
-   EXPECT_EQ( hexOfWord( word ), "fffff000" );
+   auto const mbzIs = &TypeParam::mbzIs;
+   EXPECT_EQ( hexAfterSetting( "a5a5a5a5", mbzIs, 0x1234 ), "a5a5a234" );
+   EXPECT_EQ( hexAfterSetting( "a5a5a234", mbzIs, 0xffffffff ), "a5a5afff" );
+   EXPECT_EQ( hexAfterSetting( "a5a5afff", mbzIs, 0 ), "a5a5a000" );
+   EXPECT_EQ( hexAfterSetting( "ffffffff", mbzIs, 0 ), "fffff000" );
 }
 
 TYPED_TEST( LabelWord, isWrittenByName ) {
@@ -101,7 +99,7 @@ TYPED_TEST( LabelWord, isWrittenByName ) {
 }
 
 TYPED_TEST( LabelWord, namesItsAttributesInOrder ) {
-   EXPECT_EQ( attributesOf< TypeParam >(), ( Rows{ "2 labelNbo U32 rw", "3 mbz U32 rw" } ) );
+   EXPECT_EQ( attributeLines< TypeParam >(), ( Lines{ "2 labelNbo U32 rw", "3 mbz U32 rw" } ) );
    EXPECT_FALSE( Kiv::typeOf< TypeParam >().base() );
 }
 
@@ -253,7 +251,7 @@ TEST( LspPingNilFecSubTlv, readsAndWritesItsFieldsInPlace ) {
 }
 
 TEST( LspPingNilFecSubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingNilFecSubTlv >(), zeros );
+   EXPECT_EQ( hexOfNew< LspPingNilFecSubTlv >( 4 ), zeros );
    EXPECT_EQ( textOf< LspPingNilFecSubTlv >( zeros ), "Invalid NilFecSubTlv" );
 }
 
@@ -270,9 +268,9 @@ TEST( LspPingNilFecSubTlv, printsTheLabelWithoutTheBitsBelow ) {
 }
 
 TEST( LspPingNilFecSubTlv, namesItsAttributesInOrder ) {
-   EXPECT_EQ( attributesOf< LspPingNilFecSubTlv >(),
-              ( Rows{ "130 labelField LspPing::LspPingNilFecSubTlvLabel rw", "131 label U32 rw",
-                      "132 valid bool r-", "133 stringValue Orlo::String r-" } ) );
+   EXPECT_EQ( attributeLines< LspPingNilFecSubTlv >(),
+              ( Lines{ "130 labelField LspPingNilFecSubTlvLabel rw", "131 label U32 rw",
+                       "132 valid bool r", "133 stringValue Orlo::String r" } ) );
    EXPECT_EQ( Kiv::typeOf< LspPingNilFecSubTlv >().base(), Kiv::typeOf< LspPingTlvHdr >() );
 }
 
@@ -281,7 +279,7 @@ TEST( LspPingEntropyLabelFecSubTlv, readsAndWritesItsFieldsInPlace ) {
 }
 
 TEST( LspPingEntropyLabelFecSubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingEntropyLabelFecSubTlv >(), zeros );
+   EXPECT_EQ( hexOfNew< LspPingEntropyLabelFecSubTlv >( 4 ), zeros );
    EXPECT_EQ( textOf< LspPingEntropyLabelFecSubTlv >( zeros ), "Invailid EntropyLabelFecSubTlv" );
 }
 
@@ -299,10 +297,9 @@ TEST( LspPingEntropyLabelFecSubTlv, printsTheLabelWithoutTheBitsBelow ) {
 }
 
 TEST( LspPingEntropyLabelFecSubTlv, namesItsAttributesInOrder ) {
-   EXPECT_EQ(
-      attributesOf< LspPingEntropyLabelFecSubTlv >(),
-      ( Rows{ "130 labelField LspPing::LspPingEntropyLabelFecSubTlvLabel rw", "131 label U32 rw",
-              "132 valid bool r-", "133 stringValue Orlo::String r-" } ) );
+   EXPECT_EQ( attributeLines< LspPingEntropyLabelFecSubTlv >(),
+              ( Lines{ "130 labelField LspPingEntropyLabelFecSubTlvLabel rw", "131 label U32 rw",
+                       "132 valid bool r", "133 stringValue Orlo::String r" } ) );
    EXPECT_EQ( Kiv::typeOf< LspPingEntropyLabelFecSubTlv >().base(),
               Kiv::typeOf< LspPingTlvHdr >() );
 }
@@ -311,7 +308,7 @@ constexpr char const * parserNames =
    "pkt, offset, header, handleHeader, label, valid, stringValue, totalLength";
 
 TEST( LspPingNilFecSubTlvParser, forwardsWhatItsViewSays ) {
-   EXPECT_EQ( namesOf< LspPingNilFecSubTlvParser >(), parserNames );
+   EXPECT_EQ( attributeNames< LspPingNilFecSubTlvParser >(), parserNames );
    Placed< LspPingNilFecSubTlvParser >( lspPingNilFecSubTlvParserFactory, "00100004 abcdefff" )
       .forwards( "label", U32{ 0xabcde } )
       .forwards( "valid", true )
@@ -320,7 +317,7 @@ TEST( LspPingNilFecSubTlvParser, forwardsWhatItsViewSays ) {
 }
 
 TEST( LspPingEntropyLabelFecSubTlvParser, forwardsWhatItsViewSays ) {
-   EXPECT_EQ( namesOf< LspPingEntropyLabelFecSubTlvParser >(), parserNames );
+   EXPECT_EQ( attributeNames< LspPingEntropyLabelFecSubTlvParser >(), parserNames );
    Placed< LspPingEntropyLabelFecSubTlvParser >( lspPingEntropyLabelFecSubTlvParserFactory,
                                                  "00210005 abcdefff" )
       .forwards( "label", U32{ 0xabcde } )

@@ -66,7 +66,7 @@ TEST( LspPingP2mpFecStackSubTlv, writesItsFieldsInPlace ) {
 }
 
 TEST( LspPingP2mpFecStackSubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingP2mpFecStackSubTlv >(), zeros13 );
+   EXPECT_EQ( hexOfNew< LspPingP2mpFecStackSubTlv >( 4 ), zeros13 );
    EXPECT_EQ( textOf< LspPingP2mpFecStackSubTlv >( zeros13 ), "Invalid LspPingP2mpFecStackSubTlv" );
 }
 
@@ -85,9 +85,9 @@ TEST( LspPingP2mpFecStackSubTlv, readsTheRootAsIpv4WhateverItsFamily ) {
 
 TEST( LspPingP2mpFecStackSubTlv, namesItsAttributesInOrder ) {
    EXPECT_EQ(
-      attributesOf< LspPingP2mpFecStackSubTlv >(),
-      ( Rows{ "130 family U16 rw", "131 addrLen U8 rw", "132 rootAddr Velnet::IpAddr rw",
-              "133 opaqueLen U16 rw", "134 valid bool r-", "135 stringValue Orlo::String r-" } ) );
+      attributeLines< LspPingP2mpFecStackSubTlv >(),
+      ( Lines{ "130 family U16 rw", "131 addrLen U8 rw", "132 rootAddr Velnet::IpAddr rw",
+               "133 opaqueLen U16 rw", "134 valid bool r", "135 stringValue Orlo::String r" } ) );
    EXPECT_EQ( Kiv::typeOf< LspPingP2mpFecStackSubTlv >().base(), Kiv::typeOf< LspPingTlvHdr >() );
 }
 
@@ -110,7 +110,7 @@ TEST( LspPingOpaqueValGenSubTlv, writesItsFieldsInPlace ) {
 }
 
 TEST( LspPingOpaqueValGenSubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingOpaqueValGenSubTlv >(), zeros7 );
+   EXPECT_EQ( hexOfNew< LspPingOpaqueValGenSubTlv >( 4 ), zeros7 );
    EXPECT_EQ( textOf< LspPingOpaqueValGenSubTlv >( zeros7 ), "Invalid LspPingOpaqueValGenSubTlv" );
 }
 
@@ -136,8 +136,8 @@ TEST( LspPingOpaqueValGenSubTlv, takesAMultipleOfFourBytes ) {
 }
 
 TEST( LspPingOpaqueValGenSubTlv, keepsTypeAndLengthOutOfItsAttributes ) {
-   EXPECT_EQ( attributesOf< LspPingOpaqueValGenSubTlv >(),
-              ( Rows{ "2 lspId U32 rw", "3 valid bool r-", "4 stringValue Orlo::String r-" } ) );
+   EXPECT_EQ( attributeLines< LspPingOpaqueValGenSubTlv >(),
+              ( Lines{ "2 lspId U32 rw", "3 valid bool r", "4 stringValue Orlo::String r" } ) );
    Kiv::TypeRef const type = Kiv::typeOf< LspPingOpaqueValGenSubTlv >();
    EXPECT_FALSE( type.base() );
    for( std::string_view const name : { "type", "length", "totalLength" } )
@@ -167,7 +167,7 @@ TEST( LspPingOpaqueValSGSubTlv, writesItsFieldsInPlace ) {
 }
 
 TEST( LspPingOpaqueValSGSubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingOpaqueValSGSubTlv >(), zeros11 );
+   EXPECT_EQ( hexOfNew< LspPingOpaqueValSGSubTlv >( 4 ), zeros11 );
    EXPECT_EQ( textOf< LspPingOpaqueValSGSubTlv >( zeros11 ), "Invalid LspPingOpaqueValSGSubTlv" );
 }
 
@@ -185,9 +185,9 @@ TEST( LspPingOpaqueValSGSubTlv, takesAMultipleOfFourBytes ) {
 }
 
 TEST( LspPingOpaqueValSGSubTlv, keepsTypeAndLengthOutOfItsAttributes ) {
-   EXPECT_EQ( attributesOf< LspPingOpaqueValSGSubTlv >(),
-              ( Rows{ "2 sourceAddr Velnet::IpAddr rw", "3 groupAddr Velnet::IpAddr rw",
-                      "4 valid bool r-", "5 stringValue Orlo::String r-" } ) );
+   EXPECT_EQ( attributeLines< LspPingOpaqueValSGSubTlv >(),
+              ( Lines{ "2 sourceAddr Velnet::IpAddr rw", "3 groupAddr Velnet::IpAddr rw",
+                       "4 valid bool r", "5 stringValue Orlo::String r" } ) );
    Kiv::TypeRef const type = Kiv::typeOf< LspPingOpaqueValSGSubTlv >();
    EXPECT_FALSE( type.base() );
    for( std::string_view const name : { "type", "length", "totalLength" } )
@@ -222,7 +222,7 @@ TEST( LspPingNodeAddrSubTlv, writesItsFieldsInPlace ) {
 }
 
 TEST( LspPingNodeAddrSubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingNodeAddrSubTlv >(), zeros12 );
+   EXPECT_EQ( hexOfNew< LspPingNodeAddrSubTlv >( 4 ), zeros12 );
    EXPECT_EQ( textOf< LspPingNodeAddrSubTlv >( zeros12 ), "Invalid NodeAddrSubTlv" );
 }
 
@@ -265,14 +265,14 @@ TEST( LspPingNodeAddrSubTlv, isValidOfItsSubTypeAndSubLengthOnly ) {
 }
 
 TEST( LspPingNodeAddrSubTlv, namesItsAttributesInOrder ) {
-   EXPECT_EQ( attributesOf< LspPingNodeAddrSubTlv >(),
-              ( Rows{ "130 subType U16 rw", "131 subTypeLen U16 rw", "132 addr Velnet::IpAddr rw",
-                      "133 valid bool r-", "134 stringValue Orlo::String r-" } ) );
+   EXPECT_EQ( attributeLines< LspPingNodeAddrSubTlv >(),
+              ( Lines{ "130 subType U16 rw", "131 subTypeLen U16 rw", "132 addr Velnet::IpAddr rw",
+                       "133 valid bool r", "134 stringValue Orlo::String r" } ) );
    EXPECT_EQ( Kiv::typeOf< LspPingNodeAddrSubTlv >().base(), Kiv::typeOf< LspPingTlvHdr >() );
 }
 
 TEST( LspPingP2mpFecStackSubTlvParser, forwardsWhatItsViewSays ) {
-   EXPECT_EQ( namesOf< LspPingP2mpFecStackSubTlvParser >(),
+   EXPECT_EQ( attributeNames< LspPingP2mpFecStackSubTlvParser >(),
               "pkt, offset, header, handleHeader, type, family, addrLen, rootAddr, opaqueLen, "
               "valid, stringValue, totalLength" );
    Placed< LspPingP2mpFecStackSubTlvParser >( lspPingP2mpFecStackSubTlvParserFactory,
@@ -288,7 +288,7 @@ TEST( LspPingP2mpFecStackSubTlvParser, forwardsWhatItsViewSays ) {
 }
 
 TEST( LspPingOpaqueValGenSubTlvParser, forwardsWhatItsViewSays ) {
-   EXPECT_EQ( namesOf< LspPingOpaqueValGenSubTlvParser >(),
+   EXPECT_EQ( attributeNames< LspPingOpaqueValGenSubTlvParser >(),
               "pkt, offset, header, handleHeader, type, length, lspId, valid, stringValue, "
               "totalLength" );
    Placed< LspPingOpaqueValGenSubTlvParser > placed( lspPingOpaqueValGenSubTlvParserFactory,
@@ -308,7 +308,7 @@ TEST( LspPingOpaqueValGenSubTlvParser, forwardsWhatItsViewSays ) {
 }
 
 TEST( LspPingOpaqueValSGSubTlvParser, forwardsWhatItsViewSays ) {
-   EXPECT_EQ( namesOf< LspPingOpaqueValSGSubTlvParser >(),
+   EXPECT_EQ( attributeNames< LspPingOpaqueValSGSubTlvParser >(),
               "pkt, offset, header, handleHeader, type, length, sourceAddr, groupAddr, valid, "
               "stringValue, totalLength" );
    Placed< LspPingOpaqueValSGSubTlvParser >( lspPingOpaqueValSGSubTlvParserFactory,
@@ -323,7 +323,7 @@ TEST( LspPingOpaqueValSGSubTlvParser, forwardsWhatItsViewSays ) {
 }
 
 TEST( LspPingNodeAddrSubTlvParser, forwardsWhatItsViewSays ) {
-   EXPECT_EQ( namesOf< LspPingNodeAddrSubTlvParser >(),
+   EXPECT_EQ( attributeNames< LspPingNodeAddrSubTlvParser >(),
               "pkt, offset, header, handleHeader, type, subType, subTypeLen, addr, valid, "
               "totalLength, stringValue" );
    Placed< LspPingNodeAddrSubTlvParser >( lspPingNodeAddrSubTlvParserFactory,

@@ -10,18 +10,18 @@ using Velnet::IpAddr;
 constexpr char const * zeros12 = "00000000 00000000 00000000";
 constexpr char const * zeros24 = "00000000 00000000 00000000 00000000 00000000 00000000";
 
-Rows const ip4Rows = { "130 ipPrefix Velnet::IpAddr rw",
-                       "131 prefixLen U8 rw",
-                       "132 mbz0 U8 rw",
-                       "133 mbz1 U16 rw",
-                       "134 valid bool r-",
-                       "135 stringValue Orlo::String r-" };
-Rows const ip6Rows = { "130 ipPrefix Velnet::Ip6Addr rw",
-                       "131 prefixLen U8 rw",
-                       "132 mbz0 U8 rw",
-                       "133 mbz1 U16 rw",
-                       "134 valid bool r-",
-                       "135 stringValue Orlo::String r-" };
+Lines const ip4Rows = { "130 ipPrefix Velnet::IpAddr rw",
+                        "131 prefixLen U8 rw",
+                        "132 mbz0 U8 rw",
+                        "133 mbz1 U16 rw",
+                        "134 valid bool r",
+                        "135 stringValue Orlo::String r" };
+Lines const ip6Rows = { "130 ipPrefix Velnet::Ip6Addr rw",
+                        "131 prefixLen U8 rw",
+                        "132 mbz0 U8 rw",
+                        "133 mbz1 U16 rw",
+                        "134 valid bool r",
+                        "135 stringValue Orlo::String r" };
 
 template < class View >
 void expectSetsIp4Fields() {
@@ -37,7 +37,7 @@ void expectSetsIp4Fields() {
 
 template < class View >
 void expectSetsIp6Fields() {
-   expectSets< View >( &View::ipPrefixIs, "ipPrefix", ip6( "2001:db8::1:2" ),
+   expectSets< View >( &View::ipPrefixIs, "ipPrefix", address6( "2001:db8::1:2" ),
                        "a5a5a5a5 20010db8 00000000 00000000 00010002 a5a5a5a5" );
    expectSets< View >( &View::prefixLenIs, "prefixLen", U8{ 64 },
                        "a5a5a5a5 a5a5a5a5 a5a5a5a5 a5a5a5a5 a5a5a5a5 40a5a5a5" );
@@ -61,7 +61,7 @@ void expectReadsIp4Fields( std::string_view type ) {
 template < class View >
 void expectReadsIp6Fields( std::string_view type ) {
    Laid< View > laid( std::string( type ) + "0011 20010db8 00000000 00000000 00010002 40011234" );
-   EXPECT_EQ( laid->ipPrefix(), ip6( "2001:db8::1:2" ) );
+   EXPECT_EQ( laid->ipPrefix(), address6( "2001:db8::1:2" ) );
    EXPECT_EQ( laid->prefixLen(), 64 );
    EXPECT_EQ( laid->mbz0(), 1 );
    EXPECT_EQ( laid->mbz1(), asStored( 0x12, 0x34 ) );
@@ -82,7 +82,7 @@ TEST( LspPingLdpIpv4SubTlv, readsAndWritesItsFieldsInPlace ) {
 }
 
 TEST( LspPingLdpIpv4SubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingLdpIpv4SubTlv >(), zeros12 );
+   EXPECT_EQ( hexOfNew< LspPingLdpIpv4SubTlv >( 4 ), zeros12 );
    EXPECT_EQ( textOf< LspPingLdpIpv4SubTlv >( zeros12 ), "Invalid LdpIpv4SubTlv" );
 }
 
@@ -109,7 +109,7 @@ TEST( LspPingGenericIpv4SubTlv, readsAndWritesItsFieldsInPlace ) {
 }
 
 TEST( LspPingGenericIpv4SubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingGenericIpv4SubTlv >(), zeros12 );
+   EXPECT_EQ( hexOfNew< LspPingGenericIpv4SubTlv >( 4 ), zeros12 );
    EXPECT_EQ( textOf< LspPingGenericIpv4SubTlv >( zeros12 ), "" );
 }
 
@@ -132,7 +132,7 @@ TEST( LspPingGenericIpv6SubTlv, readsAndWritesItsFieldsInPlace ) {
 }
 
 TEST( LspPingGenericIpv6SubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingGenericIpv6SubTlv >(), zeros24 );
+   EXPECT_EQ( hexOfNew< LspPingGenericIpv6SubTlv >( 4 ), zeros24 );
    EXPECT_EQ( textOf< LspPingGenericIpv6SubTlv >( zeros24 ), "" );
 }
 
@@ -159,7 +159,7 @@ TEST( LspPingBgpLuIpv4SubTlv, readsAndWritesItsFieldsInPlace ) {
 }
 
 TEST( LspPingBgpLuIpv4SubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingBgpLuIpv4SubTlv >(), zeros12 );
+   EXPECT_EQ( hexOfNew< LspPingBgpLuIpv4SubTlv >( 4 ), zeros12 );
    EXPECT_EQ( textOf< LspPingBgpLuIpv4SubTlv >( zeros12 ), "Invalid BgpLuIpv4SubTlv" );
 }
 
@@ -189,7 +189,7 @@ TEST( LspPingBgpLuIpv6SubTlv, readsAndWritesItsFieldsInPlace ) {
 }
 
 TEST( LspPingBgpLuIpv6SubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingBgpLuIpv6SubTlv >(), zeros24 );
+   EXPECT_EQ( hexOfNew< LspPingBgpLuIpv6SubTlv >( 4 ), zeros24 );
    EXPECT_EQ( textOf< LspPingBgpLuIpv6SubTlv >( zeros24 ), "Invalid BgpLuIpv6SubTlv" );
 }
 
@@ -218,11 +218,11 @@ TEST( LspPingBgpLuIpv6SubTlv, isValidUpToPrefixLength128 ) {
 }
 
 TEST( PrefixFecs, nameTheirAttributesInOneOrder ) {
-   EXPECT_EQ( attributesOf< LspPingLdpIpv4SubTlv >(), ip4Rows );
-   EXPECT_EQ( attributesOf< LspPingGenericIpv4SubTlv >(), ip4Rows );
-   EXPECT_EQ( attributesOf< LspPingGenericIpv6SubTlv >(), ip6Rows );
-   EXPECT_EQ( attributesOf< LspPingBgpLuIpv4SubTlv >(), ip4Rows );
-   EXPECT_EQ( attributesOf< LspPingBgpLuIpv6SubTlv >(), ip6Rows );
+   EXPECT_EQ( attributeLines< LspPingLdpIpv4SubTlv >(), ip4Rows );
+   EXPECT_EQ( attributeLines< LspPingGenericIpv4SubTlv >(), ip4Rows );
+   EXPECT_EQ( attributeLines< LspPingGenericIpv6SubTlv >(), ip6Rows );
+   EXPECT_EQ( attributeLines< LspPingBgpLuIpv4SubTlv >(), ip4Rows );
+   EXPECT_EQ( attributeLines< LspPingBgpLuIpv6SubTlv >(), ip6Rows );
    EXPECT_EQ( Kiv::typeOf< LspPingLdpIpv4SubTlv >().base(), Kiv::typeOf< LspPingTlvHdr >() );
 }
 
@@ -232,7 +232,7 @@ constexpr char const * parserNames = "pkt, offset, header, handleHeader, ipPrefi
 template < class Parser >
 void expectIp4Parser( typename Placed< Parser >::Factory factory, std::string_view header,
                       std::string_view text ) {
-   EXPECT_EQ( namesOf< Parser >(), parserNames );
+   EXPECT_EQ( attributeNames< Parser >(), parserNames );
    Placed< Parser >( factory, std::string( header ) + "0a010203 1c000000" )
       .forwards( "ipPrefix", IpAddr( 10, 1, 2, 3 ) )
       .forwards( "prefixLen", U8{ 28 } )
@@ -244,10 +244,10 @@ void expectIp4Parser( typename Placed< Parser >::Factory factory, std::string_vi
 template < class Parser >
 void expectIp6Parser( typename Placed< Parser >::Factory factory, std::string_view header,
                       std::string_view text ) {
-   EXPECT_EQ( namesOf< Parser >(), parserNames );
+   EXPECT_EQ( attributeNames< Parser >(), parserNames );
    Placed< Parser >( factory,
                      std::string( header ) + "20010db8 00000000 00000000 00000001 7c000000" )
-      .forwards( "ipPrefix", ip6( "2001:db8::1" ) )
+      .forwards( "ipPrefix", address6( "2001:db8::1" ) )
       .forwards( "prefixLen", U8{ 124 } )
       .forwards( "valid", true )
       .forwards( "totalLength", U16{ 24 } )

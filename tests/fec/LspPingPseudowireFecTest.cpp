@@ -1,6 +1,7 @@
 #include "MplsUtils/LspPing/LspPingHdr.h"
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "MplsUtils/LspPing/platform/Velnet/Pkt.h"
+#include "tests/AttributeLines.h"
 #include "tests/WireBytes.h"
 
 #include <gtest/gtest.h>
@@ -21,28 +22,10 @@ using LspPing::LspPingFec129Ipv4SubTlv;
 using Pseudowire::PseudowireAttachmentIdentifier;
 using Pseudowire::PseudowireGenId;
 using Velnet::IpAddr;
-using Bytes = std::vector< U8 >;
 
 static_assert( std::is_trivially_copyable_v< LspPingFec128Ipv4SubTlv > );
 static_assert( std::is_trivially_copyable_v< LspPingFec129Ipv4SubTlv > );
 static_assert( !LspPingFec128Ipv4SubTlv{}.valid() );
-
-/// Given bytes at an odd address, the heap block's end right behind them.
-class OddBlock {
- public:
-   explicit OddBlock( Bytes const & bytes ) : wire_( bytes.size(), 0 ) {
-      for( U32 index = 0; index < wire_.size(); ++index )
-         wire_.data()[index] = bytes[index];
-   }
-   template < class View >
-   View & view() {
-      return wire_.as< View >();
-   }
-   Bytes bytes() { return { wire_.data(), wire_.data() + wire_.size() }; }
-
- private:
-   WireBytes wire_;
-};
 
 Bytes const fec128Bytes = {
    0x00, 0x0a, 0x00, 0x0e, // type 10, length 14
@@ -65,8 +48,8 @@ TEST( LspPingFec128Ipv4SubTlv, readsItsBytes ) {
    Bytes bytes = fec128Bytes;
    bytes[18] = 0x12;
    bytes[19] = 0x34;
-   OddBlock block{ bytes };
-   auto const & view = block.view< LspPingFec128Ipv4SubTlv >();
+   WireBytes block{ bytes };
+   auto const & view = block.as< LspPingFec128Ipv4SubTlv >();
    EXPECT_EQ( view.type(), 10 );
    EXPECT_EQ( view.length(), 14 );
    EXPECT_EQ( view.senderAddr(), IpAddr( 10, 0, 0, 1 ) );
@@ -79,10 +62,10 @@ TEST( LspPingFec128Ipv4SubTlv, readsItsBytes ) {
 }
 
 TEST( LspPingFec128Ipv4SubTlv, writesItsBytes ) {
-   OddBlock block{ Bytes( 20, 0xa5 ) };
-   auto & view = block.view< LspPingFec128Ipv4SubTlv >();
+   WireBytes block{ Bytes( 20, 0xa5 ) };
+   auto & view = block.as< LspPingFec128Ipv4SubTlv >();
    view.pwIdIs( 66051 );
-   EXPECT_EQ( block.bytes(),
+   EXPECT_EQ( block.copy(),
               ( Bytes{ 0xa5, 0xa5, 0xa5, 0xa5, 0xa5, 0xa5, 0xa5, 0xa5, 0xa5, 0xa5,
                        0xa5, 0xa5, 0x00, 0x01, 0x02, 0x03, 0xa5, 0xa5, 0xa5, 0xa5 } ) );
    view.typeIs( 10 );
@@ -91,7 +74,7 @@ TEST( LspPingFec128Ipv4SubTlv, writesItsBytes ) {
    view.receiverAddrIs( IpAddr{ 10, 0, 0, 2 } );
    view.pwTypeIs( 5 );
    view.mbzIs( 0 );
-   EXPECT_EQ( block.bytes(), fec128Bytes );
+   EXPECT_EQ( block.copy(), fec128Bytes );
 }
 
 TEST( LspPingFec128Ipv4SubTlv, isValidForOneTypeOneLengthAndNoBitThatMustBeZero ) {
@@ -116,8 +99,8 @@ TEST( LspPingFec128Ipv4SubTlv, isValidForOneTypeOneLengthAndNoBitThatMustBeZero 
 }
 
 TEST( LspPingFec128Ipv4SubTlv, printsItsFieldsWithTabs ) {
-   OddBlock block{ fec128Bytes };
-   auto & view = block.view< LspPingFec128Ipv4SubTlv >();
+   WireBytes block{ fec128Bytes };
+   auto & view = block.as< LspPingFec128Ipv4SubTlv >();
    EXPECT_EQ( view.stringValue(), "Fec128Ipv4:\tsender(10.0.0.1),\treceiver(10.0.0.2),"
                                   "\tpwId(66051),\tpwType(5)" );
    view.pwIdIs( 2147483648 );
@@ -128,18 +111,9 @@ TEST( LspPingFec128Ipv4SubTlv, printsItsFieldsWithTabs ) {
    EXPECT_EQ( view.stringValue(), "Invalid Fec128Ipv4SubTlv" );
 }
 
-template < class View >
-std::vector< std::string_view > attributeNames() {
-   std::vector< std::string_view > names;
-   for( Kiv::Attribute const & attribute : Kiv::typeOf< View >().attributes() )
-      names.push_back( attribute.name() );
-   return names;
-}
-
 TEST( LspPingFec128Ipv4SubTlv, hasItsAttributesInOrder ) {
    EXPECT_EQ( attributeNames< LspPingFec128Ipv4SubTlv >(),
-              ( std::vector< std::string_view >{ "senderAddr", "receiverAddr", "pwId", "pwType",
-                                                 "mbz", "valid", "stringValue" } ) );
+              "senderAddr, receiverAddr, pwId, pwType, mbz, valid, stringValue" );
    LspPingFec128Ipv4SubTlv view;
    Kiv::write< U32 >( view, "pwId", 7 );
    EXPECT_EQ( view.pwId(), 7u );
@@ -199,8 +173,8 @@ Bytes const fec129Example = {
 };
 
 TEST( LspPingFec129Ipv4SubTlv, readsItsBytes ) {
-   OddBlock block{ fec129Example };
-   auto const & view = block.view< LspPingFec129Ipv4SubTlv >();
+   WireBytes block{ fec129Example };
+   auto const & view = block.as< LspPingFec129Ipv4SubTlv >();
    EXPECT_EQ( view.senderAddr(), IpAddr( 10, 0, 0, 1 ) );
    EXPECT_EQ( view.receiverAddr(), IpAddr( 10, 0, 0, 2 ) );
    EXPECT_EQ( view.pwType(), 5 );
@@ -213,20 +187,20 @@ TEST( LspPingFec129Ipv4SubTlv, readsItsBytes ) {
 }
 
 TEST( LspPingFec129Ipv4SubTlv, writesItsFixedPart ) {
-   OddBlock block{ Bytes( 14, 0xa5 ) };
-   auto & view = block.view< LspPingFec129Ipv4SubTlv >();
+   WireBytes block{ Bytes( 14, 0xa5 ) };
+   auto & view = block.as< LspPingFec129Ipv4SubTlv >();
    view.typeIs( 11 );
    view.lengthIs( 28 );
    view.senderAddrIs( IpAddr{ 10, 0, 0, 1 } );
    view.receiverAddrIs( IpAddr{ 10, 0, 0, 2 } );
    view.pwTypeIs( 5 );
-   EXPECT_EQ( block.bytes(), Bytes( fec129Example.begin(), fec129Example.begin() + 14 ) );
+   EXPECT_EQ( block.copy(), Bytes( fec129Example.begin(), fec129Example.begin() + 14 ) );
 }
 
 TEST( LspPingFec129Ipv4SubTlv, needsALengthThatCoversItsIdentifiers ) {
    for( U16 length = 0; length <= 28; ++length ) {
-      OddBlock block{ fec129Example };
-      auto & view = block.view< LspPingFec129Ipv4SubTlv >();
+      WireBytes block{ fec129Example };
+      auto & view = block.as< LspPingFec129Ipv4SubTlv >();
       view.lengthIs( length );
       EXPECT_EQ( view.valid(), length >= 25 ) << length;
       EXPECT_EQ( view.pwGenId(), length >= 25 ? genId( 1, 4, 4 ) : PseudowireGenId{} ) << length;
@@ -236,8 +210,8 @@ TEST( LspPingFec129Ipv4SubTlv, needsALengthThatCoversItsIdentifiers ) {
 }
 
 TEST( LspPingFec129Ipv4SubTlv, isValidForOneTypeAndTwoPseudowireTypes ) {
-   OddBlock block{ fec129Example };
-   auto & view = block.view< LspPingFec129Ipv4SubTlv >();
+   WireBytes block{ fec129Example };
+   auto & view = block.as< LspPingFec129Ipv4SubTlv >();
    for( U32 number = 0; number <= 0xFFFF; ++number ) {
       U16 const value = static_cast< U16 >( number );
       view.typeIs( value );
@@ -255,8 +229,8 @@ TEST( LspPingFec129Ipv4SubTlv, isInvalidWithAnIdentifierOfNineBytesWhateverItsLe
    Bytes bytes( 4 + 0xFFFF );
    std::copy( fec129Example.begin(), fec129Example.end(), bytes.begin() );
    bytes[15] = 9;
-   OddBlock block{ bytes };
-   auto & view = block.view< LspPingFec129Ipv4SubTlv >();
+   WireBytes block{ bytes };
+   auto & view = block.as< LspPingFec129Ipv4SubTlv >();
    for( U32 length = 0; length <= 0xFFFF; ++length ) {
       view.lengthIs( static_cast< U16 >( length ) );
       ASSERT_EQ( view.pwGenId(), PseudowireGenId{} ) << length;
@@ -265,8 +239,8 @@ TEST( LspPingFec129Ipv4SubTlv, isInvalidWithAnIdentifierOfNineBytesWhateverItsLe
 }
 
 TEST( LspPingFec129Ipv4SubTlv, isInvalidWhenItsIdentifiersEqualThreeEmptyOnes ) {
-   OddBlock block{ fec129Bytes( PseudowireGenId{} ) };
-   auto & view = block.view< LspPingFec129Ipv4SubTlv >();
+   WireBytes block{ fec129Bytes( PseudowireGenId{} ) };
+   auto & view = block.as< LspPingFec129Ipv4SubTlv >();
    EXPECT_EQ( view.length(), 16 );
    EXPECT_EQ( view.pwGenId(), PseudowireGenId{} );
    EXPECT_FALSE( view.valid() );
@@ -284,10 +258,10 @@ TEST( LspPingFec129Ipv4SubTlv, writesAndReadsBackIdentifiersOfEveryLength ) {
             Bytes const expected = fec129Bytes( id );
             Bytes before = expected;
             std::fill( before.begin() + 14, before.end(), 0xa5 );
-            OddBlock block{ before };
-            auto & view = block.view< LspPingFec129Ipv4SubTlv >();
+            WireBytes block{ before };
+            auto & view = block.as< LspPingFec129Ipv4SubTlv >();
             view.pwGenIdIs( id );
-            ASSERT_EQ( block.bytes(), expected ) << a << ' ' << s << ' ' << t;
+            ASSERT_EQ( block.copy(), expected ) << a << ' ' << s << ' ' << t;
             ASSERT_EQ( view.pwGenId(), id ) << a << ' ' << s << ' ' << t;
             ASSERT_EQ( view.additionalTlvLength(), a + s + t );
             ASSERT_TRUE( view.valid() );
@@ -300,17 +274,17 @@ TEST( LspPingFec129Ipv4SubTlv, leavesBytesBehindThePaddingAlone ) {
    Bytes bytes( 48, 0xa5 );
    std::copy( fec129Example.begin(), fec129Example.begin() + 14, bytes.begin() );
    bytes[3] = 44;
-   OddBlock block{ bytes };
-   block.view< LspPingFec129Ipv4SubTlv >().pwGenIdIs( genId( 1, 4, 4 ) );
+   WireBytes block{ bytes };
+   block.as< LspPingFec129Ipv4SubTlv >().pwGenIdIs( genId( 1, 4, 4 ) );
    Bytes expected = fec129Example;
    expected.resize( 48, 0xa5 );
    expected[3] = 44;
-   EXPECT_EQ( block.bytes(), expected );
+   EXPECT_EQ( block.copy(), expected );
 }
 
 TEST( LspPingFec129Ipv4SubTlvDeathTest, refusesIdentifiersOfMoreThanEightBytes ) {
-   OddBlock block{ Bytes( 64, 0 ) };
-   auto & view = block.view< LspPingFec129Ipv4SubTlv >();
+   WireBytes block{ Bytes( 64, 0 ) };
+   auto & view = block.as< LspPingFec129Ipv4SubTlv >();
    view.lengthIs( 60 );
    EXPECT_DEATH( view.pwGenIdIs( genId( 9, 9, 9 ) ),
                  "assertion \"agi.length\\(\\) <= maxLength\" failed" );
@@ -321,8 +295,8 @@ TEST( LspPingFec129Ipv4SubTlvDeathTest, refusesIdentifiersOfMoreThanEightBytes )
 }
 
 TEST( LspPingFec129Ipv4SubTlvDeathTest, refusesIdentifiersThatItsLengthDoesNotCover ) {
-   OddBlock block{ fec129Example };
-   auto & view = block.view< LspPingFec129Ipv4SubTlv >();
+   WireBytes block{ fec129Example };
+   auto & view = block.as< LspPingFec129Ipv4SubTlv >();
    view.pwGenIdIs( genId( 1, 4, 4 ) );
    view.lengthIs( 27 );
    EXPECT_DEATH( view.pwGenIdIs( genId( 1, 4, 4 ) ),
@@ -392,12 +366,12 @@ TEST( LspPingFec129Ipv4SubTlv, readsNothingThatItsLengthDoesNotCover ) {
 }
 
 TEST( LspPingFec129Ipv4SubTlv, hasItsAttributesInOrder ) {
-   EXPECT_EQ( attributeNames< LspPingFec129Ipv4SubTlv >(),
-              ( std::vector< std::string_view >{ "senderAddr", "receiverAddr", "pwType", "pwGenId",
-                                                 "minTlvLength", "additionalTlvLength", "valid",
-                                                 "stringValue" } ) );
-   OddBlock block{ fec129Example };
-   auto & view = block.view< LspPingFec129Ipv4SubTlv >();
+   EXPECT_EQ(
+      attributeNames< LspPingFec129Ipv4SubTlv >(),
+      "senderAddr, receiverAddr, pwType, pwGenId, minTlvLength, additionalTlvLength, valid, "
+      "stringValue" );
+   WireBytes block{ fec129Example };
+   auto & view = block.as< LspPingFec129Ipv4SubTlv >();
    EXPECT_EQ( Kiv::read< PseudowireGenId >( view, "pwGenId" ), genId( 1, 4, 4 ) );
    Kiv::write< PseudowireGenId >( view, "pwGenId", genId( 4, 4, 4 ) );
    EXPECT_EQ( view.pwGenId(), genId( 4, 4, 4 ) );

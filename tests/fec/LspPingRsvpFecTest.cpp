@@ -48,7 +48,7 @@ TEST( LspPingRsvpIpv4SubTlv, readsAndWritesItsFieldsInPlace ) {
 }
 
 TEST( LspPingRsvpIpv4SubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingRsvpIpv4SubTlv >(), zeros );
+   EXPECT_EQ( hexOfNew< LspPingRsvpIpv4SubTlv >( 4 ), zeros );
    EXPECT_EQ( textOf< LspPingRsvpIpv4SubTlv >( zeros ), "Invalid RsvpIpv4SubTlv" );
 }
 
@@ -81,11 +81,11 @@ TEST( LspPingRsvpIpv4SubTlv, printsItsFieldsBehindTabs ) {
 }
 
 TEST( LspPingRsvpIpv4SubTlv, namesItsAttributesInOrder ) {
-   EXPECT_EQ( attributesOf< LspPingRsvpIpv4SubTlv >(),
-              ( Rows{ "130 destination Velnet::IpAddr rw", "131 mbz0 U16 rw", "132 tunnelId U16 rw",
-                      "133 extendedTunnelId Velnet::IpAddr rw",
-                      "134 senderAddress Velnet::IpAddr rw", "135 mbz1 U16 rw", "136 lspId U16 rw",
-                      "137 valid bool r-", "138 stringValue Orlo::String r-" } ) );
+   EXPECT_EQ( attributeLines< LspPingRsvpIpv4SubTlv >(),
+              ( Lines{ "130 destination Velnet::IpAddr rw", "131 mbz0 U16 rw",
+                       "132 tunnelId U16 rw", "133 extendedTunnelId Velnet::IpAddr rw",
+                       "134 senderAddress Velnet::IpAddr rw", "135 mbz1 U16 rw", "136 lspId U16 rw",
+                       "137 valid bool r", "138 stringValue Orlo::String r" } ) );
    EXPECT_EQ( Kiv::typeOf< LspPingRsvpIpv4SubTlv >().base(), Kiv::typeOf< LspPingTlvHdr >() );
 }
 
@@ -101,7 +101,7 @@ TEST( LspPingRsvpP2mpIpv4SubTlv, readsAndWritesItsFieldsInPlace ) {
 }
 
 TEST( LspPingRsvpP2mpIpv4SubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingRsvpP2mpIpv4SubTlv >(), zeros );
+   EXPECT_EQ( hexOfNew< LspPingRsvpP2mpIpv4SubTlv >( 4 ), zeros );
    EXPECT_EQ( textOf< LspPingRsvpP2mpIpv4SubTlv >( zeros ), "Invalid RsvpP2mpIpv4SubTlv" );
 }
 
@@ -145,16 +145,16 @@ TEST( LspPingRsvpP2mpIpv4SubTlv, printsALargeIdentifierNegative ) {
 }
 
 TEST( LspPingRsvpP2mpIpv4SubTlv, namesItsAttributesInOrder ) {
-   EXPECT_EQ( attributesOf< LspPingRsvpP2mpIpv4SubTlv >(),
-              ( Rows{ "130 p2mpId U32 rw", "131 mbz0 U16 rw", "132 tunnelId U16 rw",
-                      "133 extendedTunnelId Velnet::IpAddr rw",
-                      "134 senderAddress Velnet::IpAddr rw", "135 mbz1 U16 rw", "136 lspId U16 rw",
-                      "137 valid bool r-", "138 stringValue Orlo::String r-" } ) );
+   EXPECT_EQ( attributeLines< LspPingRsvpP2mpIpv4SubTlv >(),
+              ( Lines{ "130 p2mpId U32 rw", "131 mbz0 U16 rw", "132 tunnelId U16 rw",
+                       "133 extendedTunnelId Velnet::IpAddr rw",
+                       "134 senderAddress Velnet::IpAddr rw", "135 mbz1 U16 rw", "136 lspId U16 rw",
+                       "137 valid bool r", "138 stringValue Orlo::String r" } ) );
    EXPECT_EQ( Kiv::typeOf< LspPingRsvpP2mpIpv4SubTlv >().base(), Kiv::typeOf< LspPingTlvHdr >() );
 }
 
 TEST( LspPingRsvpIpv4SubTlvParser, forwardsWhatItsViewSays ) {
-   EXPECT_EQ( namesOf< LspPingRsvpIpv4SubTlvParser >(),
+   EXPECT_EQ( attributeNames< LspPingRsvpIpv4SubTlvParser >(),
               "pkt, offset, header, handleHeader, destination, tunnelId, extendedTunnelId, "
               "senderAddress, lspId, valid, stringValue, totalLength" );
    Placed< LspPingRsvpIpv4SubTlvParser >( lspPingRsvpIpv4SubTlvParserFactory,
@@ -172,7 +172,7 @@ TEST( LspPingRsvpIpv4SubTlvParser, forwardsWhatItsViewSays ) {
 }
 
 TEST( LspPingRsvpP2mpIpv4SubTlvParser, forwardsWhatItsViewSays ) {
-   EXPECT_EQ( namesOf< LspPingRsvpP2mpIpv4SubTlvParser >(),
+   EXPECT_EQ( attributeNames< LspPingRsvpP2mpIpv4SubTlvParser >(),
               "pkt, offset, header, handleHeader, p2mpId, tunnelId, extendedTunnelId, "
               "senderAddress, lspId, valid, stringValue, totalLength" );
    Placed< LspPingRsvpP2mpIpv4SubTlvParser >(

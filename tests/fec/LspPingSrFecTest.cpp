@@ -30,7 +30,7 @@ TEST( LspPingSrIpv4SubTlv, writesItsFieldsInPlace ) {
 }
 
 TEST( LspPingSrIpv4SubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingSrIpv4SubTlv >(), zeros12 );
+   EXPECT_EQ( hexOfNew< LspPingSrIpv4SubTlv >( 4 ), zeros12 );
    EXPECT_EQ( textOf< LspPingSrIpv4SubTlv >( zeros12 ), "" );
 }
 
@@ -56,16 +56,16 @@ TEST( LspPingSrIpv4SubTlv, printsTheAlgorithmBeyondItsValue ) {
 }
 
 TEST( LspPingSrIpv4SubTlv, namesItsAttributesInOrder ) {
-   EXPECT_EQ( attributesOf< LspPingSrIpv4SubTlv >(),
-              ( Rows{ "130 ipPrefix Velnet::IpAddr rw", "131 prefixLen U8 rw", "132 protocol U8 rw",
-                      "133 algorithm U8 rw", "134 reserved U8 rw", "135 valid bool r-",
-                      "136 stringValue Orlo::String r-" } ) );
+   EXPECT_EQ( attributeLines< LspPingSrIpv4SubTlv >(),
+              ( Lines{ "130 ipPrefix Velnet::IpAddr rw", "131 prefixLen U8 rw",
+                       "132 protocol U8 rw", "133 algorithm U8 rw", "134 reserved U8 rw",
+                       "135 valid bool r", "136 stringValue Orlo::String r" } ) );
    EXPECT_EQ( Kiv::typeOf< LspPingSrIpv4SubTlv >().base(), Kiv::typeOf< LspPingTlvHdr >() );
 }
 
 TEST( LspPingSrIpv6SubTlv, readsItsFieldsInPlace ) {
    Laid< LspPingSrIpv6SubTlv > laid( "00230014 20010db8 00000000 00000000 00010002 40010203" );
-   EXPECT_EQ( laid->ipPrefix(), ip6( "2001:db8::1:2" ) );
+   EXPECT_EQ( laid->ipPrefix(), address6( "2001:db8::1:2" ) );
    EXPECT_EQ( laid->prefixLen(), 64 );
    EXPECT_EQ( laid->protocol(), 1 );
    EXPECT_EQ( laid->algorithm(), 2 );
@@ -75,7 +75,7 @@ TEST( LspPingSrIpv6SubTlv, readsItsFieldsInPlace ) {
 
 TEST( LspPingSrIpv6SubTlv, writesItsFieldsInPlace ) {
    using View = LspPingSrIpv6SubTlv;
-   expectSets< View >( &View::ipPrefixIs, "ipPrefix", ip6( "2001:db8::1:2" ),
+   expectSets< View >( &View::ipPrefixIs, "ipPrefix", address6( "2001:db8::1:2" ),
                        "a5a5a5a5 20010db8 00000000 00000000 00010002 a5a5a5a5" );
    expectSets< View >( &View::prefixLenIs, "prefixLen", U8{ 64 },
                        "a5a5a5a5 a5a5a5a5 a5a5a5a5 a5a5a5a5 a5a5a5a5 40a5a5a5" );
@@ -88,7 +88,7 @@ TEST( LspPingSrIpv6SubTlv, writesItsFieldsInPlace ) {
 }
 
 TEST( LspPingSrIpv6SubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingSrIpv6SubTlv >(), zeros24 );
+   EXPECT_EQ( hexOfNew< LspPingSrIpv6SubTlv >( 4 ), zeros24 );
    EXPECT_EQ( textOf< LspPingSrIpv6SubTlv >( zeros24 ), "" );
 }
 
@@ -116,10 +116,10 @@ TEST( LspPingSrIpv6SubTlv, printsPrefixAndAlgorithm ) {
 }
 
 TEST( LspPingSrIpv6SubTlv, namesItsAttributesInOrder ) {
-   EXPECT_EQ( attributesOf< LspPingSrIpv6SubTlv >(),
-              ( Rows{ "130 ipPrefix Velnet::Ip6Addr rw", "131 prefixLen U8 rw",
-                      "132 protocol U8 rw", "133 algorithm U8 rw", "134 reserved U8 rw",
-                      "135 valid bool r-", "136 stringValue Orlo::String r-" } ) );
+   EXPECT_EQ( attributeLines< LspPingSrIpv6SubTlv >(),
+              ( Lines{ "130 ipPrefix Velnet::Ip6Addr rw", "131 prefixLen U8 rw",
+                       "132 protocol U8 rw", "133 algorithm U8 rw", "134 reserved U8 rw",
+                       "135 valid bool r", "136 stringValue Orlo::String r" } ) );
    EXPECT_EQ( Kiv::typeOf< LspPingSrIpv6SubTlv >().base(), Kiv::typeOf< LspPingTlvHdr >() );
 }
 
@@ -127,7 +127,7 @@ constexpr char const * parserNames = "pkt, offset, header, handleHeader, ipPrefi
                                      "algorithm, valid, stringValue, totalLength";
 
 TEST( LspPingSrIpv4SubTlvParser, forwardsWhatItsViewSays ) {
-   EXPECT_EQ( namesOf< LspPingSrIpv4SubTlvParser >(), parserNames );
+   EXPECT_EQ( attributeNames< LspPingSrIpv4SubTlvParser >(), parserNames );
    Placed< LspPingSrIpv4SubTlvParser >( lspPingSrIpv4SubTlvParserFactory,
                                         "00220006 0a010203 1c028003" )
       .forwards( "ipPrefix", IpAddr( 10, 1, 2, 3 ) )
@@ -139,10 +139,10 @@ TEST( LspPingSrIpv4SubTlvParser, forwardsWhatItsViewSays ) {
 }
 
 TEST( LspPingSrIpv6SubTlvParser, forwardsWhatItsViewSays ) {
-   EXPECT_EQ( namesOf< LspPingSrIpv6SubTlvParser >(), parserNames );
+   EXPECT_EQ( attributeNames< LspPingSrIpv6SubTlvParser >(), parserNames );
    Placed< LspPingSrIpv6SubTlvParser >( lspPingSrIpv6SubTlvParserFactory,
                                         "00230013 20010db8 00000000 00000000 00000001 7c028003" )
-      .forwards( "ipPrefix", ip6( "2001:db8::1" ) )
+      .forwards( "ipPrefix", address6( "2001:db8::1" ) )
       .forwards( "prefixLen", U8{ 124 } )
       .forwards( "algorithm", U8{ 128 } )
       .forwards( "valid", false )

@@ -36,7 +36,7 @@ TEST( LspPingVpnIpv4SubTlv, writesItsFieldsInPlace ) {
 }
 
 TEST( LspPingVpnIpv4SubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingVpnIpv4SubTlv >(), zeros20 );
+   EXPECT_EQ( hexOfNew< LspPingVpnIpv4SubTlv >( 4 ), zeros20 );
    EXPECT_EQ( textOf< LspPingVpnIpv4SubTlv >( zeros20 ), "Invalid VpnIpv4SubTlv" );
 }
 
@@ -66,10 +66,10 @@ TEST( LspPingVpnIpv4SubTlv, printsTheRouteDistinguisherAsOneUnsignedNumber ) {
 }
 
 TEST( LspPingVpnIpv4SubTlv, namesItsAttributesInOrder ) {
-   EXPECT_EQ( attributesOf< LspPingVpnIpv4SubTlv >(),
-              ( Rows{ "130 rd U64 rw", "131 ipPrefix Velnet::IpAddr rw", "132 prefixLen U8 rw",
-                      "133 mbz0 U8 rw", "134 mbz1 U16 rw", "135 valid bool r-",
-                      "136 stringValue Orlo::String r-" } ) );
+   EXPECT_EQ( attributeLines< LspPingVpnIpv4SubTlv >(),
+              ( Lines{ "130 rd U64 rw", "131 ipPrefix Velnet::IpAddr rw", "132 prefixLen U8 rw",
+                       "133 mbz0 U8 rw", "134 mbz1 U16 rw", "135 valid bool r",
+                       "136 stringValue Orlo::String r" } ) );
    EXPECT_EQ( Kiv::typeOf< LspPingVpnIpv4SubTlv >().base(), Kiv::typeOf< LspPingTlvHdr >() );
 }
 
@@ -77,7 +77,7 @@ TEST( LspPingVpnIpv6SubTlv, readsItsFieldsInPlace ) {
    Laid< LspPingVpnIpv6SubTlv > laid(
       "00070019 01020304 05060708 20010db8 00000000 00000000 00010002 40011234" );
    EXPECT_EQ( laid->rd(), 0x0102030405060708u );
-   EXPECT_EQ( laid->ipPrefix(), ip6( "2001:db8::1:2" ) );
+   EXPECT_EQ( laid->ipPrefix(), address6( "2001:db8::1:2" ) );
    EXPECT_EQ( laid->prefixLen(), 64 );
    EXPECT_EQ( laid->mbz0(), 1 );
    EXPECT_EQ( laid->mbz1(), asStored( 0x12, 0x34 ) );
@@ -89,7 +89,7 @@ TEST( LspPingVpnIpv6SubTlv, writesItsFieldsInPlace ) {
    using View = LspPingVpnIpv6SubTlv;
    expectSets< View >( &View::rdIs, "rd", U64{ 0x0102030405060708 },
                        "a5a5a5a5 01020304 05060708 a5a5a5a5 a5a5a5a5 a5a5a5a5 a5a5a5a5 a5a5a5a5" );
-   expectSets< View >( &View::ipPrefixIs, "ipPrefix", ip6( "2001:db8::1:2" ),
+   expectSets< View >( &View::ipPrefixIs, "ipPrefix", address6( "2001:db8::1:2" ),
                        "a5a5a5a5 a5a5a5a5 a5a5a5a5 20010db8 00000000 00000000 00010002 a5a5a5a5" );
    expectSets< View >( &View::prefixLenIs, "prefixLen", U8{ 64 },
                        "a5a5a5a5 a5a5a5a5 a5a5a5a5 a5a5a5a5 a5a5a5a5 a5a5a5a5 a5a5a5a5 40a5a5a5" );
@@ -100,7 +100,7 @@ TEST( LspPingVpnIpv6SubTlv, writesItsFieldsInPlace ) {
 }
 
 TEST( LspPingVpnIpv6SubTlv, isZeroAndInvalidWhenNew ) {
-   EXPECT_EQ( constructed< LspPingVpnIpv6SubTlv >(), zeros32 );
+   EXPECT_EQ( hexOfNew< LspPingVpnIpv6SubTlv >( 4 ), zeros32 );
    EXPECT_EQ( textOf< LspPingVpnIpv6SubTlv >( zeros32 ), "Invalid VpnIpv6SubTlv" );
 }
 
@@ -130,10 +130,10 @@ TEST( LspPingVpnIpv6SubTlv, printsTheRouteDistinguisherAsOneUnsignedNumber ) {
 }
 
 TEST( LspPingVpnIpv6SubTlv, namesItsAttributesInOrder ) {
-   EXPECT_EQ( attributesOf< LspPingVpnIpv6SubTlv >(),
-              ( Rows{ "130 rd U64 rw", "131 ipPrefix Velnet::Ip6Addr rw", "132 prefixLen U8 rw",
-                      "133 mbz0 U8 rw", "134 mbz1 U16 rw", "135 valid bool r-",
-                      "136 stringValue Orlo::String r-" } ) );
+   EXPECT_EQ( attributeLines< LspPingVpnIpv6SubTlv >(),
+              ( Lines{ "130 rd U64 rw", "131 ipPrefix Velnet::Ip6Addr rw", "132 prefixLen U8 rw",
+                       "133 mbz0 U8 rw", "134 mbz1 U16 rw", "135 valid bool r",
+                       "136 stringValue Orlo::String r" } ) );
    EXPECT_EQ( Kiv::typeOf< LspPingVpnIpv6SubTlv >().base(), Kiv::typeOf< LspPingTlvHdr >() );
 }
 
@@ -141,7 +141,7 @@ constexpr char const * parserNames = "pkt, offset, header, handleHeader, rd, ipP
                                      "valid, stringValue, totalLength";
 
 TEST( LspPingVpnIpv4SubTlvParser, forwardsWhatItsViewSays ) {
-   EXPECT_EQ( namesOf< LspPingVpnIpv4SubTlvParser >(), parserNames );
+   EXPECT_EQ( attributeNames< LspPingVpnIpv4SubTlvParser >(), parserNames );
    Placed< LspPingVpnIpv4SubTlvParser >( lspPingVpnIpv4SubTlvParserFactory,
                                          "0006000d ffffffff fffffffe 0a000001 1e000000" )
       .forwards( "rd", U64{ 0xfffffffffffffffe } )
@@ -153,12 +153,12 @@ TEST( LspPingVpnIpv4SubTlvParser, forwardsWhatItsViewSays ) {
 }
 
 TEST( LspPingVpnIpv6SubTlvParser, forwardsWhatItsViewSays ) {
-   EXPECT_EQ( namesOf< LspPingVpnIpv6SubTlvParser >(), parserNames );
+   EXPECT_EQ( attributeNames< LspPingVpnIpv6SubTlvParser >(), parserNames );
    Placed< LspPingVpnIpv6SubTlvParser >(
       lspPingVpnIpv6SubTlvParserFactory,
       "00070019 00000000 00000007 20010db8 00000000 00000000 00000001 7e000000" )
       .forwards( "rd", U64{ 7 } )
-      .forwards( "ipPrefix", ip6( "2001:db8::1" ) )
+      .forwards( "ipPrefix", address6( "2001:db8::1" ) )
       .forwards( "prefixLen", U8{ 126 } )
       .forwards( "valid", true )
       .forwards( "totalLength", U16{ 32 } )

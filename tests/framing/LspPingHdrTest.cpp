@@ -1,41 +1,36 @@
 #include "MplsUtils/LspPing/framing/LspPingHdr.h"
 
+#include "tests/WireBytes.h"
+
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cstring>
-#include <memory>
 #include <random>
 
 namespace {
 
 using LspPing::LspPingHdr;
-using Bytes = std::array< U8, 32 >;
 
-constexpr Bytes request{
+Bytes const request{
    0x00, 0x01, 0x00, 0x00, 0x01, 0x02, 0x00, 0x00, // version, flags, type, mode, codes
    0x00, 0x00, 0x12, 0x34, 0x00, 0x00, 0x00, 0x01, // sender's handle, sequence number
    0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, // sent
    0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, // received
 };
+Bytes const zeros( 32, 0 );
 
 class LspPingHdrTest : public testing::Test {
  protected:
-   void lay( Bytes const & bytes ) { std::memcpy( block_.get() + 1, bytes.data(), 32 ); }
-   // The block has as many bytes as the view, and views have no alignment.
-   LspPingHdr & header() { return *reinterpret_cast< LspPingHdr * >( block_.get() + 1 ); }
-   Bytes bytes() const {
-      Bytes copy;
-      std::memcpy( copy.data(), block_.get() + 1, 32 );
-      return copy;
-   }
+   void lay( Bytes const & bytes ) { bytes_ = WireBytes( bytes ); }
+   LspPingHdr & header() { return bytes_.as< LspPingHdr >(); }
+   Bytes bytes() const { return bytes_.copy(); }
 
  private:
-   std::unique_ptr< U8[] > block_ = std::make_unique< U8[] >( 33 );
+   WireBytes bytes_{ 32, 0 };
 };
 
 TEST_F( LspPingHdrTest, readsItsFieldsInTheirPlaces ) {
-   Bytes counted;
+   Bytes counted( 32 );
    for( std::size_t i = 0; i < counted.size(); ++i )
       counted[i] = static_cast< U8 >( i + 1 );
    lay( counted );
@@ -62,9 +57,7 @@ TEST_F( LspPingHdrTest, readsItsFieldsInTheirPlaces ) {
 }
 
 TEST_F( LspPingHdrTest, writesItsFieldsInTheirPlaces ) {
-   Bytes filled;
-   filled.fill( 0xa5 );
-   lay( filled );
+   lay( Bytes( 32, 0xa5 ) );
    header().versionIs( 0x0102 );
    header().globalFlagsIs( 0x0304 );
    header().messageTypeIs( 5 );
@@ -76,7 +69,7 @@ TEST_F( LspPingHdrTest, writesItsFieldsInTheirPlaces ) {
    header().tsSentSecondsIs( 0x11121314 );
    header().tsSentmSecondsIs( 0x15161718 );
    header().tsRcvdSecondsIs( 0x191a1b1c );
-   Bytes expected;
+   Bytes expected( 32 );
    for( std::size_t i = 0; i < expected.size(); ++i )
       expected[i] = i < 28 ? static_cast< U8 >( i + 1 ) : U8{ 0xa5 };
    EXPECT_EQ( bytes(), expected );
@@ -86,15 +79,12 @@ TEST_F( LspPingHdrTest, writesItsFieldsInTheirPlaces ) {
 }
 
 TEST_F( LspPingHdrTest, isZeroWhenStandingAlone ) {
-   Bytes place;
-   place.fill( 0xa5 );
-   new( place.data() ) LspPingHdr;
-   EXPECT_EQ( place, Bytes{} );
+   EXPECT_EQ( hexOfNew< LspPingHdr >(), hexOf( zeros ) );
 }
 
 // 16 bits of version and 8 of message type decide, and nothing else does.
 TEST_F( LspPingHdrTest, isValidByVersionAndMessageTypeOnly ) {
-   lay( Bytes{} );
+   lay( zeros );
    for( U32 version = 0; version <= 0xffff; ++version ) {
       header().versionIs( static_cast< U16 >( version ) );
       for( U16 const type : { U16{ 0 }, U16{ 1 }, U16{ 2 }, U16{ 3 }, U16{ 255 } } ) {
@@ -113,7 +103,7 @@ TEST_F( LspPingHdrTest, isValidByVersionAndMessageTypeOnly ) {
 TEST_F( LspPingHdrTest, isValidWhateverTheOtherFieldsHold ) {
    std::mt19937 random( 8029 );
    for( int round = 0; round < 1000; ++round ) {
-      Bytes any;
+      Bytes any( 32 );
       for( U8 & byte : any )
          byte = static_cast< U8 >( random() );
       any[0] = 0;
@@ -147,8 +137,7 @@ TEST_F( LspPingHdrTest, printsItsTwelveFields ) {
 }
 
 TEST_F( LspPingHdrTest, printsTheLargestFields ) {
-   Bytes all;
-   all.fill( 0xff );
+   Bytes all( 32, 0xff );
    all[0] = 0;
    all[1] = 2;
    all[4] = 2;
@@ -164,7 +153,7 @@ TEST_F( LspPingHdrTest, printsAFixedTextWhenInvalid ) {
    lay( request );
    header().versionIs( 3 );
    EXPECT_EQ( header().stringValue(), "Invalid LspPingHdr" );
-   lay( Bytes{} );
+   lay( zeros );
    EXPECT_EQ( header().stringValue(), "Invalid LspPingHdr" );
 }
 

@@ -1,71 +1,48 @@
 #include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
 
+#include "tests/WireBytes.h"
+
 #include <gtest/gtest.h>
 
 #include <bit>
 #include <cstring>
-#include <memory>
-#include <new>
 
 namespace {
 
 using LspPing::LspPingTlvHdr;
 using LspPing::LspPingTlvU8Hdr;
 
-// A view over bytes at an odd address, with nothing of ours behind them.
-template < class View >
-class Laid {
- public:
-   explicit Laid( std::array< U8, sizeof( View ) > const & bytes )
-      : block_( std::make_unique< U8[] >( sizeof( View ) + 1 ) ) {
-      std::memcpy( block_.get() + 1, bytes.data(), bytes.size() );
-   }
-   // The block holds as many bytes as the view has, and views have no alignment.
-   View * operator->() const { return reinterpret_cast< View * >( block_.get() + 1 ); }
-   std::array< U8, sizeof( View ) > bytes() const {
-      std::array< U8, sizeof( View ) > copy;
-      std::memcpy( copy.data(), block_.get() + 1, copy.size() );
-      return copy;
-   }
-
- private:
-   std::unique_ptr< U8[] > block_;
-};
-
-using Bytes4 = std::array< U8, 4 >;
-using Bytes3 = std::array< U8, 3 >;
-
 TEST( LspPingTlvHdr, readsTypeAndLengthInBothOrders ) {
-   Laid< LspPingTlvHdr > const header( Bytes4{ 0x00, 0x01, 0xfe, 0xed } );
-   EXPECT_EQ( header->type(), 1 );
-   EXPECT_EQ( header->length(), 0xfeed );
-   EXPECT_EQ( header->typeNbo(), std::endian::native == std::endian::little ? 256 : 1 );
-   EXPECT_EQ( header->lengthNbo(), std::endian::native == std::endian::little ? 0xedfe : 0xfeed );
+   WireBytes const bytes( "00 01 fe ed" );
+   auto & header = bytes.as< LspPingTlvHdr >();
+   EXPECT_EQ( header.type(), 1 );
+   EXPECT_EQ( header.length(), 0xfeed );
+   EXPECT_EQ( header.typeNbo(), std::endian::native == std::endian::little ? 256 : 1 );
+   EXPECT_EQ( header.lengthNbo(), std::endian::native == std::endian::little ? 0xedfe : 0xfeed );
 }
 
 TEST( LspPingTlvHdr, writesItsFieldsAndNothingElse ) {
-   Laid< LspPingTlvHdr > const header( Bytes4{ 0xa5, 0xa5, 0xa5, 0xa5 } );
-   header->typeIs( 0x1234 );
-   EXPECT_EQ( header.bytes(), ( Bytes4{ 0x12, 0x34, 0xa5, 0xa5 } ) );
-   header->lengthIs( 0x5678 );
-   EXPECT_EQ( header.bytes(), ( Bytes4{ 0x12, 0x34, 0x56, 0x78 } ) );
+   WireBytes const bytes( "a5 a5 a5 a5" );
+   auto & header = bytes.as< LspPingTlvHdr >();
+   header.typeIs( 0x1234 );
+   EXPECT_EQ( bytes.hex(), "12 34 a5 a5" );
+   header.lengthIs( 0x5678 );
+   EXPECT_EQ( bytes.hex(), "12 34 56 78" );
    U16 raw;
    std::memcpy( &raw, "\xaa\xbb", 2 );
-   header->typeNboIs( raw );
-   EXPECT_EQ( header.bytes(), ( Bytes4{ 0xaa, 0xbb, 0x56, 0x78 } ) );
-   header->lengthNboIs( raw );
-   EXPECT_EQ( header.bytes(), ( Bytes4{ 0xaa, 0xbb, 0xaa, 0xbb } ) );
-   EXPECT_EQ( header->typeNbo(), raw );
+   header.typeNboIs( raw );
+   EXPECT_EQ( bytes.hex(), "aa bb 56 78" );
+   header.lengthNboIs( raw );
+   EXPECT_EQ( bytes.hex(), "aa bb aa bb" );
+   EXPECT_EQ( header.typeNbo(), raw );
 }
 
 TEST( LspPingTlvHdr, isZeroWhenStandingAlone ) {
-   alignas( LspPingTlvHdr ) std::array< U8, sizeof( LspPingTlvHdr ) > place;
-   place.fill( 0xa5 );
-   auto const * header = new( place.data() ) LspPingTlvHdr;
-   EXPECT_EQ( header->type(), 0 );
-   EXPECT_EQ( header->length(), 0 );
-   EXPECT_EQ( header->totalLength(), 4 );
-   EXPECT_EQ( place, ( Bytes4{ 0, 0, 0, 0 } ) );
+   EXPECT_EQ( hexOfNew< LspPingTlvHdr >(), "00 00 00 00" );
+   LspPingTlvHdr const header;
+   EXPECT_EQ( header.type(), 0 );
+   EXPECT_EQ( header.length(), 0 );
+   EXPECT_EQ( header.totalLength(), 4 );
 }
 
 TEST( LspPingTlvHdr, roundsTheTotalLengthUpToFour ) {
@@ -105,38 +82,38 @@ TEST( LspPingTlvHdr, hasATotalLengthForEveryLength ) {
 }
 
 TEST( LspPingTlvHdr, keepsEveryTypeAndLength ) {
-   Laid< LspPingTlvHdr > const header( Bytes4{ 0xa5, 0xa5, 0xa5, 0xa5 } );
+   WireBytes const bytes( "a5 a5 a5 a5" );
+   auto & header = bytes.as< LspPingTlvHdr >();
    for( U32 number = 0; number <= 0xffff; ++number ) {
       U16 const value = static_cast< U16 >( number );
-      header->typeIs( value );
-      header->lengthIs( static_cast< U16 >( ~value ) );
+      header.typeIs( value );
+      header.lengthIs( static_cast< U16 >( ~value ) );
       U8 const high = static_cast< U8 >( number >> 8 );
       U8 const low = static_cast< U8 >( number );
-      Bytes4 const bytes{ high, low, static_cast< U8 >( ~high ), static_cast< U8 >( ~low ) };
-      ASSERT_EQ( header.bytes(), bytes );
-      ASSERT_EQ( header->type(), number );
+      Bytes const expected{ high, low, static_cast< U8 >( ~high ), static_cast< U8 >( ~low ) };
+      ASSERT_EQ( bytes.copy(), expected );
+      ASSERT_EQ( header.type(), number );
    }
 }
 
 TEST( LspPingTlvU8Hdr, readsAByteOfTypeAndAnUnalignedLength ) {
-   Laid< LspPingTlvU8Hdr > const header( Bytes3{ 0x03, 0x12, 0x34 } );
-   EXPECT_EQ( header->type(), 3 );
-   EXPECT_EQ( header->length(), 0x1234 );
+   WireBytes const bytes( "03 12 34" );
+   auto & header = bytes.as< LspPingTlvU8Hdr >();
+   EXPECT_EQ( header.type(), 3 );
+   EXPECT_EQ( header.length(), 0x1234 );
 }
 
 TEST( LspPingTlvU8Hdr, writesItsFieldsAndNothingElse ) {
-   Laid< LspPingTlvU8Hdr > const header( Bytes3{ 0xa5, 0xa5, 0xa5 } );
-   header->lengthIs( 0x0102 );
-   EXPECT_EQ( header.bytes(), ( Bytes3{ 0xa5, 0x01, 0x02 } ) );
-   header->typeIs( 0x7f );
-   EXPECT_EQ( header.bytes(), ( Bytes3{ 0x7f, 0x01, 0x02 } ) );
+   WireBytes const bytes( "a5 a5 a5" );
+   auto & header = bytes.as< LspPingTlvU8Hdr >();
+   header.lengthIs( 0x0102 );
+   EXPECT_EQ( bytes.hex(), "a5 01 02" );
+   header.typeIs( 0x7f );
+   EXPECT_EQ( bytes.hex(), "7f 01 02" );
 }
 
 TEST( LspPingTlvU8Hdr, isZeroWhenStandingAlone ) {
-   std::array< U8, sizeof( LspPingTlvU8Hdr ) > place;
-   place.fill( 0xa5 );
-   new( place.data() ) LspPingTlvU8Hdr;
-   EXPECT_EQ( place, ( Bytes3{ 0, 0, 0 } ) );
+   EXPECT_EQ( hexOfNew< LspPingTlvU8Hdr >(), "00 00 00" );
 }
 
 TEST( LspPingTlvU8Hdr, roundsTheTotalLengthUpToFour ) {

@@ -1,8 +1,13 @@
 #include "MplsUtils/LspPing/LspPingHdr.h"
+#include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace LspPing {
 namespace {
@@ -30,198 +35,150 @@ Count overTypesAndLengths( View & view, Expected expected ) {
    return count;
 }
 
+template < class View, class Expected >
+void expectPairs( U64 pairs, View & view, Expected expected ) {
+   Count const count = overTypesAndLengths( view, expected );
+   EXPECT_EQ( count.valid, pairs );
+   EXPECT_EQ( count.unexpected, 0u );
+}
+
+// A view, and what is claimed of it.
+struct Row {
+   std::string_view view;
+   void ( *check )();
+
+   friend void PrintTo( Row const & row, std::ostream * out ) { *out << row.view; }
+};
+
+constexpr auto asNew = []( auto & ) {};
+
 // Every type and one length.
-template < class View >
-void expectLengthAlone( U32 wanted, View view = {} ) {
-   Count const count =
-      overTypesAndLengths( view, [=]( U32, U32 length ) { return length == wanted; } );
-   EXPECT_EQ( count.valid, 65536u );
-   EXPECT_EQ( count.unexpected, 0u );
+template < class View, U32 wanted >
+Row ofLength() {
+   return { Kiv::typeOf< View >().name(),
+            [] {
+               View view;
+               expectPairs(
+                  65536, view, []( U32, U32 length ) { return length == wanted; } );
+            } };
 }
 
-// One type and every length.
-template < class View >
-void expectTypeAlone( U32 wanted, View view = {} ) {
-   Count const count = overTypesAndLengths( view, [=]( U32 type, U32 ) { return type == wanted; } );
-   EXPECT_EQ( count.valid, 65536u );
-   EXPECT_EQ( count.unexpected, 0u );
+// One type and every length. `prepare` sets what else decides.
+template < class View, U32 wanted, auto prepare = asNew >
+Row ofType() {
+   return { Kiv::typeOf< View >().name(),
+            [] {
+               View view;
+               prepare( view );
+               expectPairs(
+                  65536, view, []( U32 type, U32 ) { return type == wanted; } );
+            } };
 }
 
-// One pair only.
-template < class View >
-void expectOnePair( U32 wantedType, U32 wantedLength, View view = {} ) {
-   Count const count = overTypesAndLengths(
-      view, [=]( U32 type, U32 length ) { return type == wantedType && length == wantedLength; } );
-   EXPECT_EQ( count.valid, 1u );
-   EXPECT_EQ( count.unexpected, 0u );
+// One pair only. `prepare` sets what else decides.
+template < class View, U32 wantedType, U32 wantedLength, auto prepare = asNew >
+Row ofPair() {
+   return { Kiv::typeOf< View >().name(),
+            [] {
+               View view;
+               prepare( view );
+               expectPairs(
+                  1, view,
+                  []( U32 type, U32 length ) {
+                     return type == wantedType && length == wantedLength;
+                  } );
+            } };
 }
 
 // Two types, each with the same two lengths.
-template < class View >
-void expectFourPairs( U32 oneType, U32 otherType, U32 oneLength, U32 otherLength ) {
-   View view;
-   Count const count = overTypesAndLengths( view, [=]( U32 type, U32 length ) {
-      return ( type == oneType || type == otherType ) &&
-             ( length == oneLength || length == otherLength );
-   } );
-   EXPECT_EQ( count.valid, 4u );
-   EXPECT_EQ( count.unexpected, 0u );
-}
-
-TEST( ValidOverTypeAndLength, LspPingLdpIpv4SubTlv ) {
-   expectLengthAlone< LspPingLdpIpv4SubTlv >( 5 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingGenericIpv4SubTlv ) {
-   expectLengthAlone< LspPingGenericIpv4SubTlv >( 5 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingGenericIpv6SubTlv ) {
-   expectLengthAlone< LspPingGenericIpv6SubTlv >( 17 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingBgpLuIpv4SubTlv ) {
-   expectOnePair< LspPingBgpLuIpv4SubTlv >( 12, 5 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingBgpLuIpv6SubTlv ) {
-   expectOnePair< LspPingBgpLuIpv6SubTlv >( 13, 17 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingRsvpIpv4SubTlv ) {
-   expectOnePair< LspPingRsvpIpv4SubTlv >( 3, 20 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingRsvpP2mpIpv4SubTlv ) {
-   expectOnePair< LspPingRsvpP2mpIpv4SubTlv >( 17, 20 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingVpnIpv4SubTlv ) {
-   expectOnePair< LspPingVpnIpv4SubTlv >( 6, 13 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingVpnIpv6SubTlv ) {
-   expectOnePair< LspPingVpnIpv6SubTlv >( 7, 25 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingSrIpv4SubTlv ) {
-   expectFourPairs< LspPingSrIpv4SubTlv >( 34, 31744, 6, 8 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingSrIpv6SubTlv ) {
-   expectFourPairs< LspPingSrIpv6SubTlv >( 35, 31745, 18, 20 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingNilFecSubTlv ) {
-   expectOnePair< LspPingNilFecSubTlv >( 16, 4 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingEntropyLabelFecSubTlv ) {
-   expectOnePair< LspPingEntropyLabelFecSubTlv >( 33, 4 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingNodeAddrSubTlv ) {
-   LspPingNodeAddrSubTlv view;
-   view.subTypeIs( 3 );
-   view.subTypeLenIs( 4 );
-   expectTypeAlone( 11, view );
-}
-
-TEST( ValidOverTypeAndLength, LspPingP2mpFecStackSubTlv ) {
-   expectTypeAlone< LspPingP2mpFecStackSubTlv >( 19 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingOpaqueValGenSubTlv ) {
-   expectOnePair< LspPingOpaqueValGenSubTlv >( 1, 4 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingOpaqueValSGSubTlv ) {
-   expectOnePair< LspPingOpaqueValSGSubTlv >( 3, 8 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingFec128Ipv4SubTlv ) {
-   LspPingFec128Ipv4SubTlv view;
-   view.mbzIs( 0 );
-   view.pwTypeIs( 5 );
-   expectOnePair( 10, 14, view );
+template < class View, U32 oneType, U32 otherType, U32 oneLength, U32 otherLength >
+Row ofFourPairs() {
+   return { Kiv::typeOf< View >().name(),
+            [] {
+               View view;
+               expectPairs(
+                  4, view,
+                  []( U32 type, U32 length ) {
+                     return ( type == oneType || type == otherType ) &&
+                            ( length == oneLength || length == otherLength );
+                  } );
+            } };
 }
 
 // Identifiers of 1, 4 and 4 bytes are covered from length 25 on.
-TEST( ValidOverTypeAndLength, LspPingFec129Ipv4SubTlv ) {
+void expectFec129() {
    struct {
       LspPingFec129Ipv4SubTlv view;
       U8 identifiers[15] = { 1, 1, 0x0a, 1, 4, 10, 0, 0, 1, 1, 4, 10, 0, 0, 2 };
    } subTlv;
    subTlv.view.pwTypeIs( 5 );
-   Count const count = overTypesAndLengths(
-      subTlv.view, []( U32 type, U32 length ) { return type == 11 && length >= 25; } );
-   EXPECT_EQ( count.valid, 65511u );
-   EXPECT_EQ( count.unexpected, 0u );
+   expectPairs( 65511, subTlv.view,
+                []( U32 type, U32 length ) { return type == 11 && length >= 25; } );
 }
 
-TEST( ValidOverTypeAndLength, LspPingDdmapTlv ) {
-   expectTypeAlone< LspPingDdmapTlv >( 20 );
+template < auto addrType >
+constexpr auto withAddrType = []( auto & view ) { view.addrTypeIs( addrType ); };
+
+std::vector< Row > rows() {
+   return {
+      ofLength< LspPingLdpIpv4SubTlv, 5 >(),
+      ofLength< LspPingGenericIpv4SubTlv, 5 >(),
+      ofLength< LspPingGenericIpv6SubTlv, 17 >(),
+      ofPair< LspPingBgpLuIpv4SubTlv, 12, 5 >(),
+      ofPair< LspPingBgpLuIpv6SubTlv, 13, 17 >(),
+      ofPair< LspPingRsvpIpv4SubTlv, 3, 20 >(),
+      ofPair< LspPingRsvpP2mpIpv4SubTlv, 17, 20 >(),
+      ofPair< LspPingVpnIpv4SubTlv, 6, 13 >(),
+      ofPair< LspPingVpnIpv6SubTlv, 7, 25 >(),
+      ofFourPairs< LspPingSrIpv4SubTlv, 34, 31744, 6, 8 >(),
+      ofFourPairs< LspPingSrIpv6SubTlv, 35, 31745, 18, 20 >(),
+      ofPair< LspPingNilFecSubTlv, 16, 4 >(),
+      ofPair< LspPingEntropyLabelFecSubTlv, 33, 4 >(),
+      ofType< LspPingNodeAddrSubTlv, 11,
+              []( auto & view ) {
+                 view.subTypeIs( 3 );
+                 view.subTypeLenIs( 4 );
+              } >(),
+      ofType< LspPingP2mpFecStackSubTlv, 19 >(),
+      ofPair< LspPingOpaqueValGenSubTlv, 1, 4 >(),
+      ofPair< LspPingOpaqueValSGSubTlv, 3, 8 >(),
+      ofPair< LspPingFec128Ipv4SubTlv, 10, 14,
+              []( auto & view ) {
+                 view.mbzIs( 0 );
+                 view.pwTypeIs( 5 );
+              } >(),
+      { Kiv::typeOf< LspPingFec129Ipv4SubTlv >().name(), &expectFec129 },
+      ofType< LspPingDdmapTlv, 20 >(),
+      ofType< LspPingDdmapUnnumberedTlv, 20 >(),
+      ofType< LspPingDdmapV6Tlv, 20 >(),
+      ofType< LspPingDdmapV6UnnumberedTlv, 20 >(),
+      ofType< LspPingMultipathSubTlv, 1 >(),
+      ofType< LspPingFecStackChangeV4SubTlv, 3, withAddrType< 1 > >(),
+      ofType< LspPingFecStackChangeV6SubTlv, 3, withAddrType< 2 > >(),
+      ofType< LspPingFecStackChangeUnspecifiedSubTlv, 3, withAddrType< 0 > >(),
+      ofPair< LspPingMultiLabelSubTlv, 1, 4 >(),
+      ofPair< LspPingReplyTosTlv, 10, 4 >(),
+      ofPair< LspPingEchoJitterTlv, 12, 4 >(),
+      ofType< LspPingVeloraVendorPrivateTlv, 65261,
+              []( auto & view ) {
+                 view.vendorIanaIs( static_cast< U32 >( LspPingVendorIana::VeloraIana ) );
+              } >(),
+      ofType< LspPingPadTlv, 3, []( auto & view ) { view.padTypeIs( 2 ); } >(),
+   };
 }
 
-TEST( ValidOverTypeAndLength, LspPingDdmapUnnumberedTlv ) {
-   expectTypeAlone< LspPingDdmapUnnumberedTlv >( 20 );
+class ValidOverTypeAndLength : public testing::TestWithParam< Row > {};
+
+TEST_P( ValidOverTypeAndLength, isAsClaimed ) {
+   GetParam().check();
 }
 
-TEST( ValidOverTypeAndLength, LspPingDdmapV6Tlv ) {
-   expectTypeAlone< LspPingDdmapV6Tlv >( 20 );
+// LspPing::LspPingPadTlv is the test of LspPingPadTlv.
+std::string nameOf( testing::TestParamInfo< Row > const & test ) {
+   return std::string( test.param.view.substr( test.param.view.rfind( ':' ) + 1 ) );
 }
 
-TEST( ValidOverTypeAndLength, LspPingDdmapV6UnnumberedTlv ) {
-   expectTypeAlone< LspPingDdmapV6UnnumberedTlv >( 20 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingMultipathSubTlv ) {
-   expectTypeAlone< LspPingMultipathSubTlv >( 1 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingFecStackChangeV4SubTlv ) {
-   LspPingFecStackChangeV4SubTlv view;
-   view.addrTypeIs( 1 );
-   expectTypeAlone( 3, view );
-}
-
-TEST( ValidOverTypeAndLength, LspPingFecStackChangeV6SubTlv ) {
-   LspPingFecStackChangeV6SubTlv view;
-   view.addrTypeIs( 2 );
-   expectTypeAlone( 3, view );
-}
-
-TEST( ValidOverTypeAndLength, LspPingFecStackChangeUnspecifiedSubTlv ) {
-   LspPingFecStackChangeUnspecifiedSubTlv view;
-   view.addrTypeIs( 0 );
-   expectTypeAlone( 3, view );
-}
-
-TEST( ValidOverTypeAndLength, LspPingMultiLabelSubTlv ) {
-   expectOnePair< LspPingMultiLabelSubTlv >( 1, 4 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingReplyTosTlv ) {
-   expectOnePair< LspPingReplyTosTlv >( 10, 4 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingEchoJitterTlv ) {
-   expectOnePair< LspPingEchoJitterTlv >( 12, 4 );
-}
-
-TEST( ValidOverTypeAndLength, LspPingVeloraVendorPrivateTlv ) {
-   LspPingVeloraVendorPrivateTlv view;
-   view.vendorIanaIs( static_cast< U32 >( LspPingVendorIana::VeloraIana ) );
-   expectTypeAlone( 65261, view );
-}
-
-TEST( ValidOverTypeAndLength, LspPingPadTlv ) {
-   LspPingPadTlv pad;
-   pad.padTypeIs( 2 );
-   Count const count = overTypesAndLengths( pad, []( U32 type, U32 ) { return type == 3; } );
-   EXPECT_EQ( count.valid, 65536u );
-   EXPECT_EQ( count.unexpected, 0u );
-}
+INSTANTIATE_TEST_SUITE_P( Views, ValidOverTypeAndLength, testing::ValuesIn( rows() ), nameOf );
 
 } // namespace
 } // namespace LspPing

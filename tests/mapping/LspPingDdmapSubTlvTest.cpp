@@ -12,7 +12,6 @@ namespace {
 
 using Velnet::Ip6Addr;
 using Velnet::IpAddr;
-using Lines = std::vector< std::string >;
 
 Orlo::Ptr< Velnet::Pkt > packetOf( std::string_view hex ) {
    WireBytes bytes( hex );
@@ -50,8 +49,8 @@ TEST( LspPingMultipathSubTlv, isValidByTypeAlone ) {
 
 TEST( LspPingMultipathSubTlv, namesItsAttributes ) {
    EXPECT_EQ( attributeLines< LspPingMultipathSubTlv >(),
-              ( Lines{ "130 multipathType U8 read write", "131 multipathLength U16 read write",
-                       "132 mbz U8 read write", "133 valid bool read" } ) );
+              ( Lines{ "130 multipathType U8 rw", "131 multipathLength U16 rw", "132 mbz U8 rw",
+                       "133 valid bool r" } ) );
 }
 
 TEST( LspPingMultipathSubTlv, readsAndWritesByIdInItselfFirstThenInTheHeader ) {
@@ -81,8 +80,8 @@ TEST( LspPingFecStackChangeSubTlv, readsWhatEveryAddressTypeBeginsWith ) {
    EXPECT_EQ( view.fecTlvLen(), 12 );
    EXPECT_EQ( view.reserved(), 254 );
    EXPECT_EQ( attributeLines< LspPingFecStackChangeSubTlv >(),
-              ( Lines{ "130 operType U8 read write", "131 addrType U8 read write",
-                       "132 fecTlvLen U8 read write", "133 reserved U8 read write" } ) );
+              ( Lines{ "130 operType U8 rw", "131 addrType U8 rw", "132 fecTlvLen U8 rw",
+                       "133 reserved U8 rw" } ) );
 }
 
 TEST( LspPingFecStackChangeSubTlv, writesItsOwnBytesOnly ) {
@@ -105,7 +104,7 @@ TEST( LspPingFecStackChangeV4SubTlv, holdsThePeersAddress ) {
    EXPECT_EQ( hexAfter< View >( []( View & v ) { v.peerAddrIs( IpAddr( 1, 2, 3, 4 ) ); } ),
               "a5 a5 a5 a5 a5 a5 a5 a5 01 02 03 04" );
    EXPECT_EQ( attributeLines< View >(),
-              ( Lines{ "130 peerAddr Velnet::IpAddr read write", "131 valid bool read" } ) );
+              ( Lines{ "130 peerAddr Velnet::IpAddr rw", "131 valid bool r" } ) );
 }
 
 TEST( LspPingFecStackChangeV6SubTlv, holdsThePeersAddress ) {
@@ -117,14 +116,14 @@ TEST( LspPingFecStackChangeV6SubTlv, holdsThePeersAddress ) {
       hexAfter< View >( []( View & v ) { v.peerAddrIs( *Ip6Addr::fromText( "2001:db8::9" ) ); } ),
       "a5 a5 a5 a5 a5 a5 a5 a5 20 01 0d b8 00 00 00 00 00 00 00 00 00 00 00 09" );
    EXPECT_EQ( attributeLines< View >(),
-              ( Lines{ "130 peerAddr Velnet::Ip6Addr read write", "131 valid bool read" } ) );
+              ( Lines{ "130 peerAddr Velnet::Ip6Addr rw", "131 valid bool r" } ) );
 }
 
 TEST( LspPingFecStackChangeUnspecifiedSubTlv, addsNothingButItsJudgement ) {
    WireBytes bytes( "00 03 00 04 01 00 00 00" );
    EXPECT_TRUE( bytes.as< LspPingFecStackChangeUnspecifiedSubTlv >().valid() );
    EXPECT_EQ( attributeLines< LspPingFecStackChangeUnspecifiedSubTlv >(),
-              Lines{ "130 valid bool read" } );
+              Lines{ "130 valid bool r" } );
 }
 
 TEST( LspPingFecStackChangeSubTlvs, areReachedThroughTheirCommonHeaderAndTheTlvHeader ) {
@@ -219,8 +218,8 @@ TEST( LspPingMultiLabelSubTlv, sharesItsBytesWithTheMultipathSubTlv ) {
 
 TEST( LspPingMultiLabelSubTlv, namesItsAttributes ) {
    EXPECT_EQ( attributeLines< LspPingMultiLabelSubTlv >(),
-              ( Lines{ "130 lookupLabelCount U16 read write", "131 flags U16 read write",
-                       "132 valid bool read", "133 stringValue Orlo::String read" } ) );
+              ( Lines{ "130 lookupLabelCount U16 rw", "131 flags U16 rw", "132 valid bool r",
+                       "133 stringValue Orlo::String r" } ) );
 }
 
 TEST( LspPingDdmapSubTlvs, areZeroWhenNew ) {
@@ -235,11 +234,11 @@ TEST( LspPingDdmapSubTlvs, areZeroWhenNew ) {
 TEST( LspPingMultipathSubTlvParser, forwardsAllButTheMustBeZeroByte ) {
    auto const parser =
       lspPingMultipathSubTlvParserFactory( packetOf( "ff 00 01 00 0c 08 01 00 00" ), 1 );
-   EXPECT_EQ( attributeLines( parser->fwkType() ),
-              ( Lines{ "130 pkt Velnet::Pkt* read", "131 offset U32 read",
-                       "132 header LspPing::LspPingMultipathSubTlv* read", "133 handleHeader call",
-                       "134 type U16 read", "135 length U16 read", "136 multipathType U8 read",
-                       "137 multipathLength U16 read", "138 valid bool read" } ) );
+   EXPECT_EQ(
+      attributeLines( parser->fwkType() ),
+      ( Lines{ "130 pkt Velnet::Pkt^ r", "131 offset U32 r", "132 header LspPingMultipathSubTlv* r",
+               "133 handleHeader() void c", "134 type U16 r", "135 length U16 r",
+               "136 multipathType U8 r", "137 multipathLength U16 r", "138 valid bool r" } ) );
    EXPECT_EQ( Kiv::read< U16 >( *parser, "type" ), 1 );
    EXPECT_EQ( Kiv::read< U16 >( *parser, "length" ), 12 );
    EXPECT_EQ( Kiv::read< U8 >( *parser, "multipathType" ), 8 );
@@ -251,12 +250,12 @@ TEST( LspPingMultipathSubTlvParser, forwardsAllButTheMustBeZeroByte ) {
 TEST( LspPingFecStackChangeSubTlvParsers, forwardHeaderPeerAndJudgement ) {
    auto const v4 = lspPingFecStackChangeV4SubTlvParserFactory(
       packetOf( "ff 00 03 00 08 01 01 0c 07 0a 00 00 09" ), 1 );
-   EXPECT_EQ( attributeLines( v4->fwkType() ),
-              ( Lines{ "130 pkt Velnet::Pkt* read", "131 offset U32 read",
-                       "132 header LspPing::LspPingFecStackChangeV4SubTlv* read",
-                       "133 handleHeader call", "134 type U16 read", "135 operType U8 read",
-                       "136 addrType U8 read", "137 fecTlvLen U8 read", "138 reserved U8 read",
-                       "139 peerAddr Velnet::IpAddr read", "140 valid bool read" } ) );
+   EXPECT_EQ(
+      attributeLines( v4->fwkType() ),
+      ( Lines{ "130 pkt Velnet::Pkt^ r", "131 offset U32 r",
+               "132 header LspPingFecStackChangeV4SubTlv* r", "133 handleHeader() void c",
+               "134 type U16 r", "135 operType U8 r", "136 addrType U8 r", "137 fecTlvLen U8 r",
+               "138 reserved U8 r", "139 peerAddr Velnet::IpAddr r", "140 valid bool r" } ) );
    EXPECT_EQ( Kiv::read< U8 >( *v4, "operType" ), 1 );
    EXPECT_EQ( Kiv::read< U8 >( *v4, "fecTlvLen" ), 12 );
    EXPECT_EQ( Kiv::read< U8 >( *v4, "reserved" ), 7 );
@@ -265,18 +264,18 @@ TEST( LspPingFecStackChangeSubTlvParsers, forwardHeaderPeerAndJudgement ) {
 
    auto const v6 = lspPingFecStackChangeV6SubTlvParserFactory(
       packetOf( "ff 00 03 00 14 02 02 00 00 20 01 0d b8 00 00 00 00 00 00 00 00 00 00 00 09" ), 1 );
-   EXPECT_EQ( attributeLines( v6->fwkType() ).back(), "140 valid bool read" );
+   EXPECT_EQ( attributeLines( v6->fwkType() ).back(), "140 valid bool r" );
    EXPECT_EQ( Kiv::read< Ip6Addr >( *v6, "peerAddr" ), Ip6Addr::fromText( "2001:db8::9" ) );
    EXPECT_TRUE( Kiv::read< bool >( *v6, "valid" ) );
 
    auto const unspecified = lspPingFecStackChangeUnspecifiedSubTlvParserFactory(
       packetOf( "ff 00 03 00 04 02 00 00 00" ), 1 );
-   EXPECT_EQ( attributeLines( unspecified->fwkType() ),
-              ( Lines{ "130 pkt Velnet::Pkt* read", "131 offset U32 read",
-                       "132 header LspPing::LspPingFecStackChangeUnspecifiedSubTlv* read",
-                       "133 handleHeader call", "134 type U16 read", "135 operType U8 read",
-                       "136 addrType U8 read", "137 fecTlvLen U8 read", "138 reserved U8 read",
-                       "139 valid bool read" } ) );
+   EXPECT_EQ(
+      attributeLines( unspecified->fwkType() ),
+      ( Lines{ "130 pkt Velnet::Pkt^ r", "131 offset U32 r",
+               "132 header LspPingFecStackChangeUnspecifiedSubTlv* r", "133 handleHeader() void c",
+               "134 type U16 r", "135 operType U8 r", "136 addrType U8 r", "137 fecTlvLen U8 r",
+               "138 reserved U8 r", "139 valid bool r" } ) );
    EXPECT_EQ( Kiv::read< U8 >( *unspecified, "operType" ), 2 );
    EXPECT_TRUE( Kiv::read< bool >( *unspecified, "valid" ) );
 }
@@ -285,10 +284,10 @@ TEST( LspPingMultiLabelSubTlvParser, forwardsCountFlagsAndText ) {
    auto const parser =
       lspPingMultiLabelSubTlvParserFactory( packetOf( "ff 00 01 00 04 00 02 80 00" ), 1 );
    EXPECT_EQ( attributeLines( parser->fwkType() ),
-              ( Lines{ "130 pkt Velnet::Pkt* read", "131 offset U32 read",
-                       "132 header LspPing::LspPingMultiLabelSubTlv* read", "133 handleHeader call",
-                       "134 lookupLabelCount U16 read", "135 flags U16 read", "136 valid bool read",
-                       "137 stringValue Orlo::String read", "138 totalLength U16 read" } ) );
+              ( Lines{ "130 pkt Velnet::Pkt^ r", "131 offset U32 r",
+                       "132 header LspPingMultiLabelSubTlv* r", "133 handleHeader() void c",
+                       "134 lookupLabelCount U16 r", "135 flags U16 r", "136 valid bool r",
+                       "137 stringValue Orlo::String r", "138 totalLength U16 r" } ) );
    EXPECT_EQ( Kiv::read< U16 >( *parser, "lookupLabelCount" ), 2 );
    EXPECT_EQ( Kiv::read< U16 >( *parser, "flags" ), 32768 );
    EXPECT_TRUE( Kiv::read< bool >( *parser, "valid" ) );

@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/framing/LspPingParsers.h"
 #include "MplsUtils/LspPing/platform/Velnet/Pkt.h"
+#include "tests/Addresses.h"
 #include "tests/AttributeLines.h"
 #include "tests/WireBytes.h"
 
@@ -10,9 +11,7 @@
 namespace LspPing {
 namespace {
 
-using Velnet::Ip6Addr;
 using Velnet::IpAddr;
-using Lines = std::vector< std::string >;
 
 constexpr std::string_view ipv4 = "00 14 00 10 05 dc 01 03 0a 00 00 02 0a 00 00 01 08 01 00 0c";
 constexpr std::string_view ipv4Unnumbered =
@@ -23,10 +22,6 @@ constexpr std::string_view ipv6 = "00 14 00 28 23 28 03 00 20 01 0d b8 00 00 00 
 constexpr std::string_view ipv6Unnumbered =
    "00 14 00 1c 23 28 04 00 20 01 0d b8 00 00 00 00 00 00 00 00 00 00 00 02 80 00 00 00 03 02 01 "
    "00";
-
-Ip6Addr address6( std::string_view text ) {
-   return *Ip6Addr::fromText( text );
-}
 
 TEST( LspPingDdmapHdr, readsWhatEveryAddressTypeBeginsWith ) {
    WireBytes bytes( "00 14 00 10 05 dc 01 fe" );
@@ -212,18 +207,15 @@ TYPED_TEST( LspPingDdmapViews, areZeroAndInvalidWhenNew ) {
 
 TEST( LspPingDdmapTlv, readsAndWritesItsAttributes ) {
    EXPECT_EQ( attributeLines< LspPingDdmapHdr >(),
-              ( Lines{ "130 mtu U16 read write", "131 addrType U8 read write",
-                       "132 dsFlags U8 read write" } ) );
+              ( Lines{ "130 mtu U16 rw", "131 addrType U8 rw", "132 dsFlags U8 rw" } ) );
    EXPECT_EQ( attributeLines< LspPingDdmapTlv >(),
-              ( Lines{ "130 dsIpAddr Velnet::IpAddr read write",
-                       "131 dsIntfAddr Velnet::IpAddr read write", "132 retCode U8 read write",
-                       "133 retSubcode U8 read write", "134 subTlvLen U16 read write",
-                       "135 valid bool read", "136 stringValue Orlo::String read" } ) );
+              ( Lines{ "130 dsIpAddr Velnet::IpAddr rw", "131 dsIntfAddr Velnet::IpAddr rw",
+                       "132 retCode U8 rw", "133 retSubcode U8 rw", "134 subTlvLen U16 rw",
+                       "135 valid bool r", "136 stringValue Orlo::String r" } ) );
    EXPECT_EQ( attributeLines< LspPingDdmapV6UnnumberedTlv >(),
-              ( Lines{ "130 dsIpAddr Velnet::Ip6Addr read write", "131 dsIntfId U32 read write",
-                       "132 retCode U8 read write", "133 retSubcode U8 read write",
-                       "134 subTlvLen U16 read write", "135 valid bool read",
-                       "136 stringValue Orlo::String read" } ) );
+              ( Lines{ "130 dsIpAddr Velnet::Ip6Addr rw", "131 dsIntfId U32 rw",
+                       "132 retCode U8 rw", "133 retSubcode U8 rw", "134 subTlvLen U16 rw",
+                       "135 valid bool r", "136 stringValue Orlo::String r" } ) );
    WireBytes bytes( ipv4 );
    auto & view = bytes.as< LspPingDdmapTlv >();
    EXPECT_EQ( Kiv::read< U16 >( view, "mtu" ), 1500 );
@@ -243,13 +235,12 @@ TEST( LspPingDdmapTlvParser, showsAnyAddressTypeAsIpv4Numbered ) {
    auto const parser = lspPingDdmapTlvParserFactory( pkt, 3 );
    EXPECT_EQ(
       attributeLines( parser->fwkType() ),
-      ( Lines{ "130 pkt Velnet::Pkt* read", "131 offset U32 read",
-               "132 header LspPing::LspPingDdmapTlv* read", "133 handleHeader call",
-               "134 type U16 read", "135 length U16 read", "136 mtu U16 read",
-               "137 addrType U8 read", "138 dsFlags U8 read", "139 dsIpAddr Velnet::IpAddr read",
-               "140 dsIntfAddr Velnet::IpAddr read", "141 retCode U8 read",
-               "142 retSubcode U8 read", "143 subTlvLen U16 read", "144 valid bool read",
-               "145 stringValue Orlo::String read", "146 totalLength U16 read" } ) );
+      ( Lines{ "130 pkt Velnet::Pkt^ r", "131 offset U32 r", "132 header LspPingDdmapTlv* r",
+               "133 handleHeader() void c", "134 type U16 r", "135 length U16 r", "136 mtu U16 r",
+               "137 addrType U8 r", "138 dsFlags U8 r", "139 dsIpAddr Velnet::IpAddr r",
+               "140 dsIntfAddr Velnet::IpAddr r", "141 retCode U8 r", "142 retSubcode U8 r",
+               "143 subTlvLen U16 r", "144 valid bool r", "145 stringValue Orlo::String r",
+               "146 totalLength U16 r" } ) );
    EXPECT_EQ( Kiv::read< U16 >( *parser, "type" ), 20 );
    EXPECT_EQ( Kiv::read< U16 >( *parser, "length" ), 16 );
    EXPECT_EQ( Kiv::read< U16 >( *parser, "mtu" ), 1500 );

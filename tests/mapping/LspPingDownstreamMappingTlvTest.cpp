@@ -1,5 +1,6 @@
 #include "MplsUtils/LspPing/mapping/LspPingDownstreamMappingTlv.h"
 
+#include "tests/Addresses.h"
 #include "tests/AttributeLines.h"
 #include "tests/WireBytes.h"
 
@@ -8,14 +9,8 @@
 namespace LspPing {
 namespace {
 
-using Velnet::Ip6Addr;
 using Velnet::IpAddr;
 using Velnet::NetU16;
-using Lines = std::vector< std::string >;
-
-Ip6Addr address6( std::string_view text ) {
-   return *Ip6Addr::fromText( text );
-}
 
 TEST( LspPingDownstreamMappingHdr, readsWhatEveryAddressTypeBeginsWith ) {
    WireBytes bytes( "05 dc 01 fe" );
@@ -129,26 +124,23 @@ TEST( LspPingDownstreamMappingTlvs, areZeroWhenNew ) {
 
 TEST( LspPingDownstreamMappingTlvs, nameTheirAttributes ) {
    EXPECT_EQ( attributeLines< LspPingDownstreamMappingHdr >(),
-              ( Lines{ "2 mtu Velnet::NetU16 read write", "3 addrType U8 read write",
-                       "4 dsFlags U8 read write" } ) );
+              ( Lines{ "2 mtu Velnet::NetU16 rw", "3 addrType U8 rw", "4 dsFlags U8 rw" } ) );
+   EXPECT_EQ( attributeLines< LspPingDownstreamMappingIpv4Tlv >(),
+              ( Lines{ "130 dsIpAddr Velnet::IpAddr rw", "131 dsIntfAddr Velnet::IpAddr rw",
+                       "132 multipathType U8 rw", "133 depthLimit U8 rw",
+                       "134 multipathLength Velnet::NetU16 rw" } ) );
    EXPECT_EQ(
-      attributeLines< LspPingDownstreamMappingIpv4Tlv >(),
-      ( Lines{ "130 dsIpAddr Velnet::IpAddr read write", "131 dsIntfAddr Velnet::IpAddr read write",
-               "132 multipathType U8 read write", "133 depthLimit U8 read write",
-               "134 multipathLength Velnet::NetU16 read write" } ) );
-   EXPECT_EQ( attributeLines< LspPingDownstreamMappingIpv4UnnumberedTlv >(),
-              ( Lines{ "130 dsIpAddr Velnet::IpAddr read write", "131 dsIntfId U32 read write",
-                       "132 multipathType U8 read write", "133 depthLimit U8 read write",
-                       "134 multipathLength Velnet::NetU16 read write" } ) );
+      attributeLines< LspPingDownstreamMappingIpv4UnnumberedTlv >(),
+      ( Lines{ "130 dsIpAddr Velnet::IpAddr rw", "131 dsIntfId U32 rw", "132 multipathType U8 rw",
+               "133 depthLimit U8 rw", "134 multipathLength Velnet::NetU16 rw" } ) );
    EXPECT_EQ( attributeLines< LspPingDownstreamMappingIpv6Tlv >(),
-              ( Lines{ "130 dsIpAddr Velnet::Ip6Addr read write",
-                       "131 dsIntfAddr Velnet::Ip6Addr read write",
-                       "132 multipathType U8 read write", "133 depthLimit U8 read write",
-                       "134 multipathLength Velnet::NetU16 read write" } ) );
-   EXPECT_EQ( attributeLines< LspPingDownstreamMappingIpv6UnnumberedTlv >(),
-              ( Lines{ "130 dsIpAddr Velnet::Ip6Addr read write", "131 dsIntfId U32 read write",
-                       "132 multipathType U8 read write", "133 depthLimit U8 read write",
-                       "134 multipathLength Velnet::NetU16 read write" } ) );
+              ( Lines{ "130 dsIpAddr Velnet::Ip6Addr rw", "131 dsIntfAddr Velnet::Ip6Addr rw",
+                       "132 multipathType U8 rw", "133 depthLimit U8 rw",
+                       "134 multipathLength Velnet::NetU16 rw" } ) );
+   EXPECT_EQ(
+      attributeLines< LspPingDownstreamMappingIpv6UnnumberedTlv >(),
+      ( Lines{ "130 dsIpAddr Velnet::Ip6Addr rw", "131 dsIntfId U32 rw", "132 multipathType U8 rw",
+               "133 depthLimit U8 rw", "134 multipathLength Velnet::NetU16 rw" } ) );
 }
 
 TEST( LspPingDownstreamMappingTlvs, reachTheHeadersAttributesThroughTheirBase ) {

@@ -1,40 +1,29 @@
 #include "MplsUtils/LspPing/mapping/LspPingIntfAndLabelStackTlv.h"
 
+#include "tests/Addresses.h"
 #include "tests/AttributeLines.h"
 #include "tests/WireBytes.h"
 
 #include <gtest/gtest.h>
 
-#include <bit>
-
 namespace LspPing {
 namespace {
 
-using Velnet::Ip6Addr;
 using Velnet::IpAddr;
-using Lines = std::vector< std::string >;
-
-Ip6Addr address6( std::string_view text ) {
-   return *Ip6Addr::fromText( text );
-}
-
-U16 rawOf( U8 first, U8 second ) {
-   return std::bit_cast< U16 >( std::array< U8, 2 >{ first, second } );
-}
 
 TEST( LspPingIntfAndLabelStackHdr, readsWhatEveryAddressTypeBeginsWith ) {
    WireBytes bytes( "01 02 03 04" );
    auto const & view = bytes.as< LspPingIntfAndLabelStackHdr >();
    EXPECT_EQ( view.addrType(), 1 );
    EXPECT_EQ( view.mbz0(), 2 );
-   EXPECT_EQ( view.mbz1(), rawOf( 3, 4 ) );
+   EXPECT_EQ( view.mbz1(), asStored( 3, 4 ) );
 }
 
 TEST( LspPingIntfAndLabelStackHdr, writesItsOwnBytesOnly ) {
    using View = LspPingIntfAndLabelStackHdr;
    EXPECT_EQ( hexAfter< View >( []( View & v ) { v.addrTypeIs( 1 ); } ), "01 a5 a5 a5" );
    EXPECT_EQ( hexAfter< View >( []( View & v ) { v.mbz0Is( 2 ); } ), "a5 02 a5 a5" );
-   EXPECT_EQ( hexAfter< View >( []( View & v ) { v.mbz1Is( rawOf( 3, 4 ) ); } ), "a5 a5 03 04" );
+   EXPECT_EQ( hexAfter< View >( []( View & v ) { v.mbz1Is( asStored( 3, 4 ) ); } ), "a5 a5 03 04" );
 }
 
 TEST( LspPingIntfAndLabelStackIpv4Tlv, readsAndWritesEveryFieldWhereItLies ) {
@@ -100,19 +89,16 @@ TEST( LspPingIntfAndLabelStackTlvs, areZeroWhenNew ) {
 }
 
 TEST( LspPingIntfAndLabelStackTlvs, nameTheirAttributes ) {
-   EXPECT_EQ(
-      attributeLines< LspPingIntfAndLabelStackHdr >(),
-      ( Lines{ "2 addrType U8 read write", "3 mbz0 U8 read write", "4 mbz1 U16 read write" } ) );
-   EXPECT_EQ(
-      attributeLines< LspPingIntfAndLabelStackIpv4Tlv >(),
-      ( Lines{ "130 addr Velnet::IpAddr read write", "131 intf Velnet::IpAddr read write" } ) );
+   EXPECT_EQ( attributeLines< LspPingIntfAndLabelStackHdr >(),
+              ( Lines{ "2 addrType U8 rw", "3 mbz0 U8 rw", "4 mbz1 U16 rw" } ) );
+   EXPECT_EQ( attributeLines< LspPingIntfAndLabelStackIpv4Tlv >(),
+              ( Lines{ "130 addr Velnet::IpAddr rw", "131 intf Velnet::IpAddr rw" } ) );
    EXPECT_EQ( attributeLines< LspPingIntfAndLabelStackIpv4UnnumberedTlv >(),
-              ( Lines{ "130 addr Velnet::IpAddr read write", "131 intfId U32 read write" } ) );
-   EXPECT_EQ(
-      attributeLines< LspPingIntfAndLabelStackIpv6Tlv >(),
-      ( Lines{ "130 addr Velnet::Ip6Addr read write", "131 intf Velnet::Ip6Addr read write" } ) );
+              ( Lines{ "130 addr Velnet::IpAddr rw", "131 intfId U32 rw" } ) );
+   EXPECT_EQ( attributeLines< LspPingIntfAndLabelStackIpv6Tlv >(),
+              ( Lines{ "130 addr Velnet::Ip6Addr rw", "131 intf Velnet::Ip6Addr rw" } ) );
    EXPECT_EQ( attributeLines< LspPingIntfAndLabelStackIpv6UnnumberedTlv >(),
-              ( Lines{ "130 addr Velnet::Ip6Addr read write", "131 intfId U32 read write" } ) );
+              ( Lines{ "130 addr Velnet::Ip6Addr rw", "131 intfId U32 rw" } ) );
 }
 
 TEST( LspPingIntfAndLabelStackTlvs, reachTheHeadersAttributesThroughTheirBase ) {
@@ -120,7 +106,7 @@ TEST( LspPingIntfAndLabelStackTlvs, reachTheHeadersAttributesThroughTheirBase ) 
    auto & view = bytes.as< LspPingIntfAndLabelStackIpv4UnnumberedTlv >();
    U16 word = 0;
    EXPECT_EQ( outcomeOf( view, 4, Kiv::OpCode::read, word ), Kiv::Outcome::done );
-   EXPECT_EQ( word, rawOf( 3, 4 ) );
+   EXPECT_EQ( word, asStored( 3, 4 ) );
    U8 addrType = 9;
    EXPECT_EQ( outcomeOf( view, 2, Kiv::OpCode::write, addrType ), Kiv::Outcome::done );
    U32 index = 0;

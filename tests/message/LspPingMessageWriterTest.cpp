@@ -1,9 +1,9 @@
 #include "MplsUtils/LspPing/LspPingHdr.h"
+#include "tests/WireBytes.h"
 #include "tests/message/MessageBytes.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <memory>
 
 namespace {
 
@@ -350,8 +350,8 @@ TEST( LspPingMessageWriter, writesIntoSpansOfEverySizeAndNeverOutsideOfThem ) {
    write( grower );
    ASSERT_FALSE( grower.error() );
    for( std::size_t size = 0; size <= whole.size(); ++size ) {
-      std::unique_ptr< U8[] > const block( new U8[size] );
-      Writer writer( std::span( block.get(), size ) );
+      WireBytes const block( size, 0xa5 );
+      Writer writer( block.bytes() );
       write( writer );
       if( size == whole.size() ) {
          EXPECT_EQ( hexOf( writer.bytes() ), hexOf( whole ) );

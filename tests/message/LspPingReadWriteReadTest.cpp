@@ -2,6 +2,7 @@
 #include "tests/message/RandomMessage.h"
 #include "tests/message/Rewrite.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -115,7 +116,10 @@ TEST( LspPingReadWriteRead, givesTheSameBytesForTheSamples ) {
    LspPingMessageReader reader;
    Bytes memory;
    std::vector< Bytes > const messages = messagesOf( LSPPING_SAMPLES "/echo.pcap" );
-   EXPECT_EQ( messages.size(), 58u );
+   std::ifstream decoded( LSPPING_SAMPLES "/echo.jsonl" ); // a line for each
+   auto const lines = std::count( std::istreambuf_iterator< char >( decoded ), {}, '\n' );
+   EXPECT_GT( lines, 0 );
+   EXPECT_EQ( messages.size(), static_cast< std::size_t >( lines ) );
    for( Bytes const & message : messages )
       EXPECT_EQ( differenceOf( message, reader, memory ), "" );
 }

@@ -3,30 +3,14 @@
 #include "MplsUtils/LspPing/LspPingHdr.h"
 #include "MplsUtils/LspPing/message/LspPingMessageReader.h"
 #include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
+#include "tests/Bytes.h"
 
-#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 /// What tests of whole messages need.
 namespace MessageBytes {
-
-using Bytes = std::vector< U8 >;
-
-/// "0a 00 ff"
-inline std::string hexOf( std::span< U8 const > bytes ) {
-   constexpr std::string_view digits = "0123456789abcdef";
-   std::string text;
-   for( U8 const byte : bytes ) {
-      if( !text.empty() )
-         text += ' ';
-      text += digits[byte >> 4];
-      text += digits[byte & 15];
-   }
-   return text;
-}
 
 inline constexpr auto asZeros = []( auto & ) {};
 inline constexpr auto asRequest = []( LspPing::LspPingHdr & header ) { header.messageTypeIs( 1 ); };

@@ -34,8 +34,6 @@ class RandomMessage {
    using Behind = LspPing::LspPingBehind;
    using Context = LspPing::LspPingContext;
    using Open = LspPing::LspPingOpenElement;
-   using Bytes = std::vector< U8 >;
-
    void fill( std::span< U8 > bytes ) {
       for( U8 & byte : bytes )
          byte = static_cast< U8 >( random_() );

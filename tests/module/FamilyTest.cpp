@@ -4,6 +4,7 @@
 #include "MplsUtils/LspPing/LspPingTypes.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
+#include "tests/WireBytes.h"
 
 #include <gtest/gtest.h>
 
@@ -17,11 +18,7 @@ namespace {
 
 using Kiv::OpCode;
 using Kiv::Outcome;
-using ModuleTest::OddBytes;
 using ModuleTest::Random;
-
-// What the bytes under a view are filled with.
-constexpr U8 fills[] = { 0x00, 0xa5, 0xff };
 
 // Codes that are no operation, the library's inner request among them.
 constexpr U32 otherCodes[] = { 2, 3, 9, 11, 100, 0xffffffff };
@@ -72,7 +69,7 @@ class Subject {
    Kiv::TypeRef type() const { return type_; }
    void * object() const { return object_; }
    Orlo::Ptr< Orlo::Node > const & node() const { return node_; }
-   OddBytes const & bytes() const { return bytes_; }
+   WireBytes const & bytes() const { return bytes_; }
    Outcome access( Kiv::Field field, U32 code, void * buffer ) const {
       return Kiv::attributeAccess( type_, object_, field, static_cast< OpCode >( code ), buffer );
    }
@@ -84,7 +81,7 @@ class Subject {
 
  private:
    Kiv::TypeRef type_;
-   OddBytes bytes_;
+   WireBytes bytes_;
    Orlo::Ptr< Velnet::Pkt > pkt_;
    Orlo::Ptr< Orlo::Node > node_;
    std::unique_ptr< Kiv::Instance > value_;
@@ -178,7 +175,7 @@ TEST_P( Family, givesEveryAttributeATypeThatIsRegistered ) {
 }
 
 TEST_P( Family, refusesWhatAnAttributeDoesNotOfferAndChangesNothing ) {
-   for( U8 const fill : fills ) {
+   for( U8 const fill : someFills ) {
       Subject const subject( type(), fill );
       Unchanged const unchanged( subject );
       for( Kiv::FoundAttribute const & found : ModuleTest::allAttributes( type() ) ) {
@@ -222,7 +219,7 @@ TEST_P( Family, saysTwoForIdsThatNameNothingWhateverTheCode ) {
 
 // Runs through every getter with the sanitizers watching, and finds that reading changes nothing.
 TEST_P( Family, readsEveryAttributeOverAnyBytes ) {
-   for( U8 const fill : fills ) {
+   for( U8 const fill : someFills ) {
       Subject const subject( type(), fill );
       std::vector< U8 > const before = subject.bytes().copy();
       Orlo::String const first = subject.readings();
@@ -379,7 +376,7 @@ TEST_P( Family, copiesValuesThatAreEqualAndPrintAlike ) {
 TEST_P( Family, forwardsWhatTheViewReads ) {
    if( type().operations().create == nullptr )
       return;
-   for( U8 const fill : fills ) {
+   for( U8 const fill : someFills ) {
       Subject const subject( type(), fill );
       void * const view = headerOf( type(), subject.object() );
       std::size_t compared = 0;

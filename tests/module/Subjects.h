@@ -4,31 +4,12 @@
 #include "MplsUtils/LspPing/platform/Kiv/Instance.h"
 #include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
-#include <algorithm>
 #include <memory>
 #include <random>
-#include <span>
 #include <vector>
 
 // Objects of any registered type, and random values for their attributes.
 namespace ModuleTest {
-
-/// Bytes at an odd address with nothing of ours behind them.
-class OddBytes {
- public:
-   OddBytes( std::size_t count, U8 fill )
-      : count_( count ),
-        block_( std::make_unique< U8[] >( count + 1 ) ) {
-      std::fill_n( data(), count, fill );
-   }
-   U8 * data() const noexcept { return block_.get() + 1; }
-   std::span< U8 > bytes() const noexcept { return { data(), count_ }; }
-   std::vector< U8 > copy() const { return { data(), data() + count_ }; }
-
- private:
-   std::size_t count_;
-   std::unique_ptr< U8[] > block_;
-};
 
 using Random = std::mt19937_64;
 

@@ -6,13 +6,36 @@ compare.py tcpdump PROGRAM LSPPING CAPTURE
 compare.py table [DOCUMENT]                  the list of known differences, or whether it has it
 """
 
+import subprocess
 import sys
 from pathlib import Path
 
 import tcpdump
 import tshark
+from claims import Report, decode, nodes_of
 
 DECODERS = {"tshark": tshark, "tcpdump": tcpdump}
+
+
+def compare(name: str, program: str, lspping: str, capture: str) -> int:
+    decoder = DECODERS[name]
+    version = subprocess.run([program, "--version"], capture_output=True, text=True, check=True)
+    release = (version.stdout + version.stderr).split()[2]
+    packets = decoder.packets_of(program, capture)
+    report = Report(name, decoder.KNOWN, release.startswith(decoder.REVIEWED))
+    messages = decode(lspping, capture)
+    if [m["packet"] for m in messages] != list(range(1, len(packets) + 1)):
+        report.failures.append(f"{len(packets)} packets, but not each of them is a message")
+    for message in messages:
+        packet = packets[message["packet"] - 1]
+        for node in nodes_of(message):
+            claims = decoder.network_claims(node) + decoder.header_claims(node) \
+                if node.is_header else decoder.element_claims(node)
+            for claim in claims:
+                decoder.judge(report, claim, packet)
+        report.complained(message, decoder.complaints_of(packet),
+                          decoder.complaints_expected(message))
+    return report.finish(decoder.LEAST)
 
 
 def table(decoder) -> str:
@@ -32,7 +55,7 @@ def check_table(document: str) -> int:
 def main(arguments: list) -> int:
     match arguments:
         case ["tshark" | "tcpdump" as name, program, lspping, capture]:
-            return DECODERS[name].compare(program, lspping, capture)
+            return compare(name, program, lspping, capture)
         case ["table"]:
             for name, decoder in DECODERS.items():
                 print(f"## {name}\n\n{table(decoder)}")

@@ -4,7 +4,7 @@ import datetime
 import re
 import subprocess
 
-from claims import Claim, Known, Node, Report, decode, nodes_of, same
+from claims import Claim, Known, Node, Report, same
 
 REVIEWED = "4.99."
 LEAST = 900
@@ -196,31 +196,23 @@ def labels_of(packet: Packet) -> str:
     return "".join(f"(label {label}{rest})" for label, rest in entries)
 
 
-def compare(program: str, lspping: str, capture: str) -> int:
-    version = subprocess.run([program, "--version"], capture_output=True, text=True, check=True)
-    release = (version.stdout + version.stderr).split()[2]
+def packets_of(program: str, capture: str) -> list:
     ran = subprocess.run([program, "-n", "-r", capture, "-vvv"], capture_output=True, text=True,
                          check=True)
-    packets = [Packet(text) for text in re.split(r"\n(?=\d\d:\d\d:\d\d\.)", ran.stdout)]
-    report = Report("tcpdump", KNOWN, release.startswith(REVIEWED))
-    messages = decode(lspping, capture)
-    if [m["packet"] for m in messages] != list(range(1, len(packets) + 1)):
-        report.failures.append(f"{len(packets)} packets, but not each of them is a message")
-    for message in messages:
-        packet = packets[message["packet"] - 1]
-        for node in nodes_of(message):
-            claims = network_claims(node) + header_claims(node) if node.is_header \
-                else element_claims(node)
-            for claim in claims:
-                if claim.attribute == "labels":
-                    theirs = [labels_of(packet)]
-                else:
-                    theirs = packet.find(claim)
-                if claim.attribute == MEANING:
-                    report.judge(claim, lambda c: bool(theirs), theirs)
-                else:
-                    report.judge(claim, lambda c: len(theirs) == 1 and same(c.ours, theirs[0]),
-                                 theirs)
-        wrong = re.findall(r"bad udp cksum|\[bad [^]]*\]|invalid", packet.text)
-        report.complained(message, wrong, [])
-    return report.finish(LEAST)
+    return [Packet(text) for text in re.split(r"\n(?=\d\d:\d\d:\d\d\.)", ran.stdout)]
+
+
+def judge(report: Report, claim: Claim, packet: Packet) -> None:
+    theirs = [labels_of(packet)] if claim.attribute == "labels" else packet.find(claim)
+    if claim.attribute == MEANING:
+        report.judge(claim, lambda c: bool(theirs), theirs)
+    else:
+        report.judge(claim, lambda c: len(theirs) == 1 and same(c.ours, theirs[0]), theirs)
+
+
+def complaints_of(packet: Packet) -> list:
+    return re.findall(r"bad udp cksum|\[bad [^]]*\]|invalid", packet.text)
+
+
+def complaints_expected(_message: dict) -> list:
+    return []

@@ -7,7 +7,7 @@ import xml.etree.ElementTree as ElementTree
 from dataclasses import dataclass
 from typing import Any, Callable, Optional
 
-from claims import Claim, Known, Node, Report, decode, nodes_of, same
+from claims import Claim, Known, Node, Report, same
 
 REVIEWED = "4.0."
 LEAST = 1500
@@ -433,34 +433,28 @@ def fields_of(packet: Packet, node: Node) -> list:
             if start <= f.offset < end and f.name not in raw and not f.name.startswith("_ws.")]
 
 
-def compare(program: str, lspping: str, capture: str) -> int:
-    version = subprocess.run([program, "--version"], capture_output=True, text=True, check=True)
-    release = version.stdout.split()[2]
+def packets_of(program: str, capture: str) -> list:
     ran = subprocess.run([program, "-n", "-r", capture, "-T", "pdml"], capture_output=True,
                          check=True)
-    packets = [Packet(tree) for tree in ElementTree.fromstring(ran.stdout).iter("packet")]
-    report = Report("tshark", KNOWN, release.startswith(REVIEWED))
-    messages = decode(lspping, capture)
-    if [m["packet"] for m in messages] != list(range(1, len(packets) + 1)):
-        report.failures.append(f"{len(packets)} packets, but not each of them is a message")
-    for message in messages:
-        packet = packets[message["packet"] - 1]
-        for node in nodes_of(message):
-            claims = network_claims(node) + header_claims(node) if node.is_header \
-                else element_claims(node)
-            for claim in claims:
-                theirs = packet.find(claim)
-                if claim.where is None:
-                    # Nothing is known of a field for it, so there must be none.
-                    report.judge(claim, lambda c: bool(fields_of(packet, c.node)), "bytes")
-                else:
-                    report.judge(claim, lambda c: bool(theirs)
-                                 and any(same(c.ours, t) for t in theirs)
-                                 and (len(theirs) == 1 or c.where[0] == ""), theirs)
-        # A request has a time to live of 1 where IP would carry it on, RFC 8029 section 4.3.
-        expected = []
-        attributes = message["message"]["attributes"]
-        if attributes["messageType"] == 1 and message["src"] and ":" not in message["src"]:
-            expected = ["\"Time To Live\" only 1"]
-        report.complained(message, packet.complaints, expected)
-    return report.finish(LEAST)
+    return [Packet(tree) for tree in ElementTree.fromstring(ran.stdout).iter("packet")]
+
+
+def judge(report: Report, claim: Claim, packet: Packet) -> None:
+    theirs = packet.find(claim)
+    if claim.where is None:
+        # Nothing is known of a field for it, so there must be none.
+        report.judge(claim, lambda c: bool(fields_of(packet, c.node)), "bytes")
+    else:
+        report.judge(claim, lambda c: bool(theirs) and any(same(c.ours, t) for t in theirs)
+                     and (len(theirs) == 1 or c.where[0] == ""), theirs)
+
+
+def complaints_of(packet: Packet) -> list:
+    return packet.complaints
+
+
+def complaints_expected(message: dict) -> list:
+    """A request has a time to live of 1 where IP would carry it on, RFC 8029 section 4.3."""
+    is_request = message["message"]["attributes"]["messageType"] == 1
+    is_ipv4 = message["src"] and ":" not in message["src"]
+    return ["\"Time To Live\" only 1"] if is_request and is_ipv4 else []

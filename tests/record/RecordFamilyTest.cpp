@@ -1,7 +1,7 @@
-#include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "MplsUtils/LspPing/platform/Kiv/Instance.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
+#include "tests/AttributeLines.h"
 #include "tests/record/RandomRecords.h"
 
 #include <gtest/gtest.h>
@@ -119,10 +119,7 @@ Orlo::String described( Kiv::TypeRef type ) {
    Orlo::String text;
    for( Kiv::Attribute const & attribute : type.attributes() ) {
       text.append( text.empty() ? "" : ", " ).append( attribute.name() ).append( " " );
-      text += attribute.readable() ? "r" : "";
-      text += attribute.writable() ? "w" : "";
-      text += attribute.callable() ? "c" : "";
-      text += attribute.collection() ? "{}" : "";
+      text += accessText( attribute ) + ( attribute.collection() ? "{}" : "" );
    }
    return text;
 }

@@ -10,8 +10,6 @@
 namespace LspPing {
 namespace {
 
-using Lines = std::vector< std::string >;
-
 TEST( LspPingEchoJitterTlv, readsAndPrintsTheTime ) {
    WireBytes bytes( "00 0c 00 04 00 00 01 f4" );
    auto const & view = bytes.as< LspPingEchoJitterTlv >();
@@ -55,9 +53,9 @@ TEST( LspPingEchoJitterTlv, printsThatItIsInvalid ) {
 }
 
 TEST( LspPingEchoJitterTlv, readsAndWritesItsAttributes ) {
-   EXPECT_EQ( attributeLines< LspPingEchoJitterTlv >(),
-              ( Lines{ "130 jitter U32 read write", "131 valid bool read",
-                       "132 stringValue Orlo::String read" } ) );
+   EXPECT_EQ(
+      attributeLines< LspPingEchoJitterTlv >(),
+      ( Lines{ "130 jitter U32 rw", "131 valid bool r", "132 stringValue Orlo::String r" } ) );
    WireBytes bytes( "00 0c 00 04 00 00 01 f4" );
    auto & view = bytes.as< LspPingEchoJitterTlv >();
    U32 jitter = 0;
@@ -76,11 +74,10 @@ TEST( LspPingEchoJitterTlvParser, forwardsTypeLengthAndJitter ) {
    auto const parser = lspPingEchoJitterTlvParserFactory(
       Velnet::pktFactory( std::span( bytes.data(), bytes.size() ) ), 1 );
    EXPECT_EQ( attributeLines( parser->fwkType() ),
-              ( Lines{ "130 pkt Velnet::Pkt* read", "131 offset U32 read",
-                       "132 header LspPing::LspPingEchoJitterTlv* read", "133 handleHeader call",
-                       "134 type U16 read", "135 length U16 read", "136 jitter U32 read",
-                       "137 valid bool read", "138 totalLength U16 read",
-                       "139 stringValue Orlo::String read" } ) );
+              ( Lines{ "130 pkt Velnet::Pkt^ r", "131 offset U32 r",
+                       "132 header LspPingEchoJitterTlv* r", "133 handleHeader() void c",
+                       "134 type U16 r", "135 length U16 r", "136 jitter U32 r", "137 valid bool r",
+                       "138 totalLength U16 r", "139 stringValue Orlo::String r" } ) );
    EXPECT_EQ( Kiv::read< U16 >( *parser, "type" ), 12 );
    EXPECT_EQ( Kiv::read< U16 >( *parser, "length" ), 4 );
    EXPECT_EQ( Kiv::read< U32 >( *parser, "jitter" ), 500u );

@@ -1,5 +1,5 @@
 #include "MplsUtils/LspPing/LspPingHdr.h"
-#include "MplsUtils/LspPing/platform/Kiv/Access.h"
+#include "tests/AttributeLines.h"
 
 #include <gtest/gtest.h>
 
@@ -218,11 +218,9 @@ TEST( LspPingPadTlvParser, forwardsToItsObject ) {
    EXPECT_EQ( Kiv::read< Orlo::String >( *parser, "stringValue" ), tlv->stringValue() );
    EXPECT_THROW( Kiv::write< U8 >( *parser, "padType", 2 ), Kiv::AccessException );
 
-   Orlo::String names;
-   for( Kiv::Attribute const & attribute : parser->fwkType().attributes() )
-      names.append( attribute.name() ).append( " " );
-   EXPECT_EQ( names, "pkt offset header handleHeader type length padType padding valid "
-                     "stringValue totalLength " );
+   EXPECT_EQ( attributeNames( parser->fwkType() ),
+              "pkt, offset, header, handleHeader, type, length, padType, padding, valid, "
+              "stringValue, totalLength" );
 
    Kiv::CollectionIterator at( parser->fwkType(), parser.get(), "padding" );
    EXPECT_EQ( *static_cast< U8 const * >( at.iterObj() ), 0xAB );

@@ -12,8 +12,6 @@
 namespace LspPing {
 namespace {
 
-using Lines = std::vector< std::string >;
-
 TEST( LspPingReplyTosTlv, readsAndPrintsTheTypeOfService ) {
    WireBytes bytes( "00 0a 00 04 b8 01 02 03" );
    auto const & view = bytes.as< LspPingReplyTosTlv >();
@@ -54,8 +52,8 @@ TEST( LspPingReplyTosTlv, printsThatItIsInvalid ) {
 
 TEST( LspPingReplyTosTlv, readsAndWritesItsAttributes ) {
    EXPECT_EQ( attributeLines< LspPingReplyTosTlv >(),
-              ( Lines{ "130 tos U8 read write", "131 mbz0 U8 read write", "132 mbz1 U16 read write",
-                       "133 valid bool read", "134 stringValue Orlo::String read" } ) );
+              ( Lines{ "130 tos U8 rw", "131 mbz0 U8 rw", "132 mbz1 U16 rw", "133 valid bool r",
+                       "134 stringValue Orlo::String r" } ) );
    WireBytes bytes( "00 0a 00 04 b8 00 00 00" );
    auto & view = bytes.as< LspPingReplyTosTlv >();
    U8 tos = 0;
@@ -78,10 +76,9 @@ TEST( LspPingReplyTosTlvParser, forwardsTypeLengthAndTos ) {
       Velnet::pktFactory( std::span( bytes.data(), bytes.size() ) ), 1 );
    EXPECT_EQ(
       attributeLines( parser->fwkType() ),
-      ( Lines{ "130 pkt Velnet::Pkt* read", "131 offset U32 read",
-               "132 header LspPing::LspPingReplyTosTlv* read", "133 handleHeader call",
-               "134 type U16 read", "135 length U16 read", "136 tos U8 read", "137 valid bool read",
-               "138 stringValue Orlo::String read", "139 totalLength U16 read" } ) );
+      ( Lines{ "130 pkt Velnet::Pkt^ r", "131 offset U32 r", "132 header LspPingReplyTosTlv* r",
+               "133 handleHeader() void c", "134 type U16 r", "135 length U16 r", "136 tos U8 r",
+               "137 valid bool r", "138 stringValue Orlo::String r", "139 totalLength U16 r" } ) );
    EXPECT_EQ( Kiv::read< U16 >( *parser, "type" ), 10 );
    EXPECT_EQ( Kiv::read< U16 >( *parser, "length" ), 4 );
    EXPECT_EQ( Kiv::read< U8 >( *parser, "tos" ), 184 );

@@ -10,8 +10,6 @@
 namespace LspPing {
 namespace {
 
-using Lines = std::vector< std::string >;
-
 // The build's to choose, so its bytes are not written out here.
 constexpr U32 vendor = static_cast< U32 >( LspPingVendorIana::VeloraIana );
 
@@ -57,9 +55,9 @@ TEST( LspPingVeloraVendorPrivateTlv, printsNothingOfItsValue ) {
 }
 
 TEST( LspPingVeloraVendorPrivateTlv, readsAndWritesItsAttributes ) {
-   EXPECT_EQ( attributeLines< LspPingVeloraVendorPrivateTlv >(),
-              ( Lines{ "130 vendorIana U32 read write", "131 valid bool read",
-                       "132 stringValue Orlo::String read" } ) );
+   EXPECT_EQ(
+      attributeLines< LspPingVeloraVendorPrivateTlv >(),
+      ( Lines{ "130 vendorIana U32 rw", "131 valid bool r", "132 stringValue Orlo::String r" } ) );
    WireBytes bytes( "fe ed 00 0c 00 00 00 09" );
    auto & view = bytes.as< LspPingVeloraVendorPrivateTlv >();
    U32 number = 0;
@@ -78,11 +76,11 @@ TEST( LspPingVeloraVendorPrivateTlvParser, forwardsJudgementAndText ) {
    WireBytes bytes( "ff fe ed 00 0c 00 00 00 00" );
    auto const parser = lspPingVeloraVendorPrivateTlvParserFactory(
       Velnet::pktFactory( std::span( bytes.data(), bytes.size() ) ), 1 );
-   EXPECT_EQ( attributeLines( parser->fwkType() ),
-              ( Lines{ "130 pkt Velnet::Pkt* read", "131 offset U32 read",
-                       "132 header LspPing::LspPingVeloraVendorPrivateTlv* read",
-                       "133 handleHeader call", "134 valid bool read",
-                       "135 stringValue Orlo::String read", "136 totalLength U16 read" } ) );
+   EXPECT_EQ(
+      attributeLines( parser->fwkType() ),
+      ( Lines{ "130 pkt Velnet::Pkt^ r", "131 offset U32 r",
+               "132 header LspPingVeloraVendorPrivateTlv* r", "133 handleHeader() void c",
+               "134 valid bool r", "135 stringValue Orlo::String r", "136 totalLength U16 r" } ) );
    EXPECT_FALSE( Kiv::read< bool >( *parser, "valid" ) );
    parser->header()->vendorIanaIs( vendor );
    EXPECT_TRUE( Kiv::read< bool >( *parser, "valid" ) );

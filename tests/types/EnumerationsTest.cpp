@@ -3,6 +3,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
 #include "MplsUtils/LspPing/platform/KivOrlo/ValueText.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -159,8 +160,20 @@ std::vector< U32 > numbersWithoutName( Expected const & one ) {
 
 class Enumerations : public testing::TestWithParam< Expected > {};
 
-TEST( AllEnumerations, areTwentyThreeAndTwoOfThemBytes ) {
-   EXPECT_EQ( enumerations().size(), 23u );
+TEST( AllEnumerations, areThoseThatAreRegistered ) {
+   std::vector< std::string_view > expected;
+   for( Expected const & one : enumerations() )
+      expected.push_back( one.name );
+   std::vector< std::string_view > registered;
+   for( Kiv::ModuleTable const * module : Kiv::modules() )
+      for( U16 index = 0; index < module->count; ++index )
+         if( module->name.starts_with( "LspPing" ) &&
+             module->types[index].kind == Kiv::Kind::enumeration )
+            registered.push_back( Kiv::TypeRef( module->types + index ).name() );
+   EXPECT_THAT( registered, testing::UnorderedElementsAreArray( expected ) );
+}
+
+TEST( AllEnumerations, areOfFourBytesButForTwo ) {
    for( Expected const & one : enumerations() ) {
       bool const byte = one.name == "LspPing::LspPingTunnelType" ||
                         one.name == "LspPing::LspPingDownstreamMappingType";

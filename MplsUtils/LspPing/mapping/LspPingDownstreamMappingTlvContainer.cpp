@@ -30,16 +30,9 @@ void LspPingDownstreamMappingTlvContainer::tryCastToTlv( U8 * value, U32 len ) n
 
 bool LspPingDownstreamMappingTlvContainer::isIpv4() const {
    KIV_ASSERT( valid() );
-   switch( getAddrType() ) {
-   case 1:
-   case 2:
-      return true;
-   case 3:
-   case 4:
-      return false;
-   default:
+   if( !isKnown() )
       KIV_ASSERT( 0 && "Undefined address type" );
-   }
+   return isOfIpv4();
 }
 
 Velnet::IpGenAddr LspPingDownstreamMappingTlvContainer::getDsIpAddr() const {
@@ -50,22 +43,12 @@ Velnet::IpGenAddr LspPingDownstreamMappingTlvContainer::getDsIpAddr() const {
 
 Velnet::IpGenAddr LspPingDownstreamMappingTlvContainer::getDsIntfAddr() const {
    KIV_ASSERT( valid() );
-   if( !isNumbered() )
-      return Velnet::IpGenAddr();
-   return isIpv4() ? Velnet::IpGenAddr( ipv4Tlv()->dsIntfAddr() )
-                   : Velnet::IpGenAddr( ipv6Tlv()->dsIntfAddr() );
+   return ofNumbered( Velnet::IpGenAddr(), []( auto const & view ) { return view.dsIntfAddr(); } );
 }
 
 Velnet::IntfId LspPingDownstreamMappingTlvContainer::getDsIntfId() const {
    KIV_ASSERT( valid() );
-   switch( getAddrType() ) {
-   case 2:
-      return Velnet::IntfId( ipv4UnnumberedTlv()->dsIntfId() );
-   case 4:
-      return Velnet::IntfId( ipv6UnnumberedTlv()->dsIntfId() );
-   default:
-      return Velnet::IntfId();
-   }
+   return ofUnnumbered( Velnet::IntfId(), []( auto const & view ) { return view.dsIntfId(); } );
 }
 
 U8 LspPingDownstreamMappingTlvContainer::getMultipathType() const {

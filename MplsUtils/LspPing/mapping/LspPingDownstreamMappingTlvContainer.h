@@ -34,7 +34,6 @@ class LSPPING_EXPORT LspPingDownstreamMappingTlvContainer
 
    // Of any container that has a header.
    Velnet::NetU16 getMtu() const noexcept { return header()->mtu(); }
-   U8 getAddrType() const noexcept { return header()->addrType(); }
    U8 getDsFlags() const noexcept { return header()->dsFlags(); }
 
    // Of a valid container with a known address type.

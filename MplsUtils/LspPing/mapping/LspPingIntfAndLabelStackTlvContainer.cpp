@@ -30,16 +30,9 @@ void LspPingIntfAndLabelStackTlvContainer::tryCastToTlv( U8 * value, U32 len ) n
 
 bool LspPingIntfAndLabelStackTlvContainer::isIpv4() const {
    KIV_ASSERT( valid() );
-   switch( getAddrType() ) {
-   case 1:
-   case 2:
-      return true;
-   case 3:
-   case 4:
-      return false;
-   default:
+   if( !isKnown() )
       KIV_ASSERT( 0 && "Undefined address type" );
-   }
+   return isOfIpv4();
 }
 
 Velnet::IpGenAddr LspPingIntfAndLabelStackTlvContainer::getAddr() const {
@@ -50,22 +43,12 @@ Velnet::IpGenAddr LspPingIntfAndLabelStackTlvContainer::getAddr() const {
 
 Velnet::IpGenAddr LspPingIntfAndLabelStackTlvContainer::getIntfAddr() const {
    KIV_ASSERT( valid() );
-   if( !isNumbered() )
-      return Velnet::IpGenAddr();
-   return isIpv4() ? Velnet::IpGenAddr( ipv4Tlv()->intf() )
-                   : Velnet::IpGenAddr( ipv6Tlv()->intf() );
+   return ofNumbered( Velnet::IpGenAddr(), []( auto const & view ) { return view.intf(); } );
 }
 
 U32 LspPingIntfAndLabelStackTlvContainer::getIntfId() const {
    KIV_ASSERT( valid() );
-   switch( getAddrType() ) {
-   case 2:
-      return ipv4UnnumberedTlv()->intfId();
-   case 4:
-      return ipv6UnnumberedTlv()->intfId();
-   default:
-      return 0;
-   }
+   return ofUnnumbered( U32{ 0 }, []( auto const & view ) { return view.intfId(); } );
 }
 
 } // namespace LspPing

@@ -29,8 +29,6 @@ class LSPPING_EXPORT LspPingIntfAndLabelStackTlvContainer
 
    /// Of a valid container with a known address type.
    bool isIpv4() const;
-   /// Of any container that has a header.
-   U8 getAddrType() const noexcept { return header()->addrType(); }
    /// Of a valid container with a known address type.
    Velnet::IpGenAddr getAddr() const;
    /// Of any valid container; no family unless the interface is numbered.

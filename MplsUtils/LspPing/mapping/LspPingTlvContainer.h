@@ -17,6 +17,8 @@ class LspPingTlvContainer : public Orlo::Node {
    /// True after a cast that found enough bytes.
    bool valid() const noexcept { return valid_; }
    void validIs( bool valid ) noexcept { valid_ = valid; }
+   /// Of any container that has a header.
+   U8 getAddrType() const noexcept { return header_->addrType(); }
    Header * header() const noexcept { return header_; }
    void headerIs( Header * header ) noexcept { header_ = header; }
    Ipv4 * ipv4Tlv() const noexcept { return ipv4Tlv_; }
@@ -46,7 +48,7 @@ class LspPingTlvContainer : public Orlo::Node {
          return;
       // The views have no alignment, and as many bytes are there as each of them has.
       header_ = reinterpret_cast< Header * >( value );
-      switch( header_->addrType() ) {
+      switch( getAddrType() ) {
       case 1:
          valid_ = point( ipv4Tlv_, value, len );
          return;
@@ -64,23 +66,39 @@ class LspPingTlvContainer : public Orlo::Node {
       }
    }
 
-   bool isNumbered() const noexcept { return ( header_->addrType() & ~2u ) == 1; }
+   // Each address type is of a family, whose interface is numbered or not.
+   bool isKnown() const noexcept { return getAddrType() >= 1 && getAddrType() <= 4; }
+   bool isOfIpv4() const noexcept { return getAddrType() == 1 || getAddrType() == 2; }
+   bool isNumbered() const noexcept { return getAddrType() == 1 || getAddrType() == 3; }
 
    // What `read` finds in the view of that family that the address type calls for.
    template < class Read >
    auto fromView( bool isIpv4, Read read ) const {
-      bool const unnumbered = header_->addrType() == 2 || header_->addrType() == 4;
+      bool const unnumbered = getAddrType() == 2 || getAddrType() == 4;
       if( isIpv4 )
          return unnumbered ? read( *ipv4UnnumberedTlv_ ) : read( *ipv4Tlv_ );
       return unnumbered ? read( *ipv6UnnumberedTlv_ ) : read( *ipv6Tlv_ );
+   }
+   // What `read` finds of a numbered interface, or `none`.
+   template < class Value, class Read >
+   Value ofNumbered( Value none, Read read ) const {
+      if( !isNumbered() )
+         return none;
+      return isOfIpv4() ? Value( read( *ipv4Tlv_ ) ) : Value( read( *ipv6Tlv_ ) );
+   }
+   // What `read` finds of an unnumbered interface, or `none`.
+   template < class Value, class Read >
+   Value ofUnnumbered( Value none, Read read ) const {
+      if( !isKnown() || isNumbered() )
+         return none;
+      return isOfIpv4() ? Value( read( *ipv4UnnumberedTlv_ ) )
+                        : Value( read( *ipv6UnnumberedTlv_ ) );
    }
 
    // Which getters may be called in this state: those that read the header only, `isIpv4()`, those
    // that read the chosen view, the interface address and the interface index.
    bool headerReadable() const noexcept { return header_ != nullptr; }
-   bool familyReadable() const noexcept {
-      return valid_ && header_ != nullptr && header_->addrType() >= 1 && header_->addrType() <= 4;
-   }
+   bool familyReadable() const noexcept { return valid_ && header_ != nullptr && isKnown(); }
    bool viewReadable() const noexcept { return familyReadable() && chosenView() != nullptr; }
    bool intfAddrReadable() const noexcept {
       return valid_ && header_ != nullptr && ( !isNumbered() || chosenView() != nullptr );
@@ -114,7 +132,7 @@ class LspPingTlvContainer : public Orlo::Node {
    }
 
    void const * chosenView() const noexcept {
-      switch( header_->addrType() ) {
+      switch( getAddrType() ) {
       case 1:
          return ipv4Tlv_;
       case 2:

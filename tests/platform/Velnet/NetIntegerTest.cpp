@@ -2,11 +2,11 @@
 
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
 #include "MplsUtils/LspPing/platform/Kiv/RangeException.h"
+#include "tests/WireBytes.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <memory>
 #include <set>
 
 namespace {
@@ -42,19 +42,14 @@ TEST( NetInteger, storesEvery16BitValueBigEndian ) {
 }
 
 TEST( NetInteger, liesAtAnyAddressOfAPacket ) {
-   auto const packet = std::make_unique< U8[] >( 15 );
-   std::memset( packet.get(), 0xa5, 15 );
-   U8 const wire[14] = { 0x12, 0x34, 0xde, 0xad, 0xbe, 0xef, 1, 2, 3, 4, 5, 6, 7, 8 };
-   std::memcpy( packet.get() + 1, wire, sizeof wire );
-   // Alignment 1: a view's field may be read wherever its bytes lie.
-   EXPECT_EQ( reinterpret_cast< NetU16 const * >( packet.get() + 1 )->value(), 0x1234 );
-   EXPECT_EQ( reinterpret_cast< NetU32 const * >( packet.get() + 3 )->value(), 0xdeadbeef );
-   EXPECT_EQ( reinterpret_cast< NetU64 const * >( packet.get() + 7 )->value(),
+   WireBytes const packet( "a5 a5 12 34 de ad be ef 01 02 03 04 05 06 07 08" );
+   // Alignment 1: a view's field may be read wherever its bytes lie, here at odd addresses.
+   EXPECT_EQ( reinterpret_cast< NetU16 const * >( packet.data() + 2 )->value(), 0x1234 );
+   EXPECT_EQ( reinterpret_cast< NetU32 const * >( packet.data() + 4 )->value(), 0xdeadbeef );
+   EXPECT_EQ( reinterpret_cast< NetU64 const * >( packet.data() + 8 )->value(),
               0x0102030405060708U );
-   reinterpret_cast< NetU64 * >( packet.get() + 7 )->valueIs( 0xfffefdfcfbfaf9f8 );
-   U8 const written[15] = { 0xa5, 0x12, 0x34, 0xde, 0xad, 0xbe, 0xef, 0xff,
-                            0xfe, 0xfd, 0xfc, 0xfb, 0xfa, 0xf9, 0xf8 };
-   EXPECT_EQ( std::memcmp( packet.get(), written, sizeof written ), 0 );
+   reinterpret_cast< NetU64 * >( packet.data() + 8 )->valueIs( 0xfffefdfcfbfaf9f8 );
+   EXPECT_EQ( packet.hex(), "a5 a5 12 34 de ad be ef ff fe fd fc fb fa f9 f8" );
 }
 
 TEST( NetInteger, readsItsRawBitsAsTheHostDoes ) {

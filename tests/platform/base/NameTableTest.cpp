@@ -1,25 +1,23 @@
 #include "MplsUtils/LspPing/platform/base/NameTable.h"
+#include "tests/WireBytes.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 
 namespace {
 
-// A copy that ends where its memory ends, at an odd address, so that a byte too far is seen.
+// A copy that ends where its memory ends, at an odd address.
 class Exact {
  public:
    explicit Exact( std::string_view text )
-      : bytes_( std::make_unique< char[] >( text.size() + 1 ) ),
-        size_( text.size() ) {
-      text.copy( bytes_.get() + 1, size_ );
+      : bytes_( std::span( reinterpret_cast< U8 const * >( text.data() ), text.size() ) ) {}
+   std::string_view view() const {
+      return { reinterpret_cast< char const * >( bytes_.data() ), bytes_.size() };
    }
-   std::string_view view() const { return { bytes_.get() + 1, size_ }; }
 
  private:
-   std::unique_ptr< char[] > bytes_;
-   std::size_t size_;
+   WireBytes bytes_;
 };
 
 constexpr std::array< std::string_view, 5 > names{ "a", "", "version", "tsSentmSecondsNbo",

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/base/Integers.h"
+#include "tests/Bytes.h"
 #include "tests/TemporaryFolder.h"
 
 #include <cstdio>
@@ -9,21 +9,8 @@
 #include <string>
 #include <string_view>
 #include <unistd.h>
-#include <vector>
 
 // Packets and files put together by hand, outermost layer first.
-
-using Bytes = std::vector< U8 >;
-
-inline Bytes operator+( Bytes left, Bytes const & right ) {
-   left.insert( left.end(), right.begin(), right.end() );
-   return left;
-}
-
-/// Both bytes of a value in network byte order.
-inline Bytes word( std::size_t value ) {
-   return { static_cast< U8 >( value >> 8 ), static_cast< U8 >( value ) };
-}
 
 /// Four bytes in the order of a little-endian file.
 inline Bytes little( std::size_t value ) {

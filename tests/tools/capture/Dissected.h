@@ -2,19 +2,14 @@
 
 #include "tools/lspping/capture/Dissect.h"
 
-#include <algorithm>
-#include <memory>
-
+#include "tests/WireBytes.h"
 #include "tests/tools/capture/Build.h"
 
 /// Dissects a copy in a heap block of exactly its size, at an odd address.
 class Dissected {
  public:
-   Dissected( int linkType, Bytes const & bytes, std::size_t wireLength )
-      : block_( new U8[bytes.size() + 1] ) {
-      std::copy( bytes.begin(), bytes.end(), block_.get() + 1 );
-      isMessage = LspPingTool::dissect(
-         linkType, { { block_.get() + 1, bytes.size() }, wireLength }, packet );
+   Dissected( int linkType, Bytes const & bytes, std::size_t wireLength ) : bytes_( bytes ) {
+      isMessage = LspPingTool::dissect( linkType, { bytes_.bytes(), wireLength }, packet );
    }
    Dissected( int linkType, Bytes const & bytes ) : Dissected( linkType, bytes, bytes.size() ) {}
 
@@ -23,7 +18,7 @@ class Dissected {
    Bytes destination() const { return { packet.destination.begin(), packet.destination.end() }; }
 
  private:
-   std::unique_ptr< U8[] > block_;
+   WireBytes bytes_;
 
  public:
    LspPingTool::EchoPacket packet;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <algorithm>
-#include <cstring>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
@@ -9,21 +7,11 @@
 #include <vector>
 
 #include "MplsUtils/LspPing/message/LspPingMessageReader.h"
+#include "tests/WireBytes.h"
 #include "tools/lspping/decode/JsonPrinter.h"
 #include "tools/lspping/decode/TextPrinter.h"
 
 // Messages put together by hand, and what the tool makes of them.
-
-using Bytes = std::vector< U8 >;
-
-inline Bytes operator+( Bytes left, Bytes const & right ) {
-   left.insert( left.end(), right.begin(), right.end() );
-   return left;
-}
-
-inline Bytes word( std::size_t value ) {
-   return { static_cast< U8 >( value >> 8 ), static_cast< U8 >( value ) };
-}
 
 /// An echo request of version 1, reply mode 2, handle 0x1234, sequence number 1, no time stamps.
 inline Bytes const request =
@@ -55,11 +43,9 @@ struct Problem {
 /// The message in a block of the heap of just its size, at an odd address, walked.
 class Decoded {
  public:
-   explicit Decoded( Bytes const & bytes, LspPing::LspPingMessageEnd end = {} )
-      : block_( new U8[bytes.size() + 1] ) {
-      std::copy( bytes.begin(), bytes.end(), block_.get() + 1 );
+   explicit Decoded( Bytes const & bytes, LspPing::LspPingMessageEnd end = {} ) : bytes_( bytes ) {
       packet_.number = 1;
-      packet_.payload = { block_.get() + 1, bytes.size() };
+      packet_.payload = bytes_.bytes();
       reader_->read( packet_.payload, end );
    }
 
@@ -93,7 +79,7 @@ class Decoded {
    }
 
  private:
-   std::unique_ptr< U8[] > block_;
+   WireBytes bytes_;
    LspPingTool::EchoPacket packet_;
    std::unique_ptr< LspPing::LspPingMessageReader > reader_ =
       std::make_unique< LspPing::LspPingMessageReader >();
