@@ -8,6 +8,7 @@
 #include "MplsUtils/LspPing/message/LspPingProblem.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 #include "MplsUtils/LspPing/platform/base/TypeRef.h"
+#include "MplsUtils/LspPing/types/LspPingMessageTypes.h"
 
 #include <span>
 #include <string_view>
@@ -59,6 +60,9 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
    U32 code() const noexcept { return data().code; }
    /// The enumerator's name of the code, empty where it has none.
    std::string_view name() const noexcept { return lspPingCodeName( context(), code() ); }
+   /// False where its code or that of an element in it is not known and may not be ignored, RFC
+   /// 8029 section 3.
+   bool isUnderstood() const noexcept;
    U32 offset() const noexcept { return data().offset; }
    /// Of the value, as the element says.
    U32 length() const noexcept { return data().length; }
@@ -232,6 +236,10 @@ class LSPPING_MESSAGE_EXPORT LspPingMessage {
    LspPingElementRange elements() const noexcept {
       return { *this, elements_.data(), elements_.data() + elements_.size() };
    }
+   /// What a receiver of the request says of it before it looks at its sense, RFC 8029 section 4.4
+   /// step 1: `malFormEchoRequest`, `tlvNotUnderstood`, or `noRetCode` for a good one.
+   LspPingReturnCode sanity() const noexcept;
+
    /// All elements, each in front of what it contains.
    U32 elementCount() const noexcept { return static_cast< U32 >( elements_.size() ); }
    LspPingElementRef element( U32 index ) const noexcept {

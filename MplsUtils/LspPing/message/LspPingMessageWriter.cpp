@@ -76,6 +76,35 @@ U8 * LspPingMessageWriter::headerRoom() noexcept {
    return bytes;
 }
 
+bool LspPingMessageWriter::reply( LspPingMessage const & request, LspPingReturnCode code,
+                                  U8 subcode, U64 received ) noexcept {
+   LspPingHdr const * const asked = request.header();
+   if( asked == nullptr ||
+       asked->messageType() != Kiv::numberOf( LspPingMsgType::MplsEchoRequest ) )
+      return refuse( Error::noRequest );
+   if( asked->replyMode() == Kiv::numberOf( LspPingReplyMode::DontReply ) )
+      return refuse( Error::noReplyWanted );
+   bool const isWritten = header( [&]( LspPingHdr & reply ) {
+      reply.messageTypeIs( Kiv::numberOf( LspPingMsgType::MplsEchoReply ) );
+      reply.replyModeIs( asked->replyMode() );
+      reply.returnCodeIs( static_cast< U8 >( code ) );
+      reply.returnSubcodeIs( subcode );
+      reply.senderHandleIs( asked->senderHandle() );
+      reply.sequenceNumberIs( asked->sequenceNumber() );
+      reply.tsSentSecondsIs( asked->tsSentSeconds() );
+      reply.tsSentmSecondsIs( asked->tsSentmSeconds() );
+      reply.tsRcvdSecondsIs( static_cast< U32 >( received ) );
+      reply.tsRcvdmSecondsIs( static_cast< U32 >( received >> 32 ) );
+   } );
+   if( !isWritten || code != LspPingReturnCode::tlvNotUnderstood )
+      return isWritten;
+   LspPingOpenElement errored = open( LspPingTlvType::ErrorTlv );
+   for( LspPingElementRef const tlv : request.elements() )
+      if( !tlv.isUnderstood() && !add( tlv ) )
+         return errored.takeBack( Error::elementCut );
+   return errored.close();
+}
+
 // The level of a handle, if it is the innermost one that is open.
 LspPingMessageWriter::Level * LspPingMessageWriter::topOf( U32 id ) noexcept {
    Level * const level = top();

@@ -3,7 +3,6 @@
 #include "MplsUtils/LspPing/message/LspPingMessageReader.h"
 #include "MplsUtils/LspPing/message/LspPingOpenElement.h"
 #include "MplsUtils/LspPing/message/LspPingWriteError.h"
-#include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
 
 #include <algorithm>
 #include <array>
@@ -11,13 +10,6 @@
 #include <vector>
 
 namespace LspPing {
-
-class LspPingDownstreamMappingInfo;
-class LspPingDownstreamMappingInfoSet;
-class LspPingFecInfo;
-class LspPingFecStack;
-class LspPingIntfAndLabelStackInfo;
-class LspPingPadInfo;
 
 /// A class with the facts of an element beside it.
 template < class View >
@@ -68,6 +60,12 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    /// otherwise.
    template < class Fill >
    bool header( Fill fill ) noexcept;
+   /// The header of the reply to a request that was read, RFC 8029 section 4.5, and with
+   /// `tlvNotUnderstood` the TLVs that are not, in an Errored TLVs TLV (section 3.8). The request
+   /// must not lie in memory that this writer lets grow. \param received  When the request came, as
+   /// NtpTime::ntpTime() gives it.
+   bool reply( LspPingMessage const & request, LspPingReturnCode code, U8 subcode,
+               U64 received ) noexcept;
 
    /// An element with nothing behind the fixed part, as `fill( View & )` fills it. It may choose
    /// the length where two are allowed.
