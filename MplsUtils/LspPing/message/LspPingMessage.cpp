@@ -14,11 +14,6 @@ std::span< U8 const > LspPingElementRef::paddedBytes() const noexcept {
    return { at(), std::size_t{ own.row->viewOffset() } + own.row->viewSize };
 }
 
-void const * LspPingElementRef::view() const noexcept {
-   Data const & own = data();
-   return own.isViewed && own.row->viewSize != 0 ? at() + own.row->viewOffset() : nullptr;
-}
-
 void const * LspPingElementRef::viewAs( Kiv::TypeRef wanted ) const noexcept {
    void const * const own = view();
    // A derived view begins with its base.
@@ -49,19 +44,6 @@ void LspPingElementRef::padInto( LspPingPadTlv & pad ) const {
    // From the end, so that the padding grows once.
    for( std::size_t i = own.size() - 5; i-- > 0; )
       pad.paddingIs( static_cast< U32 >( i ), own[5 + i] );
-}
-
-LspPingMultipath LspPingElementRef::multipath() const noexcept {
-   Data const & own = data();
-   return { static_cast< LspPingMultipathType >( own.multipathType ),
-            message_->bytes_.subspan( own.multipathOffset, own.multipathLength ),
-            own.isMappingIpv6 };
-}
-
-LspPingLabels LspPingElementRef::labels() const noexcept {
-   Data const & own = data();
-   return { message_->bytes_.subspan( own.labelsOffset, own.labelsLength ),
-            own.row != nullptr && own.row->facts.behind != LspPingBehind::labelStack };
 }
 
 LspPingReturnCode LspPingMessage::sanity() const noexcept {

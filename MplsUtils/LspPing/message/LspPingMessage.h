@@ -104,15 +104,28 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
    template < class View >
    View const * as() const noexcept {
       static_assert( Kiv::isWireView< View, sizeof( View ) > );
-      if constexpr( std::is_same_v< View, LspPingTlvHdr > )
+      if constexpr( std::is_same_v< View, LspPingTlvHdr > ) {
          return context() != LspPingContext::opaqueValue
                    ? reinterpret_cast< View const * >( bytes().data() )
                    : nullptr;
-      else
+      } else {
+         // Quick for what it mostly is: that view, or one that has nothing to do with it. What
+         // derives from an element's class is an element of the same codes.
+         if( !isDescribed() )
+            return nullptr;
+         if( row()->type == Kiv::typeIdOf< View > )
+            return static_cast< View const * >( view() );
+         if constexpr( requires { View::element; } ) {
+            if( !View::element.hasCode( code() ) || View::element.context != context() )
+               return nullptr;
+         }
          return static_cast< View const * >( viewAs( Kiv::typeOf< View >() ) );
+      }
    }
    /// The object of `type()`: the view, or null for the Pad TLV, which `padInto` copies.
-   void const * view() const noexcept;
+   void const * view() const noexcept {
+      return isDescribed() && row()->viewSize != 0 ? at() + row()->viewOffset() : nullptr;
+   }
    /// Appends the view's own text, such as "LdpIpv4( '10.1.2.0/24' )". False where there is no view
    /// or it has no text.
    bool appendText( Orlo::StringBuilder & out ) const;
@@ -277,6 +290,17 @@ inline U8 const * LspPingElementRef::at() const noexcept {
 }
 inline std::span< U8 const > LspPingElementRef::bytes() const noexcept {
    return message_->bytes_.subspan( data().offset, data().present );
+}
+inline LspPingMultipath LspPingElementRef::multipath() const noexcept {
+   Data const & own = data();
+   return { static_cast< LspPingMultipathType >( own.multipathType ),
+            message_->bytes_.subspan( own.multipathOffset, own.multipathLength ),
+            own.isMappingIpv6 };
+}
+inline LspPingLabels LspPingElementRef::labels() const noexcept {
+   Data const & own = data();
+   return { message_->bytes_.subspan( own.labelsOffset, own.labelsLength ),
+            own.row != nullptr && own.row->facts.behind != LspPingBehind::labelStack };
 }
 inline LspPingElementRange LspPingElementRef::elements() const noexcept {
    return { *message_, data_ + 1, message_->elements_.data() + data().after };

@@ -35,19 +35,12 @@ U32 levelsOf( LspPingElementRef element ) noexcept {
 
 } // namespace
 
-// Zeros behind the message; null where they do not fit.
-U8 * LspPingMessageWriter::room( U32 count ) noexcept {
-   if( memory_ == nullptr ) {
-      if( count > place_.size() - size_ )
-         return nullptr;
-      if( count > 0 )
-         std::memset( at( size_ ), 0, count );
-   } else {
-      if( count > std::numeric_limits< U32 >::max() - size_ )
-         return nullptr;
-      Kiv::orOutOfMemory( "LspPing::LspPingMessageWriter",
-                          [&] { memory_->resize( base_ + size_ + count ); } );
-   }
+// Room in the caller's memory.
+U8 * LspPingMessageWriter::grown( U32 count ) noexcept {
+   if( count > std::numeric_limits< U32 >::max() - size_ )
+      return nullptr;
+   Kiv::orOutOfMemory( "LspPing::LspPingMessageWriter",
+                       [&] { memory_->resize( base_ + size_ + count ); } );
    size_ += count;
    return at( size_ - count );
 }
@@ -103,12 +96,6 @@ bool LspPingMessageWriter::reply( LspPingMessage const & request, LspPingReturnC
       if( !tlv.isUnderstood() && !add( tlv ) )
          return errored.takeBack( Error::elementCut );
    return errored.close();
-}
-
-// The level of a handle, if it is the innermost one that is open.
-LspPingMessageWriter::Level * LspPingMessageWriter::topOf( U32 id ) noexcept {
-   Level * const level = top();
-   return id != noId && level != nullptr && level->id == id ? level : nullptr;
 }
 
 // Whether a vendor's TLV is one of ours, so that there are elements in it.
@@ -191,7 +178,7 @@ U32 LspPingMessageWriter::begin( LspPingContext context, LspPingElement const * 
       return noId;
    bool const isPlace = mayStand( context, code );
    Level & level = levels_[depth_++];
-   level = { facts, ++lastId_, size_, size_ + content, context };
+   level = { facts, ++lastId_, size_, size_ + content, context, false, false, false };
    U32 const header = lspPingHeaderSize( context );
    if( !isPlace )
       takeBack( Error::misplaced );
@@ -317,6 +304,8 @@ bool LspPingMessageWriter::closeTop() noexcept {
 }
 
 bool LspPingMessageWriter::close( U32 id ) noexcept {
+   if( topOf( id ) != nullptr && !isFilling_ )
+      return closeTop();
    U32 place = depth_;
    while( place > 0 && levels_[place - 1].id != id )
       --place;
