@@ -141,19 +141,20 @@ void LspPingWalk::header() {
 bool LspPingWalk::comesOut( LspPingContext context, Region region,
                             Alignment alignment ) const noexcept {
    U32 const header = lspPingHeaderSize( context );
-   while( region.begin < region.end ) {
-      if( context == LspPingContext::message && region.size() <= padding_ &&
-          region.end == bytes_.size() )
-         return true;
-      if( region.size() < header )
+   bool const isLast = context == LspPingContext::message && region.end == bytes_.size();
+   U32 const link = isLast ? padding_ : 0;
+   U32 lengthAt = region.begin + header - 2;
+   for( U32 left = region.size(); left > link; ) {
+      if( left < header )
          return false;
-      U32 const length = word( region.begin + header - 2 );
-      if( length > region.size() - header )
+      U32 const length = word( lengthAt );
+      if( length > left - header )
          return false;
       U32 const step = header + ( alignment == Alignment::four ? roundedUp( length ) : length );
-      if( step >= region.size() )
+      if( step >= left )
          return true;
-      region.begin += step;
+      left -= step;
+      lengthAt += step;
    }
    return true;
 }
@@ -299,6 +300,8 @@ void LspPingWalk::body( U32 index ) {
    if( element.row == nullptr )
       return;
    LspPingElementRow const & row = *element.row;
+   if( row.facts.behind == LspPingBehind::nothing )
+      return;
    // Of a FEC 129 the identifiers are part of what has to be there.
    U32 const fixed =
       row.facts.behind == LspPingBehind::identifiers ? row.viewSize : row.fixedSize();
