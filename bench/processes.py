@@ -52,6 +52,14 @@ def header_instructions(build, folder):
     tell("headerInstructions", counts[names[0]], counts[names[1]])
 
 
+def message_instructions(build, folder):
+    names = [f"Bench::{what}{how}" for what in ("read", "write") for how in ("ThroughLibrary", "ByHand")]
+    counts, _ = callgrind(folder, [f"{build}/bench/messagesOnce"], names)
+    for key, ours, peer in (("messageReadInstructions", *names[:2]),
+                            ("messageWriteInstructions", *names[2:])):
+        tell(key, counts[ours], counts[peer])
+
+
 def registration(build, folder):
     names = ["LspPing::(anonymous namespace)::registerLspPingHdr",
              "LspPing::(anonymous namespace)::registerLspPingTypes"]
@@ -102,6 +110,7 @@ def main(build):
     with tempfile.TemporaryDirectory() as folder:
         if not missing("valgrind"):
             header_instructions(build, folder)
+            message_instructions(build, folder)
             registration(build, folder)
         opening(build)
         if not missing(f"{build}/bin/lspping", f"{build}/bench/manyMessages"):

@@ -1,15 +1,14 @@
-#include "examples/MessageBuilder.h"
-
-#include "MplsUtils/LspPing/message/LspPingMessageReader.h"
 #include "MplsUtils/LspPing/message/LspPingMessageRecords.h"
+#include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
 
+#include <array>
 #include <charconv>
 #include <iostream>
 #include <string_view>
 
 // What an agent does with a message that came: reads it, keeps what it says as
 // records, and prints the records. docs/agent.md explains it.
-//    agentRecords          takes a reply that it builds with the library's setters
+//    agentRecords          takes a reply that it builds with the library's writer
 //    agentRecords HEX      takes that message
 
 namespace {
@@ -17,54 +16,42 @@ namespace {
 using namespace LspPing;
 
 /// A transit router's reply: one next hop for some addresses, reached with one label.
-Examples::Bytes builtReply() {
-   Examples::MessageBuilder reply;
-   reply.view< LspPingHdr >( []( LspPingHdr & header ) {
-      header.versionIs( 1 );
-      header.messageTypeIs( static_cast< U8 >( LspPingMsgType::MplsEchoReply ) );
-      header.replyModeIs( 2 );
-      header.returnCodeIs( static_cast< U8 >( LspPingReturnCode::labelSwitchedAtStackDep ) );
+std::vector< U8 > builtReply() {
+   std::vector< U8 > reply;
+   LspPingMessageWriter writer( reply );
+   writer.header( []( LspPingHdr & header ) {
+      header.messageTypeIs( Kiv::numberOf( LspPingMsgType::MplsEchoReply ) );
+      header.replyModeIs( Kiv::numberOf( LspPingReplyMode::ReplyIpUdp ) );
+      header.returnCodeIs( Kiv::numberOf( LspPingReturnCode::labelSwitchedAtStackDep ) );
       header.returnSubcodeIs( 1 );
       header.senderHandleIs( 0x1234 );
       header.sequenceNumberIs( 1 );
    } );
-   reply.tlv(
-      LspPingTlvType::TargetFecStack, [&] { reply.ldpIpv4( Velnet::IpAddr( 10, 1, 2, 0 ), 24 ); } );
-   reply.detailedMapping< LspPingDdmapTlv >(
-      []( LspPingDdmapTlv & mapping ) {
-         mapping.mtuIs( 1500 );
-         mapping.addrTypeIs( static_cast< U8 >( LspPingAddrType::ipv4Numbered ) );
-         mapping.dsIpAddrIs( Velnet::IpAddr( 10, 0, 0, 2 ) );
-         mapping.dsIntfAddrIs( Velnet::IpAddr( 10, 0, 0, 1 ) );
-         mapping.retCodeIs( static_cast< U8 >( LspPingReturnCode::labelSwitchedAtStackDep ) );
-         mapping.retSubcodeIs( 1 );
-      },
-      [&] {
-         reply.element< LspPingMultipathSubTlv >(
-            LspPingDDMappingSubTlvType::MultipathData,
-            []( LspPingMultipathSubTlv & multipath ) {
-               multipath.multipathTypeIs(
-                  static_cast< U8 >( LspPingMultipathType::maskedIpSetMultipath ) );
-               multipath.multipathLengthIs( 8 );
-            },
-            [&] {
-               reply.view< Velnet::IpAddr >(
-                  []( Velnet::IpAddr & base ) { base = Velnet::IpAddr( 127, 0, 0, 0 ); } );
-               reply.view< Velnet::NetU32 >(
-                  []( Velnet::NetU32 & mask ) { mask.valueIs( 0xffff0000 ); } );
-            } );
-         reply.tlv( LspPingDDMappingSubTlvType::LabelStack, [&] {
-            reply.view< LspPingDownstreamLabelEntry >( []( LspPingDownstreamLabelEntry & label ) {
-               // Label 100704 at the bottom of the stack, from LDP.
-               label = LspPingDownstreamLabelEntry( 100704u << 12 | 1u << 8 | 3u );
-            } );
-         } );
+   {
+      auto const stack = writer.open( LspPingTlvType::TargetFecStack );
+      writer.add< LspPingLdpIpv4SubTlv >( []( auto & fec ) {
+         fec.ipPrefixIs( Velnet::IpAddr( 10, 1, 2, 0 ) );
+         fec.prefixLenIs( 24 );
       } );
-   return reply.bytes();
+   }
+   {
+      auto const mapping = writer.open< LspPingDdmapTlv >( []( auto & tlv ) {
+         tlv.mtuIs( 1500 );
+         tlv.dsIpAddrIs( Velnet::IpAddr( 10, 0, 0, 2 ) );
+         tlv.dsIntfAddrIs( Velnet::IpAddr( 10, 0, 0, 1 ) );
+         tlv.retCodeIs( Kiv::numberOf( LspPingReturnCode::labelSwitchedAtStackDep ) );
+         tlv.retSubcodeIs( 1 );
+      } );
+      writer.open< LspPingMultipathSubTlv >().multipathSet(
+         Velnet::IpAddr( 127, 0, 0, 0 ), std::array< U8, 4 >{ 0xff, 0xff, 0, 0 } );
+      // At the bottom of the stack, from LDP.
+      writer.open( LspPingDDMappingSubTlvType::LabelStack ).label( 100704, 0, true, 3 );
+   }
+   return reply;
 }
 
-Examples::Bytes bytesOf( std::string_view hex ) {
-   Examples::Bytes bytes;
+std::vector< U8 > bytesOf( std::string_view hex ) {
+   std::vector< U8 > bytes;
    for( ; hex.size() >= 2; hex.remove_prefix( 2 ) ) {
       U8 byte = 0;
       char const * const end = hex.data() + 2;
@@ -72,7 +59,7 @@ Examples::Bytes bytesOf( std::string_view hex ) {
          return {};
       bytes.push_back( byte );
    }
-   return hex.empty() ? bytes : Examples::Bytes{};
+   return hex.empty() ? bytes : std::vector< U8 >{};
 }
 
 template < class Record >
@@ -84,7 +71,7 @@ void print( std::optional< Record > const & record ) {
 } // namespace
 
 int main( int count, char ** arguments ) {
-   Examples::Bytes const message = count > 1 ? bytesOf( arguments[1] ) : builtReply();
+   std::vector< U8 > const message = count > 1 ? bytesOf( arguments[1] ) : builtReply();
    LspPingMessageReader reader;
    LspPingMessage const & read = reader.read( message );
    if( read.header() == nullptr ) {

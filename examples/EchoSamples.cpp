@@ -18,56 +18,57 @@ namespace {
 
 // Targets of one request, one FEC after the other.
 template < class Fecs >
-MessageBuilder requestFor( U32 sequenceNumber, Fecs fecs ) {
-   MessageBuilder message = request( sequenceNumber );
-   message.tlv( Tlv::TargetFecStack, [&] { fecs( message ); } );
-   return message;
+Bytes requestFor( U32 sequenceNumber, Fecs fecs ) {
+   return written( [&]( Writer & writer ) {
+      request( writer, sequenceNumber );
+      auto const stack = writer.open( Tlv::TargetFecStack );
+      fecs( writer );
+   } );
 }
 
-void withLdpTarget( MessageBuilder & message ) {
-   message.tlv(
-      Tlv::TargetFecStack, [&] { message.ldpIpv4( IpAddr( 10, 1, 2, 0 ), 24 ); } );
+// For a prefix, with a TLV behind it.
+template < class Write >
+Bytes requestWith( U32 sequenceNumber, Write write ) {
+   return written( [&]( Writer & writer ) {
+      request( writer, sequenceNumber );
+      ldpTarget( writer );
+      write( writer );
+   } );
 }
 
 // ---- headers
 
-MessageBuilder dontReply() {
-   MessageBuilder message = request( 1 );
-   auto & header = message.at< LspPingHdr >( 0 );
+Bytes dontReply() {
+   Bytes message = requestWith( 1, []( Writer & ) {} );
+   auto & header = viewAt< LspPingHdr >( message, 0 );
    header.globalFlagsIs( numberOf( LspPingHeaderFlags::rFlag ) | 3 );
    header.replyModeIs( numberOf( LspPingReplyMode::DontReply ) );
-   withLdpTarget( message );
    return message;
 }
 
-MessageBuilder headerOnlyReply( LspPingReturnCode code ) {
-   return reply( 2, code, 1 );
+Bytes headerOnlyReply( LspPingReturnCode code ) {
+   return written( [&]( Writer & writer ) { reply( writer, 2, code, 1 ); } );
 }
 
 // ---- target FECs
 
 template < class View, class Address >
-void prefix( MessageBuilder & message, Fec code, Address address, U8 bits ) {
-   message.element< View >(
-      code,
-      [&]( View & fec ) {
-         fec.lengthIs( sizeof( Address ) + 1 ); // the bytes behind the prefix length are padding
-         fec.ipPrefixIs( address );
-         fec.prefixLenIs( bits );
-      } );
+void prefix( Writer & writer, Address address, U8 bits ) {
+   writer.add< View >( [&]( View & fec ) {
+      fec.ipPrefixIs( address );
+      fec.prefixLenIs( bits );
+   } );
 }
 
-MessageBuilder prefixFecs() {
+Bytes prefixFecs() {
    return requestFor(
       10,
-      []( MessageBuilder & message ) {
-         message.ldpIpv4( IpAddr( 10, 1, 2, 0 ), 24 );
-         prefix< LspPingGenericIpv4SubTlv >( message, Fec::GenericIpv4, IpAddr( 10, 4, 0, 0 ), 16 );
-         prefix< LspPingGenericIpv6SubTlv >( message, Fec::GenericIpv6, ip6( "2001:db8:4::" ), 48 );
-         prefix< LspPingBgpLuIpv4SubTlv >( message, Fec::BGPLabeledIpv4, IpAddr( 10, 5, 0, 0 ),
-                                           16 );
-         prefix< LspPingBgpLuIpv6SubTlv >( message, Fec::BGPLabeledIpv6, ip6( "2001:db8:5::" ),
-                                           64 );
+      []( Writer & writer ) {
+         ldpIpv4( writer, IpAddr( 10, 1, 2, 0 ), 24 );
+         prefix< LspPingGenericIpv4SubTlv >( writer, IpAddr( 10, 4, 0, 0 ), 16 );
+         prefix< LspPingGenericIpv6SubTlv >( writer, ip6( "2001:db8:4::" ), 48 );
+         prefix< LspPingBgpLuIpv4SubTlv >( writer, IpAddr( 10, 5, 0, 0 ), 16 );
+         prefix< LspPingBgpLuIpv6SubTlv >( writer, ip6( "2001:db8:5::" ), 64 );
       } );
 }
 
@@ -79,57 +80,50 @@ void rsvpFields( View & fec ) {
    fec.lspIdIs( 21 );
 }
 
-MessageBuilder rsvpTunnel() {
+Bytes rsvpTunnel() {
    return requestFor(
       11,
-      []( MessageBuilder & message ) {
-         message.element< LspPingRsvpIpv4SubTlv >(
-            Fec::RSVPIpv4Lsp,
-            []( auto & fec ) {
-               fec.destinationIs( responder );
-               rsvpFields( fec );
-            } );
+      []( Writer & writer ) {
+         writer.add< LspPingRsvpIpv4SubTlv >( []( auto & fec ) {
+            fec.destinationIs( responder );
+            rsvpFields( fec );
+         } );
       } );
 }
 
-MessageBuilder rsvpTree() {
+Bytes rsvpTree() {
    return requestFor(
       12,
-      []( MessageBuilder & message ) {
-         message.element< LspPingRsvpP2mpIpv4SubTlv >(
-            Fec::RSVPP2MPIpv4,
-            []( auto & fec ) {
-               fec.p2mpIdIs( 0x0a000009 );
-               rsvpFields( fec );
-            } );
+      []( Writer & writer ) {
+         writer.add< LspPingRsvpP2mpIpv4SubTlv >( []( auto & fec ) {
+            fec.p2mpIdIs( 0x0a000009 );
+            rsvpFields( fec );
+         } );
       } );
 }
 
 template < class View, class Address >
-void vpn( MessageBuilder & message, Fec code, U16 length, Address address, U8 bits ) {
-   message.element< View >(
-      code,
-      [&]( View & fec ) {
-         fec.lengthIs( length );
-         fec.rdIs( 0x0000006400000001 ); // type 0, AS 100, number 1
-         fec.ipPrefixIs( address );
-         fec.prefixLenIs( bits );
-      } );
+void vpn( Writer & writer, Address address, U8 bits ) {
+   writer.add< View >( [&]( View & fec ) {
+      fec.rdIs( 0x0000006400000001 ); // type 0, AS 100, number 1
+      fec.ipPrefixIs( address );
+      fec.prefixLenIs( bits );
+   } );
 }
 
-MessageBuilder vpnFecs() {
+Bytes vpnFecs() {
    return requestFor(
       13,
-      []( MessageBuilder & message ) {
-         vpn< LspPingVpnIpv4SubTlv >( message, Fec::VPNIpv4, 13, IpAddr( 192, 0, 2, 0 ), 25 );
-         vpn< LspPingVpnIpv6SubTlv >( message, Fec::VPNIpv6, 25, ip6( "2001:db8:6::" ), 56 );
+      []( Writer & writer ) {
+         vpn< LspPingVpnIpv4SubTlv >( writer, IpAddr( 192, 0, 2, 0 ), 25 );
+         vpn< LspPingVpnIpv6SubTlv >( writer, ip6( "2001:db8:6::" ), 56 );
       } );
 }
 
 template < class View, class Address >
-void segment( MessageBuilder & message, Fec code, U16 length, Address address, U8 bits,
+void segment( Writer & writer, Fec code, U16 length, Address address, U8 bits,
               LspPingSrIgpProtocol protocol ) {
-   message.element< View >(
+   writer.add< View >(
       code,
       [&]( View & fec ) {
          fec.lengthIs( length );
@@ -139,77 +133,58 @@ void segment( MessageBuilder & message, Fec code, U16 length, Address address, U
       } );
 }
 
-MessageBuilder segmentRoutingFecs() {
+Bytes segmentRoutingFecs() {
    return requestFor(
       14,
-      []( MessageBuilder & message ) {
+      []( Writer & writer ) {
          using enum LspPingSrIgpProtocol;
-         segment< LspPingSrIpv4SubTlv >( message, Fec::SRIpv4, 8, responder, 32, ospf );
-         segment< LspPingSrIpv6SubTlv >( message, Fec::SRIpv6, 20, ip6( "2001:db8::9" ), 128,
-                                         isis );
+         segment< LspPingSrIpv4SubTlv >( writer, Fec::SRIpv4, 8, responder, 32, ospf );
+         segment< LspPingSrIpv6SubTlv >( writer, Fec::SRIpv6, 20, ip6( "2001:db8::9" ), 128, isis );
       } );
 }
 
-MessageBuilder deprecatedSegmentRoutingFecs() {
+Bytes deprecatedSegmentRoutingFecs() {
    return requestFor(
       15,
-      []( MessageBuilder & message ) {
+      []( Writer & writer ) {
          using enum LspPingSrIgpProtocol;
-         segment< LspPingSrIpv4SubTlv >( message, Fec::SRIpv4Deprecated, 6, responder, 32, isis );
-         segment< LspPingSrIpv6SubTlv >( message, Fec::SRIpv6Deprecated, 18, ip6( "2001:db8::9" ),
+         segment< LspPingSrIpv4SubTlv >( writer, Fec::SRIpv4Deprecated, 6, responder, 32, isis );
+         segment< LspPingSrIpv6SubTlv >( writer, Fec::SRIpv6Deprecated, 18, ip6( "2001:db8::9" ),
                                          128, ospf );
       } );
 }
 
 // A Nil FEC above the FEC that it hides, RFC 8029 section 3.2.17, and an entropy label below.
-MessageBuilder labelFecs() {
+Bytes labelFecs() {
    return requestFor(
       16,
-      []( MessageBuilder & message ) {
-         message.element< LspPingNilFecSubTlv >(
-            Fec::NilFec, []( auto & fec ) { fec.labelIs( 1 ); } );
-         message.ldpIpv4( IpAddr( 10, 1, 2, 0 ), 24 );
-         message.element< LspPingEntropyLabelFecSubTlv >(
-            Fec::EntropyLabel, []( auto & fec ) { fec.labelIs( 700000 ); } );
+      []( Writer & writer ) {
+         writer.add< LspPingNilFecSubTlv >( []( auto & fec ) { fec.labelIs( 1 ); } );
+         ldpIpv4( writer, IpAddr( 10, 1, 2, 0 ), 24 );
+         writer.add< LspPingEntropyLabelFecSubTlv >( []( auto & fec ) { fec.labelIs( 700000 ); } );
       } );
 }
 
 template < class Opaque, class Fill >
-MessageBuilder multicastLdp( U32 sequenceNumber, Fill fill ) {
+Bytes multicastLdp( U32 sequenceNumber, Fill fill ) {
    return requestFor(
       sequenceNumber,
-      [&]( MessageBuilder & message ) {
-         message.element< LspPingP2mpFecStackSubTlv >(
-            Fec::P2mpFec,
-            []( auto & fec ) {
-               fec.familyIs( 1 );
-               fec.addrLenIs( sizeof( IpAddr ) );
-               fec.rootAddrIs( sender );
-               fec.opaqueLenIs( sizeof( Opaque ) );
-            },
-            [&] {
-               message.view< Opaque >( [&]( Opaque & opaque ) {
-                  opaque.lengthIs( sizeof opaque - sizeof( LspPingTlvU8Hdr ) );
-                  fill( opaque );
-               } );
-            } );
+      [&]( Writer & writer ) {
+         auto const tree = writer.open< LspPingP2mpFecStackSubTlv >(
+            []( auto & fec ) { fec.rootAddrIs( sender ); } );
+         writer.add< Opaque >( fill );
       } );
 }
 
-MessageBuilder multicastLdpGeneric() {
+Bytes multicastLdpGeneric() {
    return multicastLdp< LspPingOpaqueValGenSubTlv >(
-      17,
-      []( auto & opaque ) {
-         opaque.typeIs( numberOf( LspPingP2mpFecStackSubTlvType::GenericLsp ) );
-         opaque.lspIdIs( 4711 );
-      } );
+      17, []( auto & opaque ) { opaque.lspIdIs( 4711 ); } );
 }
 
-MessageBuilder multicastLdpGroup() {
+Bytes multicastLdpGroup() {
    return multicastLdp< LspPingOpaqueValSGSubTlv >(
       18,
       []( auto & opaque ) {
-         opaque.typeIs( numberOf( LspPingP2mpFecStackSubTlvType::SGIpv4 ) );
          opaque.sourceAddrIs( IpAddr( 192, 0, 2, 17 ) );
          opaque.groupAddrIs( IpAddr( 232, 1, 1, 1 ) );
       } );
@@ -217,19 +192,16 @@ MessageBuilder multicastLdpGroup() {
 
 constexpr U16 ethernetPseudowire = 5; // RFC 4446 section 3.2
 
-MessageBuilder pseudowire128() {
+Bytes pseudowire128() {
    return requestFor(
       19,
-      []( MessageBuilder & message ) {
-         message.element< LspPingFec128Ipv4SubTlv >(
-            Fec::FEC128Pseudowire,
-            []( auto & fec ) {
-               fec.lengthIs( 14 );
-               fec.senderAddrIs( sender );
-               fec.receiverAddrIs( responder );
-               fec.pwIdIs( 1001 );
-               fec.pwTypeIs( ethernetPseudowire );
-            } );
+      []( Writer & writer ) {
+         writer.add< LspPingFec128Ipv4SubTlv >( []( auto & fec ) {
+            fec.senderAddrIs( sender );
+            fec.receiverAddrIs( responder );
+            fec.pwIdIs( 1001 );
+            fec.pwTypeIs( ethernetPseudowire );
+         } );
       } );
 }
 
@@ -240,94 +212,80 @@ Pseudowire::PseudowireAttachmentIdentifier identifier( U8 length, U8 first ) {
    return made;
 }
 
-MessageBuilder pseudowire129() {
+Bytes pseudowire129() {
    return requestFor(
       20,
-      []( MessageBuilder & message ) {
-         // Six bytes of types and lengths, then the values.
-         constexpr U8 groupLength = 8;
-         constexpr U8 individualLength = 4;
-         constexpr std::size_t identifiers = 6 + groupLength + 2 * individualLength;
-         std::size_t const start = message.size();
-         message.element< LspPingFec129Ipv4SubTlv >(
-            Fec::FEC129Pseudowire,
-            []( auto & fec ) {
-               fec.senderAddrIs( sender );
-               fec.receiverAddrIs( responder );
-               fec.pwTypeIs( ethernetPseudowire );
-            },
-            [&] { message.room( identifiers ); } );
-         // The length is known now, which says how much room the identifiers have.
+      []( Writer & writer ) {
          Pseudowire::PseudowireGenId id;
-         id.agiIs( identifier( groupLength, 0x10 ) );
-         id.saiiIs( identifier( individualLength, 0x20 ) );
-         id.taiiIs( identifier( individualLength, 0x30 ) );
-         message.at< LspPingFec129Ipv4SubTlv >( start ).pwGenIdIs( id );
+         id.agiIs( identifier( 8, 0x10 ) );
+         id.saiiIs( identifier( 4, 0x20 ) );
+         id.taiiIs( identifier( 4, 0x30 ) );
+         auto pseudowire = writer.open< LspPingFec129Ipv4SubTlv >( []( auto & fec ) {
+            fec.senderAddrIs( sender );
+            fec.receiverAddrIs( responder );
+            fec.pwTypeIs( ethernetPseudowire );
+         } );
+         pseudowire.pwGenId( id );
       } );
 }
 
 // ---- small TLVs
 
-MessageBuilder padded( U16 length ) {
-   MessageBuilder message = request( 60 );
-   withLdpTarget( message );
-   LspPingPadTlv tlv;
-   tlv.lengthIs( length );
-   tlv.padTypeIs( numberOf( LspPingPadType::copyPadding ) );
-   for( U32 i = 0; i + 1 < length; ++i )
-      tlv.paddingIs( i, static_cast< U8 >( 0xa0 + i ) );
-   return message.pad( tlv );
+Bytes padded( U16 length ) {
+   return requestWith(
+      60,
+      [&]( Writer & writer ) {
+         writer.add< LspPingPadTlv >( [&]( LspPingPadTlv & tlv ) {
+            tlv.padTypeIs( numberOf( LspPingPadType::copyPadding ) );
+            for( U32 i = 0; i + 1 < length; ++i )
+               tlv.paddingIs( i, static_cast< U8 >( 0xa0 + i ) );
+         } );
+      } );
 }
 
-MessageBuilder replyTos() {
-   MessageBuilder message = request( 61 );
-   withLdpTarget( message );
-   message.element< LspPingReplyTosTlv >( Tlv::ReplyTosByte,
-                                          []( auto & tlv ) { tlv.tosIs( 0xc0 ); } );
-   return message;
+Bytes replyTos() {
+   return requestWith(
+      61,
+      []( Writer & writer ) {
+         writer.add< LspPingReplyTosTlv >( []( auto & tlv ) { tlv.tosIs( 0xc0 ); } );
+      } );
+}
+
+void echoJitter( Writer & writer ) {
+   writer.add< LspPingEchoJitterTlv >( []( auto & tlv ) { tlv.jitterIs( 2000 ); } );
 }
 
 // A request to one leaf of a tree, RFC 6425 section 3.2, that may wait with its reply.
-MessageBuilder oneLeaf() {
-   MessageBuilder message = request( 62 );
-   message.at< LspPingHdr >( 0 ).globalFlagsIs( numberOf( LspPingHeaderFlags::tFlag ) );
-   withLdpTarget( message );
-   message.element< LspPingNodeAddrSubTlv >(
-      Tlv::P2mpRespId,
-      []( auto & tlv ) {
-         tlv.subTypeIs( numberOf( LspPingP2mpRespTlvType::NodeAddr4 ) );
-         tlv.subTypeLenIs( sizeof( IpAddr ) );
-         tlv.addrIs( responder );
-      } );
-   message.element< LspPingEchoJitterTlv >( Tlv::EchoJitter,
-                                            []( auto & tlv ) { tlv.jitterIs( 2000 ); } );
+Bytes oneLeaf() {
+   Bytes message = requestWith( 62, []( Writer & writer ) {
+      writer.add< LspPingNodeAddrSubTlv >( []( auto & tlv ) { tlv.addrIs( responder ); } );
+      echoJitter( writer );
+   } );
+   viewAt< LspPingHdr >( message, 0 ).globalFlagsIs( numberOf( LspPingHeaderFlags::tFlag ) );
    return message;
 }
 
-MessageBuilder vendorPrivate() {
-   MessageBuilder message = request( 63 );
-   withLdpTarget( message );
-   message.element< LspPingVeloraVendorPrivateTlv >(
-      Tlv::VeloraVendorPrivate,
-      []( auto & tlv ) { tlv.vendorIanaIs( numberOf( LspPingVendorIana::VeloraIana ) ); },
-      [&] {
-         message.element< LspPingMultiLabelSubTlv >( LspPingVeloraVendorPrivateType::MultiLabel,
-                                                     []( auto & subTlv ) {
-                                                        subTlv.lookupLabelCountIs( 2 );
-                                                        subTlv.flagsIs( 1 );
-                                                     } );
+Bytes vendorPrivate() {
+   return requestWith(
+      63,
+      []( Writer & writer ) {
+         auto const tlv = writer.open< LspPingVeloraVendorPrivateTlv >( []( auto & vendor ) {
+            vendor.vendorIanaIs( numberOf( LspPingVendorIana::VeloraIana ) );
+         } );
+         writer.add< LspPingMultiLabelSubTlv >( []( auto & subTlv ) {
+            subTlv.lookupLabelCountIs( 2 );
+            subTlv.flagsIs( 1 );
+         } );
       } );
-   return message;
 }
 
 // The TLV that was not understood comes back inside of another, RFC 8029 section 3.8.
-MessageBuilder erroredTlv() {
-   MessageBuilder message = reply( 64, LspPingReturnCode::tlvNotUnderstood, 0 );
-   message.tlv( Tlv::ErrorTlv, [&] {
-      message.element< LspPingEchoJitterTlv >( Tlv::EchoJitter,
-                                               []( auto & tlv ) { tlv.jitterIs( 2000 ); } );
+Bytes erroredTlv() {
+   return written( []( Writer & writer ) {
+      reply( writer, 64, LspPingReturnCode::tlvNotUnderstood, 0 );
+      auto const errored = writer.open( Tlv::ErrorTlv );
+      echoJitter( writer );
    } );
-   return message;
 }
 
 // ---- how they travel
@@ -336,15 +294,14 @@ class Capture {
  public:
    /// As a request leaves its router: the destination is a loopback address, the transit routers
    /// see labels only.
-   void requestIs( MessageBuilder const & message ) {
-      Bytes const packet = ipv4( sender, loopback, senderPort, echoPort, RouterAlert::yes,
-                                 requestTtl, message.bytes() );
+   void requestIs( Bytes const & message ) {
+      Bytes const packet =
+         ipv4( sender, loopback, senderPort, echoPort, RouterAlert::yes, requestTtl, message );
       add( EtherType::mpls, {}, mpls( { { 100704, 2 } }, packet ) );
    }
-   void replyIs( MessageBuilder const & message ) {
+   void replyIs( Bytes const & message ) {
       add( EtherType::ipv4, {},
-           ipv4( responder, sender, echoPort, senderPort, RouterAlert::no, replyTtl,
-                 message.bytes() ) );
+           ipv4( responder, sender, echoPort, senderPort, RouterAlert::no, replyTtl, message ) );
    }
    void add( EtherType type, std::initializer_list< U16 > vlans, Bytes const & packet ) {
       Frame frame{ ethernet( type, vlans, packet ), 0 };
@@ -356,25 +313,23 @@ class Capture {
 };
 
 void addOtherEncapsulations( Capture & capture ) {
-   MessageBuilder message = request( 70 );
-   withLdpTarget( message );
+   Bytes const message = requestWith( 70, []( Writer & ) {} );
    Bytes const packet =
-      ipv4( sender, loopback, senderPort, echoPort, RouterAlert::yes, requestTtl, message.bytes() );
+      ipv4( sender, loopback, senderPort, echoPort, RouterAlert::yes, requestTtl, message );
    capture.add( EtherType::ipv4, {}, packet );
    capture.add( EtherType::ipv4, { 100 }, packet );
    capture.add( EtherType::mpls, { 100, 200 },
                 mpls( { { 100704, 255 }, { 300, 255 }, { 17, 1 } }, packet ) );
    // Echo requests over IPv6 go to an address mapped from the IPv4 loopback, RFC 8029 section 4.3.
-   Bytes const packet6 = ipv6( ip6( "2001:db8::1" ), ip6( "::ffff:127.0.0.1" ), senderPort,
-                               echoPort, message.bytes() );
+   Bytes const packet6 =
+      ipv6( ip6( "2001:db8::1" ), ip6( "::ffff:127.0.0.1" ), senderPort, echoPort, message );
    capture.add( EtherType::ipv6, {}, packet6 );
    capture.add( EtherType::mpls, {}, mpls( { { 100704, 2 }, { 2, 1 } }, packet6 ) );
    // Label 13 says that an associated channel follows, RFC 5586: IPv4, or the message alone.
    capture.add( EtherType::mpls, {},
                 mpls( { { 100704, 2 }, { 13, 1 } }, associatedChannel( 0x0021, packet ) ) );
-   capture.add(
-      EtherType::mpls, {},
-      mpls( { { 100704, 2 }, { 13, 1 } }, associatedChannel( 0x0025, message.bytes() ) ) );
+   capture.add( EtherType::mpls, {},
+                mpls( { { 100704, 2 }, { 13, 1 } }, associatedChannel( 0x0025, message ) ) );
 }
 
 } // namespace
@@ -390,7 +345,7 @@ std::vector< Frame > echoSamples() {
                             multicastLdpGroup, pseudowire128, pseudowire129 } )
       capture.requestIs( fecs() );
 
-   for( MessageBuilder const & mapping : mappingReplies() )
+   for( Bytes const & mapping : mappingReplies() )
       capture.replyIs( mapping );
    capture.replyIs( erroredTlv() );
 

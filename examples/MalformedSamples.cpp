@@ -1,10 +1,8 @@
+#include "examples/EchoMessages.h"
 #include "examples/Encapsulation.h"
-#include "examples/MessageBuilder.h"
 #include "examples/Samples.h"
 
-#include "MplsUtils/LspPing/types/LspPingMessageTypes.h"
-
-#include <utility>
+#include <array>
 
 namespace Examples {
 
@@ -19,202 +17,200 @@ constexpr std::size_t firstTlv = sizeof( LspPingHdr );
 constexpr std::size_t firstSubTlv = firstTlv + sizeof( LspPingTlvHdr );
 
 // A well-formed request: a header and a Target FEC Stack of one FEC.
-MessageBuilder wellFormed() {
-   MessageBuilder message;
-   message.view< LspPingHdr >( []( LspPingHdr & header ) {
-      header.versionIs( 1 );
+void writeWellFormed( Writer & writer ) {
+   writer.header( []( LspPingHdr & header ) {
       header.messageTypeIs( numberOf( LspPingMsgType::MplsEchoRequest ) );
       header.replyModeIs( numberOf( LspPingReplyMode::ReplyIpUdp ) );
       header.senderHandleIs( 0x1a2b3c4d );
       header.sequenceNumberIs( 1 );
    } );
-   message.tlv( Tlv::TargetFecStack, [&] { message.ldpIpv4( IpAddr( 10, 1, 2, 0 ), 24 ); } );
+   ldpTarget( writer );
+}
+
+Bytes wellFormed() {
+   return written( writeWellFormed );
+}
+
+// It, and what `write` writes behind it.
+template < class Write >
+Bytes wellFormedWith( Write write ) {
+   return written( [&]( Writer & writer ) {
+      writeWellFormed( writer );
+      write( writer );
+   } );
+}
+std::size_t const secondTlv = wellFormed().size();
+
+Bytes shorterBy( std::size_t count ) {
+   Bytes message = wellFormed();
+   message.resize( message.size() - count );
    return message;
 }
 
-MessageBuilder shorterBy( std::size_t count ) {
-   MessageBuilder message = wellFormed();
-   message.cut( count );
-   return message;
-}
-
-MessageBuilder headerCut() {
+Bytes headerCut() {
    return shorterBy( wellFormed().size() - sizeof( LspPingHdr ) + 1 );
 }
 
-MessageBuilder oneByte() {
+Bytes oneByte() {
    return shorterBy( wellFormed().size() - 1 );
 }
 
-MessageBuilder tlvHeaderCut() {
+Bytes tlvHeaderCut() {
    return shorterBy( wellFormed().size() - firstTlv - 3 );
 }
 
-MessageBuilder subTlvCut() {
+Bytes subTlvCut() {
    return shorterBy( 6 );
 }
 
-MessageBuilder bytesLeftOver() {
-   MessageBuilder message = wellFormed();
-   message.room( 3 );
+Bytes bytesLeftOver() {
+   Bytes message = wellFormed();
+   message.resize( message.size() + 3 );
    return message;
 }
 
 // The views read it, but no RFC knows it.
-MessageBuilder nextVersion() {
-   MessageBuilder message = wellFormed();
-   message.at< LspPingHdr >( 0 ).versionIs( 2 );
+Bytes nextVersion() {
+   Bytes message = wellFormed();
+   viewAt< LspPingHdr >( message, 0 ).versionIs( 2 );
    return message;
 }
 
-MessageBuilder unknownVersion() {
-   MessageBuilder message = wellFormed();
-   message.at< LspPingHdr >( 0 ).versionIs( 3 );
+Bytes unknownVersion() {
+   Bytes message = wellFormed();
+   viewAt< LspPingHdr >( message, 0 ).versionIs( 3 );
    return message;
 }
 
-MessageBuilder unknownMessageType() {
-   MessageBuilder message = wellFormed();
-   message.at< LspPingHdr >( 0 ).messageTypeIs( 3 );
+Bytes unknownMessageType() {
+   Bytes message = wellFormed();
+   viewAt< LspPingHdr >( message, 0 ).messageTypeIs( 3 );
    return message;
 }
 
-MessageBuilder tlvLength( U16 length ) {
-   MessageBuilder message = wellFormed();
-   message.at< LspPingTlvHdr >( firstTlv ).lengthIs( length );
+Bytes tlvLength( U16 length ) {
+   Bytes message = wellFormed();
+   viewAt< LspPingTlvHdr >( message, firstTlv ).lengthIs( length );
    return message;
 }
 
-MessageBuilder tlvTooLong() {
+Bytes tlvTooLong() {
    return tlvLength( 400 );
 }
 
 // Rounded up it does not fit 16 bits: a walk that trusts the sum stays where it is.
-MessageBuilder tlvLengthWraps() {
+Bytes tlvLengthWraps() {
    return tlvLength( 0xffff );
 }
 
 // Ends inside the sub-TLV.
-MessageBuilder tlvTooShort() {
+Bytes tlvTooShort() {
    return tlvLength( 7 );
 }
 
-MessageBuilder emptyFecStack() {
+Bytes emptyFecStack() {
    return tlvLength( 0 );
 }
 
-MessageBuilder subTlvLength( U16 length ) {
-   MessageBuilder message = wellFormed();
-   message.at< LspPingTlvHdr >( firstSubTlv ).lengthIs( length );
+Bytes subTlvLength( U16 length ) {
+   Bytes message = wellFormed();
+   viewAt< LspPingTlvHdr >( message, firstSubTlv ).lengthIs( length );
    return message;
 }
 
-MessageBuilder subTlvTooLong() {
+Bytes subTlvTooLong() {
    return subTlvLength( 200 );
 }
 
-MessageBuilder subTlvTooShort() {
+Bytes subTlvTooShort() {
    return subTlvLength( 4 );
 }
 
 // Counts its padding, as some routers do.
-MessageBuilder subTlvCountsPadding() {
+Bytes subTlvCountsPadding() {
    return subTlvLength( 8 );
 }
 
-MessageBuilder prefixTooLong() {
-   MessageBuilder message = wellFormed();
-   auto & fec = message.at< LspPingBgpLuIpv4SubTlv >( firstSubTlv );
+Bytes prefixTooLong() {
+   Bytes message = wellFormed();
+   auto & fec = viewAt< LspPingBgpLuIpv4SubTlv >( message, firstSubTlv );
    fec.typeIs( numberOf( LspPingTargetFecSubTlvType::BGPLabeledIpv4 ) );
    fec.prefixLenIs( 33 );
    return message;
 }
 
-MessageBuilder unknownFec() {
-   MessageBuilder message = wellFormed();
-   message.at< LspPingTlvHdr >( firstSubTlv ).typeIs( 999 );
+Bytes unknownFec() {
+   Bytes message = wellFormed();
+   viewAt< LspPingTlvHdr >( message, firstSubTlv ).typeIs( 999 );
    return message;
 }
 
-MessageBuilder unknownTlv() {
-   MessageBuilder message = wellFormed();
-   message.tlv( 13, [&] { message.room( 6 ); } );
-   return message;
+Bytes unknownTlv() {
+   return wellFormedWith(
+      []( Writer & writer ) { writer.add( LspPingContext::message, 13, std::array< U8, 6 >{} ); } );
 }
 
-MessageBuilder mapping( U8 addrType ) {
-   MessageBuilder message = wellFormed();
-   message.detailedMapping< LspPingDdmapTlv >(
-      [&]( auto & ddmap ) {
-         ddmap.mtuIs( 1500 );
-         ddmap.addrTypeIs( addrType );
-      },
-      [] {} );
+Bytes mapping( U8 addrType ) {
+   Bytes message = wellFormedWith( []( Writer & writer ) {
+      writer.add< LspPingDdmapTlv >( []( auto & ddmap ) { ddmap.mtuIs( 1500 ); } );
+   } );
+   viewAt< LspPingDdmapTlv >( message, secondTlv ).addrTypeIs( addrType );
    return message;
 }
 
 // Says IPv6, for which the TLV is too short.
-MessageBuilder mappingTooShort() {
+Bytes mappingTooShort() {
    return mapping( numberOf( LspPingAddrType::ipv6Numbered ) );
 }
 
-MessageBuilder mappingOfUnknownType() {
+Bytes mappingOfUnknownType() {
    return mapping( 9 );
 }
 
 // Sub-TLVs that the mapping says to have and has not.
-MessageBuilder mappingWithoutSubTlvs() {
-   MessageBuilder message = wellFormed();
-   std::size_t const start = message.size();
-   message.detailedMapping< LspPingDdmapTlv >(
-      []( auto & ddmap ) { ddmap.addrTypeIs( numberOf( LspPingAddrType::ipv4Numbered ) ); },
-      [] {} );
-   message.at< LspPingDdmapTlv >( start ).subTlvLenIs( 64 );
+Bytes mappingWithoutSubTlvs() {
+   Bytes message =
+      wellFormedWith( []( Writer & writer ) { writer.add< LspPingDdmapTlv >( []( auto & ) {} ); } );
+   viewAt< LspPingDdmapTlv >( message, secondTlv ).subTlvLenIs( 64 );
    return message;
 }
 
-MessageBuilder multipathTooLong() {
-   MessageBuilder message = wellFormed();
-   message.detailedMapping< LspPingDdmapTlv >(
-      []( auto & ddmap ) { ddmap.addrTypeIs( numberOf( LspPingAddrType::ipv4Numbered ) ); },
-      [&] {
-         message.element< LspPingMultipathSubTlv >(
-            LspPingDDMappingSubTlvType::MultipathData, []( auto & data ) {
-               data.multipathTypeIs( numberOf( LspPingMultipathType::ipMultipath ) );
-               data.multipathLengthIs( 32 );
-            } );
-      } );
-   return message;
-}
-
-MessageBuilder opaqueValueTooLong() {
-   MessageBuilder message = wellFormed();
-   message.tlv( Tlv::TargetFecStack, [&] {
-      message.element< LspPingP2mpFecStackSubTlv >( LspPingTargetFecSubTlvType::P2mpFec,
-                                                    []( auto & fec ) {
-                                                       fec.familyIs( 1 );
-                                                       fec.addrLenIs( sizeof( IpAddr ) );
-                                                       fec.opaqueLenIs( 11 );
-                                                    } );
+Bytes multipathTooLong() {
+   Bytes message = wellFormedWith( []( Writer & writer ) {
+      auto const ddmap = writer.open< LspPingDdmapTlv >();
+      writer.open< LspPingMultipathSubTlv >().multipath( LspPingMultipathType::ipMultipath, {} );
    } );
+   viewAt< LspPingMultipathSubTlv >( message, secondTlv + sizeof( LspPingDdmapTlv ) )
+      .multipathLengthIs( 32 );
+   return message;
+}
+
+Bytes opaqueValueTooLong() {
+   Bytes message = wellFormedWith( []( Writer & writer ) {
+      auto const stack = writer.open( Tlv::TargetFecStack );
+      writer.add< LspPingP2mpFecStackSubTlv >( []( auto & ) {} );
+   } );
+   viewAt< LspPingP2mpFecStackSubTlv >( message, secondTlv + sizeof( LspPingTlvHdr ) )
+      .opaqueLenIs( 11 );
    return message;
 }
 
 // The rest of the TLV that its length promises is not there.
-MessageBuilder padCut() {
-   MessageBuilder message = wellFormed();
-   LspPingPadTlv tlv;
-   tlv.lengthIs( 40 );
-   tlv.padTypeIs( numberOf( LspPingPadType::dropPadding ) );
-   message.pad( tlv );
-   message.cut( 20 );
+Bytes padCut() {
+   Bytes message = wellFormedWith( []( Writer & writer ) {
+      writer.add< LspPingPadTlv >( []( LspPingPadTlv & tlv ) {
+         tlv.padTypeIs( numberOf( LspPingPadType::dropPadding ) );
+         tlv.paddingIs( 38, 0 );
+      } );
+   } );
+   message.resize( message.size() - 20 );
    return message;
 }
 
-Frame frameOf( MessageBuilder const & message ) {
+Frame frameOf( Bytes const & message ) {
    Frame frame{ ethernet( EtherType::ipv4, {},
                           ipv4( IpAddr( 10, 0, 0, 1 ), IpAddr( 127, 0, 0, 1 ), 49152, echoPort,
-                                RouterAlert::yes, requestTtl, message.bytes() ) ),
+                                RouterAlert::yes, requestTtl, message ) ),
                 0 };
    frame.wireLength = frame.bytes.size();
    return frame;

@@ -1,316 +1,235 @@
 #include "examples/EchoMessages.h"
 
-#include "MplsUtils/LspPing/platform/Velnet/MplsLabelEntry.h"
-#include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
-#include "MplsUtils/LspPing/types/LspPingTunnelTypes.h"
-
-#include <initializer_list>
+#include <array>
 
 namespace Examples {
 
 using namespace LspPing;
 using Kiv::numberOf;
 using Velnet::IpAddr;
-using Tlv = LspPingTlvType;
 
 namespace {
 
-// One entry of a downstream label stack; the protocol stands where the time to live would.
-void downstreamLabel( MessageBuilder & message, U32 label, bool bottom,
-                      LspPingDownstreamSignalingProtocol protocol ) {
-   message.view< Velnet::MplsLabelEntry >( [&]( Velnet::MplsLabelEntry & entry ) {
-      entry.labelIs( label );
-      entry.bottomOfStackIs( bottom );
-      entry.ttlIs( static_cast< U8 >( protocol ) );
-   } );
+Velnet::IpGenAddr const firstAddress = loopback;
+
+void labels( LspPingOpenElement & element ) {
+   using enum LspPingDownstreamSignalingProtocol;
+   element.label( 100704, 0, false, numberOf( dsInfoSignalingProtocolLdp ) );
+   element.label( 300, 0, true, numberOf( dsInfoSignalingProtocolBgp ) );
 }
 
 template < class View, class Fill >
-MessageBuilder downstreamMapping( LspPingAddrType addrType, Fill fill ) {
-   MessageBuilder message = reply( 30, LspPingReturnCode::labelSwitchedAtStackDep, 1 );
-   message.tlv( Tlv::DownstreamMapping, [&] {
-      message.view< View >( [&]( View & mapping ) {
-         mapping.mtuIs( Velnet::NetU16( 1500 ) );
-         mapping.addrTypeIs( static_cast< U8 >( addrType ) );
-         mapping.multipathTypeIs( numberOf( LspPingMultipathType::ipMultipath ) );
-         mapping.depthLimitIs( 0 );
-         mapping.multipathLengthIs( Velnet::NetU16( sizeof( IpAddr ) ) );
-         fill( mapping );
+Bytes downstreamMapping( Fill fill ) {
+   return written( [&]( Writer & writer ) {
+      reply( writer, 30, LspPingReturnCode::labelSwitchedAtStackDep, 1 );
+      auto mapping = writer.open< View >( [&]( View & tlv ) {
+         tlv.mtuIs( Velnet::NetU16( 1500 ) );
+         fill( tlv );
       } );
-      message.view< IpAddr >( []( IpAddr & address ) { address = loopback; } );
-      using enum LspPingDownstreamSignalingProtocol;
-      downstreamLabel( message, 100704, false, dsInfoSignalingProtocolLdp );
-      downstreamLabel( message, 300, true, dsInfoSignalingProtocolBgp );
+      mapping.multipathAddresses( { &firstAddress, 1 } );
+      labels( mapping );
    } );
-   return message;
 }
 
-MessageBuilder downstreamMappingIpv4() {
-   return downstreamMapping< LspPingDownstreamMappingIpv4Tlv >(
-      LspPingAddrType::ipv4Numbered,
-      []( auto & mapping ) {
-         mapping.dsIpAddrIs( IpAddr( 10, 0, 1, 2 ) );
-         mapping.dsIntfAddrIs( IpAddr( 10, 0, 1, 1 ) );
-      } );
+Bytes downstreamMappingIpv4() {
+   return downstreamMapping< LspPingDownstreamMappingIpv4Tlv >( []( auto & mapping ) {
+      mapping.dsIpAddrIs( IpAddr( 10, 0, 1, 2 ) );
+      mapping.dsIntfAddrIs( IpAddr( 10, 0, 1, 1 ) );
+   } );
 }
 
-MessageBuilder downstreamMappingIpv4Unnumbered() {
-   return downstreamMapping< LspPingDownstreamMappingIpv4UnnumberedTlv >(
-      LspPingAddrType::ipv4Unnumbered,
-      []( auto & mapping ) {
-         mapping.dsIpAddrIs( responder );
-         mapping.dsIntfIdIs( 17 );
-      } );
+Bytes downstreamMappingIpv4Unnumbered() {
+   return downstreamMapping< LspPingDownstreamMappingIpv4UnnumberedTlv >( []( auto & mapping ) {
+      mapping.dsIpAddrIs( responder );
+      mapping.dsIntfIdIs( 17 );
+   } );
 }
 
-MessageBuilder downstreamMappingIpv6() {
-   return downstreamMapping< LspPingDownstreamMappingIpv6Tlv >(
-      LspPingAddrType::ipv6Numbered,
-      []( auto & mapping ) {
-         mapping.dsIpAddrIs( ip6( "2001:db8:1::2" ) );
-         mapping.dsIntfAddrIs( ip6( "2001:db8:1::1" ) );
-      } );
+Bytes downstreamMappingIpv6() {
+   return downstreamMapping< LspPingDownstreamMappingIpv6Tlv >( []( auto & mapping ) {
+      mapping.dsIpAddrIs( ip6( "2001:db8:1::2" ) );
+      mapping.dsIntfAddrIs( ip6( "2001:db8:1::1" ) );
+   } );
 }
 
-MessageBuilder downstreamMappingIpv6Unnumbered() {
-   return downstreamMapping< LspPingDownstreamMappingIpv6UnnumberedTlv >(
-      LspPingAddrType::ipv6Unnumbered,
-      []( auto & mapping ) {
-         mapping.dsIpAddrIs( ip6( "2001:db8::9" ) );
-         mapping.dsIntfIdIs( 18 );
-      } );
+Bytes downstreamMappingIpv6Unnumbered() {
+   return downstreamMapping< LspPingDownstreamMappingIpv6UnnumberedTlv >( []( auto & mapping ) {
+      mapping.dsIpAddrIs( ip6( "2001:db8::9" ) );
+      mapping.dsIntfIdIs( 18 );
+   } );
 }
 
-// Multipath information of words: addresses, a label or a mask.
-void multipath( MessageBuilder & message, LspPingMultipathType type,
-                std::initializer_list< U32 > words ) {
-   message.element< LspPingMultipathSubTlv >(
-      LspPingDDMappingSubTlvType::MultipathData,
-      [&]( auto & data ) {
-         data.multipathTypeIs( static_cast< U8 >( type ) );
-         data.multipathLengthIs( static_cast< U16 >( words.size() * sizeof( U32 ) ) );
-      },
-      [&] {
-         for( U32 const word : words )
-            message.view< Velnet::NetU32 >( [&]( auto & written ) { written.valueIs( word ); } );
-      } );
+void addressRange( Writer & writer ) {
+   LspPingMultipath::Item const range{ loopback, IpAddr( 127, 0, 0, 16 ) };
+   writer.open< LspPingMultipathSubTlv >().multipathRanges( { &range, 1 } );
 }
 
-void addressRange( MessageBuilder & message ) {
-   multipath( message, LspPingMultipathType::ipRangeMultipath, { 0x7f000001, 0x7f000010 } );
-}
-
-void labelStack( MessageBuilder & message ) {
-   message.tlv(
-      LspPingDDMappingSubTlvType::LabelStack,
-      [&] {
-         using enum LspPingDownstreamSignalingProtocol;
-         downstreamLabel( message, 100704, false, dsInfoSignalingProtocolLdp );
-         downstreamLabel( message, 300, true, dsInfoSignalingProtocolBgp );
-      } );
+void labelStack( Writer & writer ) {
+   auto stack = writer.open( LspPingDDMappingSubTlvType::LabelStack );
+   labels( stack );
 }
 
 // The FEC that the responder pushes or pops comes with the sub-TLV.
 template < class View, class Fill >
-void fecStackChange( MessageBuilder & message, LspPingFecStackChangeSubTlvOperType operation,
-                     LspPingFecStackChangeSubTlvAddressType addrType, Fill fill ) {
-   std::size_t const start = message.size();
-   message.element< View >(
-      LspPingDDMappingSubTlvType::FecStackChange,
-      [&]( View & change ) {
-         change.operTypeIs( static_cast< U8 >( operation ) );
-         change.addrTypeIs( static_cast< U8 >( addrType ) );
-         fill( change );
-      },
-      [&] {
-         std::size_t const fec = message.size();
-         message.ldpIpv4( IpAddr( 10, 7, 0, 0 ), 16 );
-         message.at< View >( start ).fecTlvLenIs( static_cast< U8 >( message.size() - fec ) );
-      } );
+void fecStackChange( Writer & writer, LspPingFecStackChangeSubTlvOperType operation, Fill fill ) {
+   auto const change = writer.open< View >( [&]( View & subTlv ) {
+      subTlv.operTypeIs( static_cast< U8 >( operation ) );
+      fill( subTlv );
+   } );
+   ldpIpv4( writer, IpAddr( 10, 7, 0, 0 ), 16 );
 }
 
 template < class View, class Fill, class SubTlvs >
-MessageBuilder detailedMapping( LspPingAddrType addrType, Fill fill, SubTlvs subTlvs ) {
-   MessageBuilder message = reply( 40, LspPingReturnCode::seeDdmTlv, 1 );
-   message.detailedMapping< View >(
-      [&]( View & mapping ) {
-         mapping.mtuIs( 9000 );
-         mapping.addrTypeIs( static_cast< U8 >( addrType ) );
-         mapping.retCodeIs( numberOf( LspPingReturnCode::labelSwitchedAtStackDep ) );
-         mapping.retSubcodeIs( 1 );
-         fill( mapping );
-      },
-      [&] { subTlvs( message ); } );
-   return message;
-}
-
-MessageBuilder detailedMappingIpv4() {
-   return detailedMapping< LspPingDdmapTlv >(
-      LspPingAddrType::ipv4Numbered,
-      []( auto & mapping ) {
-         mapping.dsIpAddrIs( IpAddr( 10, 0, 1, 2 ) );
-         mapping.dsIntfAddrIs( IpAddr( 10, 0, 1, 1 ) );
-      },
-      []( MessageBuilder & message ) {
-         labelStack( message );
-         addressRange( message );
+Bytes detailedMapping( Fill fill, SubTlvs subTlvs ) {
+   return written( [&]( Writer & writer ) {
+      reply( writer, 40, LspPingReturnCode::seeDdmTlv, 1 );
+      auto const mapping = writer.open< View >( [&]( View & tlv ) {
+         tlv.mtuIs( 9000 );
+         tlv.retCodeIs( numberOf( LspPingReturnCode::labelSwitchedAtStackDep ) );
+         tlv.retSubcodeIs( 1 );
+         fill( tlv );
       } );
+      subTlvs( writer );
+   } );
 }
 
-MessageBuilder detailedMappingIpv4Unnumbered() {
+void neighbour( LspPingDdmapTlv & mapping ) {
+   mapping.dsIpAddrIs( IpAddr( 10, 0, 1, 2 ) );
+   mapping.dsIntfAddrIs( IpAddr( 10, 0, 1, 1 ) );
+}
+
+// A mapping of a neighbour at 10.0.1.2.
+template < class SubTlvs >
+Bytes detailedMappingWith( SubTlvs subTlvs ) {
+   return detailedMapping< LspPingDdmapTlv >( neighbour, subTlvs );
+}
+
+Bytes detailedMappingIpv4() {
+   return detailedMappingWith( []( Writer & writer ) {
+      labelStack( writer );
+      addressRange( writer );
+   } );
+}
+
+Bytes detailedMappingIpv4Unnumbered() {
    return detailedMapping< LspPingDdmapUnnumberedTlv >(
-      LspPingAddrType::ipv4Unnumbered,
       []( auto & mapping ) {
          mapping.dsIpAddrIs( responder );
          mapping.dsIntfIdIs( 17 );
       },
-      []( MessageBuilder & message ) { labelStack( message ); } );
+      labelStack );
 }
 
-MessageBuilder detailedMappingIpv6() {
+Bytes detailedMappingIpv6() {
    return detailedMapping< LspPingDdmapV6Tlv >(
-      LspPingAddrType::ipv6Numbered,
       []( auto & mapping ) {
          mapping.dsIpAddrIs( ip6( "2001:db8:1::2" ) );
          mapping.dsIntfAddrIs( ip6( "2001:db8:1::1" ) );
       },
-      []( MessageBuilder & message ) {
-         labelStack( message );
-         addressRange( message );
+      []( Writer & writer ) {
+         labelStack( writer );
+         addressRange( writer );
       } );
 }
 
-MessageBuilder detailedMappingIpv6Unnumbered() {
+Bytes detailedMappingIpv6Unnumbered() {
    return detailedMapping< LspPingDdmapV6UnnumberedTlv >(
-      LspPingAddrType::ipv6Unnumbered,
       []( auto & mapping ) {
          mapping.dsIpAddrIs( ip6( "2001:db8::9" ) );
          mapping.dsIntfIdIs( 18 );
       },
-      []( MessageBuilder & message ) { addressRange( message ); } );
+      addressRange );
 }
 
-// A mapping of a neighbour at 10.0.1.2 with other sub-TLVs.
-template < class SubTlvs >
-MessageBuilder detailedMappingWith( SubTlvs subTlvs ) {
-   return detailedMapping< LspPingDdmapTlv >(
-      LspPingAddrType::ipv4Numbered,
-      []( auto & mapping ) {
-         mapping.dsIpAddrIs( IpAddr( 10, 0, 1, 2 ) );
-         mapping.dsIntfAddrIs( IpAddr( 10, 0, 1, 1 ) );
-      },
-      subTlvs );
-}
-
-MessageBuilder detailedMappingOfAddresses() {
-   return detailedMappingWith( []( MessageBuilder & message ) {
-      multipath( message, LspPingMultipathType::ipMultipath, { 0x7f000001, 0x7f000007 } );
-      labelStack( message );
+Bytes detailedMappingOfAddresses() {
+   return detailedMappingWith( []( Writer & writer ) {
+      std::array< Velnet::IpGenAddr, 2 > const addresses{ loopback, IpAddr( 127, 0, 0, 7 ) };
+      writer.open< LspPingMultipathSubTlv >().multipathAddresses( addresses );
+      labelStack( writer );
    } );
 }
 
 // A base and a bit for each address from there on, RFC 8029 section 3.4.1.1.1.
-MessageBuilder detailedMappingOfAddressSet() {
-   return detailedMappingWith( []( MessageBuilder & message ) {
-      labelStack( message );
-      multipath( message, LspPingMultipathType::maskedIpSetMultipath, { 0x7f020100, 0x87ff0ffc } );
+Bytes detailedMappingOfAddressSet() {
+   return detailedMappingWith( []( Writer & writer ) {
+      labelStack( writer );
+      writer.open< LspPingMultipathSubTlv >().multipathSet(
+         IpAddr( 127, 2, 1, 0 ), std::array< U8, 4 >{ 0x87, 0xff, 0x0f, 0xfc } );
    } );
 }
 
-MessageBuilder detailedMappingOfLabelSet() {
-   return detailedMappingWith( []( MessageBuilder & message ) {
-      labelStack( message );
-      multipath( message, LspPingMultipathType::maskedLabelSetMultipath, { 700000, 0xc0000001 } );
+Bytes detailedMappingOfLabelSet() {
+   return detailedMappingWith( []( Writer & writer ) {
+      labelStack( writer );
+      writer.open< LspPingMultipathSubTlv >().multipathLabels(
+         700000, std::array< U8, 4 >{ 0xc0, 0x00, 0x00, 0x01 } );
    } );
 }
 
-MessageBuilder fecStackChangeOfUnknownPeer() {
-   return detailedMappingWith( []( MessageBuilder & message ) {
+Bytes fecStackChangeOfUnknownPeer() {
+   return detailedMappingWith( []( Writer & writer ) {
       fecStackChange< LspPingFecStackChangeUnspecifiedSubTlv >(
-         message, LspPingFecStackChangeSubTlvOperType::Pop,
-         LspPingFecStackChangeSubTlvAddressType::Unspecified, []( auto & ) {} );
+         writer, LspPingFecStackChangeSubTlvOperType::Pop, []( auto & ) {} );
    } );
 }
 
 // A responder that tunnels on: one FEC goes, two come.
-MessageBuilder fecStackChanges() {
+Bytes fecStackChanges() {
    return detailedMapping< LspPingDdmapTlv >(
-      LspPingAddrType::ipv4Numbered,
       []( auto & mapping ) {
-         mapping.dsIpAddrIs( IpAddr( 10, 0, 1, 2 ) );
-         mapping.dsIntfAddrIs( IpAddr( 10, 0, 1, 1 ) );
+         neighbour( mapping );
          mapping.retCodeIs( numberOf( LspPingReturnCode::lblSwitchedFecChange ) );
       },
-      []( MessageBuilder & message ) {
+      []( Writer & writer ) {
          using enum LspPingFecStackChangeSubTlvOperType;
-         using AddrType = LspPingFecStackChangeSubTlvAddressType;
          fecStackChange< LspPingFecStackChangeV4SubTlv >(
-            message, Pop, AddrType::IPv4, []( auto & change ) { change.peerAddrIs( responder ); } );
+            writer, Pop, []( auto & change ) { change.peerAddrIs( responder ); } );
          fecStackChange< LspPingFecStackChangeV6SubTlv >(
-            message, Push, AddrType::IPv6,
-            []( auto & change ) { change.peerAddrIs( ip6( "2001:db8::7" ) ); } );
+            writer, Push, []( auto & change ) { change.peerAddrIs( ip6( "2001:db8::7" ) ); } );
          fecStackChange< LspPingFecStackChangeUnspecifiedSubTlv >(
-            message, Push, AddrType::Unspecified, []( auto & ) {} );
+            writer, Push, []( auto & ) {} );
       } );
 }
 
 template < class View, class Fill >
-MessageBuilder intfAndLabelStack( LspPingAddrType addrType, Fill fill ) {
-   MessageBuilder message = reply( 50, LspPingReturnCode::repRouterEgress, 1 );
-   message.tlv( Tlv::IntfAndLabelStack, [&] {
-      message.view< View >( [&]( View & stack ) {
-         stack.addrTypeIs( static_cast< U8 >( addrType ) );
-         fill( stack );
-      } );
-      message.view< Velnet::MplsLabelEntry >( []( Velnet::MplsLabelEntry & entry ) {
-         entry.labelIs( 100704 );
-         entry.trafficClassIs( 6 );
-         entry.bottomOfStackIs( true );
-         entry.ttlIs( 255 );
-      } );
+Bytes intfAndLabelStack( Fill fill ) {
+   return written( [&]( Writer & writer ) {
+      reply( writer, 50, LspPingReturnCode::repRouterEgress, 1 );
+      writer.open< View >( fill ).label( 100704, 6, true, 255 );
    } );
-   return message;
 }
 
-MessageBuilder intfAndLabelStackIpv4() {
-   return intfAndLabelStack< LspPingIntfAndLabelStackIpv4Tlv >(
-      LspPingAddrType::ipv4Numbered,
-      []( auto & stack ) {
-         stack.addrIs( responder );
-         stack.intfIs( IpAddr( 10, 0, 1, 2 ) );
-      } );
+Bytes intfAndLabelStackIpv4() {
+   return intfAndLabelStack< LspPingIntfAndLabelStackIpv4Tlv >( []( auto & stack ) {
+      stack.addrIs( responder );
+      stack.intfIs( IpAddr( 10, 0, 1, 2 ) );
+   } );
 }
 
-MessageBuilder intfAndLabelStackIpv4Unnumbered() {
-   return intfAndLabelStack< LspPingIntfAndLabelStackIpv4UnnumberedTlv >(
-      LspPingAddrType::ipv4Unnumbered,
-      []( auto & stack ) {
-         stack.addrIs( responder );
-         stack.intfIdIs( 17 );
-      } );
+Bytes intfAndLabelStackIpv4Unnumbered() {
+   return intfAndLabelStack< LspPingIntfAndLabelStackIpv4UnnumberedTlv >( []( auto & stack ) {
+      stack.addrIs( responder );
+      stack.intfIdIs( 17 );
+   } );
 }
 
-MessageBuilder intfAndLabelStackIpv6() {
-   return intfAndLabelStack< LspPingIntfAndLabelStackIpv6Tlv >(
-      LspPingAddrType::ipv6Numbered,
-      []( auto & stack ) {
-         stack.addrIs( ip6( "2001:db8::9" ) );
-         stack.intfIs( ip6( "2001:db8:1::2" ) );
-      } );
+Bytes intfAndLabelStackIpv6() {
+   return intfAndLabelStack< LspPingIntfAndLabelStackIpv6Tlv >( []( auto & stack ) {
+      stack.addrIs( ip6( "2001:db8::9" ) );
+      stack.intfIs( ip6( "2001:db8:1::2" ) );
+   } );
 }
 
-MessageBuilder intfAndLabelStackIpv6Unnumbered() {
-   return intfAndLabelStack< LspPingIntfAndLabelStackIpv6UnnumberedTlv >(
-      LspPingAddrType::ipv6Unnumbered,
-      []( auto & stack ) {
-         stack.addrIs( ip6( "2001:db8::9" ) );
-         stack.intfIdIs( 18 );
-      } );
+Bytes intfAndLabelStackIpv6Unnumbered() {
+   return intfAndLabelStack< LspPingIntfAndLabelStackIpv6UnnumberedTlv >( []( auto & stack ) {
+      stack.addrIs( ip6( "2001:db8::9" ) );
+      stack.intfIdIs( 18 );
+   } );
 }
 
 } // namespace
 
-std::vector< MessageBuilder > mappingReplies() {
+std::vector< Bytes > mappingReplies() {
    return { downstreamMappingIpv4(),
             downstreamMappingIpv4Unnumbered(),
             downstreamMappingIpv6(),

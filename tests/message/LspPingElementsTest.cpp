@@ -64,6 +64,22 @@ TEST( LspPingElements, areTheClassesOfTheList ) {
    EXPECT_EQ( rowsOf( Kiv::typeIdOf< LspPingHdr > ), std::vector< U16 >{} );
 }
 
+// Who asks for a class need not look at elements of other codes.
+TEST( LspPingElements, haveTheCodesOfEveryElementThatTheyDeriveFrom ) {
+   unsigned derived = 0;
+   for( LspPingElementRow const & row : lspPingElements() ) {
+      for( Kiv::TypeRef type( row.type ); type; type = type.base() ) {
+         LspPingElement const * const facts = lspPingElementOf( type.id() );
+         if( facts == nullptr )
+            continue;
+         EXPECT_EQ( facts->context, row.facts.context ) << type.name();
+         EXPECT_TRUE( facts->hasCode( row.code() ) ) << type.name();
+         derived += type.id() != row.type ? 1 : 0;
+      }
+   }
+   EXPECT_GT( derived, 8u );
+}
+
 // A node's address among the responders' TLVs has a view only where it is just that.
 TEST( LspPingElements, fallBackWhereTheBytesAreTooFew ) {
    std::vector< U8 > bytes{ 0, 11, 0, 8, 0, 3, 0, 4, 10, 0, 0, 1 };

@@ -287,6 +287,10 @@ LspPingElementRow const * elementOf( LspPingContext context, U32 code,
                                      std::span< U8 const > bytes ) noexcept {
    LspPingElementRow const * const end = rows.data() + rows.size();
    LspPingElementRow const * row = firstRow( context, code );
+   if( row == end )
+      return nullptr;
+   if( row->facts.selectorCount == 0 )
+      return row;
    LspPingElementRow const * selected = nullptr;
    for( ; row != end && row->facts.context == context && row->code() == code; ++row ) {
       if( selected != nullptr )

@@ -1,5 +1,7 @@
 #include "MplsUtils/LspPing/message/LspPingMessage.h"
 
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
+
 namespace LspPing {
 
 std::span< U8 const > LspPingElementRef::paddedBytes() const noexcept {
@@ -9,15 +11,18 @@ std::span< U8 const > LspPingElementRef::paddedBytes() const noexcept {
    return { at(), std::size_t{ own.row->viewOffset() } + own.row->viewSize };
 }
 
-void const * LspPingElementRef::view() const noexcept {
-   Data const & own = data();
-   return own.isViewed && own.row->viewSize != 0 ? at() + own.row->viewOffset() : nullptr;
-}
-
 void const * LspPingElementRef::viewAs( Kiv::TypeRef wanted ) const noexcept {
    void const * const own = view();
    // A derived view begins with its base.
    return own != nullptr && type().isA( wanted ) ? own : nullptr;
+}
+
+bool LspPingElementRef::isUnderstood() const noexcept {
+   constexpr U32 firstIgnored = 0x8000;
+   auto const * const end = message_->elements_.data() + data().after;
+   return std::all_of( data_, end, []( Data const & element ) {
+      return element.row != nullptr || element.code >= firstIgnored;
+   } );
 }
 
 bool LspPingElementRef::appendText( Orlo::StringBuilder & out ) const {
@@ -28,17 +33,17 @@ bool LspPingElementRef::appendText( Orlo::StringBuilder & out ) const {
    return true;
 }
 
-LspPingMultipath LspPingElementRef::multipath() const noexcept {
-   Data const & own = data();
-   return { static_cast< LspPingMultipathType >( own.multipathType ),
-            message_->bytes_.subspan( own.multipathOffset, own.multipathLength ),
-            own.isMappingIpv6 };
-}
-
-LspPingLabels LspPingElementRef::labels() const noexcept {
-   Data const & own = data();
-   return { message_->bytes_.subspan( own.labelsOffset, own.labelsLength ),
-            own.row != nullptr && own.row->facts.behind != LspPingBehind::labelStack };
+LspPingReturnCode LspPingMessage::sanity() const noexcept {
+   bool hasTarget = false;
+   bool isUnderstood = true;
+   for( LspPingElementRef const tlv : elements() ) {
+      hasTarget |= tlv.code() == Kiv::numberOf( LspPingTlvType::TargetFecStack );
+      isUnderstood &= tlv.isUnderstood();
+   }
+   // A request has a FEC stack, RFC 8029 section 4.3.
+   if( !hasTarget || !problems_.empty() )
+      return LspPingReturnCode::malFormEchoRequest;
+   return isUnderstood ? LspPingReturnCode::noRetCode : LspPingReturnCode::tlvNotUnderstood;
 }
 
 } // namespace LspPing

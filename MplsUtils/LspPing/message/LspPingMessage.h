@@ -9,6 +9,7 @@
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 #include "MplsUtils/LspPing/platform/Velnet/MplsLabelEntry.h"
 #include "MplsUtils/LspPing/platform/base/TypeRef.h"
+#include "MplsUtils/LspPing/types/LspPingMessageTypes.h"
 
 #include <span>
 #include <string_view>
@@ -50,6 +51,9 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
    U32 code() const noexcept { return data().code; }
    /// The enumerator's name of the code, empty where it has none.
    std::string_view name() const noexcept { return lspPingCodeName( context(), code() ); }
+   /// False where its code or that of an element in it is not known and may not be ignored, RFC
+   /// 8029 section 3.
+   bool isUnderstood() const noexcept;
    U32 offset() const noexcept { return data().offset; }
    /// Of the value, as the element says.
    U32 length() const noexcept { return data().length; }
@@ -91,16 +95,29 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
    template < class View >
    View const * as() const noexcept {
       static_assert( Kiv::isWireView< View, sizeof( View ) > );
-      if constexpr( std::is_same_v< View, LspPingTlvHdr > )
+      if constexpr( std::is_same_v< View, LspPingTlvHdr > ) {
          return context() != LspPingContext::opaqueValue
                    ? reinterpret_cast< View const * >( bytes().data() )
                    : nullptr;
-      else
+      } else {
+         // Quick for what it mostly is: that view, or one that has nothing to do with it. What
+         // derives from an element's class is an element of the same codes.
+         if( !isDescribed() )
+            return nullptr;
+         if( row()->type == Kiv::typeIdOf< View > )
+            return static_cast< View const * >( view() );
+         if constexpr( requires { View::element; } ) {
+            if( !View::element.hasCode( code() ) || View::element.context != context() )
+               return nullptr;
+         }
          return static_cast< View const * >( viewAs( Kiv::typeOf< View >() ) );
+      }
    }
    /// The object of `type()`: the view, or null for the Pad TLV, whose class is a copy of its
    /// bytes.
-   void const * view() const noexcept;
+   void const * view() const noexcept {
+      return isDescribed() && row()->viewSize != 0 ? at() + row()->viewOffset() : nullptr;
+   }
    /// Appends the view's own text, such as "LdpIpv4( '10.1.2.0/24' )". False where there is no view
    /// or it has no text.
    bool appendText( Orlo::StringBuilder & out ) const;
@@ -222,6 +239,10 @@ class LSPPING_MESSAGE_EXPORT LspPingMessage {
    LspPingElementRange elements() const noexcept {
       return { *this, elements_.data(), elements_.data() + elements_.size() };
    }
+   /// What a receiver of the request says of it before it looks at its sense, RFC 8029 section 4.4
+   /// step 1: `malFormEchoRequest`, `tlvNotUnderstood`, or `noRetCode` for a good one.
+   LspPingReturnCode sanity() const noexcept;
+
    /// All elements, each in front of what it contains.
    U32 elementCount() const noexcept { return static_cast< U32 >( elements_.size() ); }
    LspPingElementRef element( U32 index ) const noexcept {
@@ -259,6 +280,17 @@ inline U8 const * LspPingElementRef::at() const noexcept {
 }
 inline std::span< U8 const > LspPingElementRef::bytes() const noexcept {
    return message_->bytes_.subspan( data().offset, data().present );
+}
+inline LspPingMultipath LspPingElementRef::multipath() const noexcept {
+   Data const & own = data();
+   return { static_cast< LspPingMultipathType >( own.multipathType ),
+            message_->bytes_.subspan( own.multipathOffset, own.multipathLength ),
+            own.isMappingIpv6 };
+}
+inline LspPingLabels LspPingElementRef::labels() const noexcept {
+   Data const & own = data();
+   return { message_->bytes_.subspan( own.labelsOffset, own.labelsLength ),
+            own.row != nullptr && own.row->facts.behind != LspPingBehind::labelStack };
 }
 inline LspPingElementRange LspPingElementRef::elements() const noexcept {
    return { *message_, data_ + 1, message_->elements_.data() + data().after };

@@ -51,9 +51,10 @@ class LspPingWalk {
    bool comesOut( LspPingContext context, Region region, Alignment alignment ) const noexcept;
    void elements( LspPingContext context, Region region, U32 depth );
    U32 element( LspPingContext context, Region region, U32 depth, Alignment alignment );
-   void view( U32 index );
-   void judge( U32 index );
-   bool lengthFits( U32 index );
+   // These two are asked for each element, and nowhere else.
+   [[gnu::always_inline]] inline void view( Data & element );
+   [[gnu::always_inline]] inline void judge( Data & element );
+   bool lengthFits( Data const & element );
    void body( U32 index );
    void contents( U32 index, LspPingContext context, Region region );
    void subTlvs( U32 index, Region region );
@@ -69,15 +70,29 @@ class LspPingWalk {
    U32 word( U32 offset ) const noexcept {
       return U32{ bytes_[offset] } << 8 | U32{ bytes_[offset + 1] };
    }
+   // Where its view lies.
+   U8 const * begin( Data const & element ) const noexcept {
+      return element.isCopied ? message_.copies_.data() + element.copy
+                              : bytes_.data() + element.offset;
+   }
    Data & at( U32 index ) noexcept { return message_.elements_[index]; }
 
-   void problem( Code code, U32 offset, std::array< U32, 3 > numbers = {},
-                 U32 element = LspPingProblem::noElement, U32 strayBytes = 0 ) {
+   // Far from the way of a well-formed message.
+   [[gnu::cold, gnu::noinline]] void problem( Code code, U32 offset,
+                                              std::array< U32, 3 > numbers = {},
+                                              U32 element = LspPingProblem::noElement,
+                                              U32 strayBytes = 0 ) {
       message_.problems_.push_back( { { code, numbers }, offset, element, strayBytes } );
    }
    // About an element, at its own offset.
    void problemOf( U32 index, Code code, std::array< U32, 3 > numbers = {} ) {
       problem( code, at( index ).offset, numbers, index );
+   }
+   void problemOf( Data const & element, Code code, std::array< U32, 3 > numbers = {} ) {
+      problem( code, element.offset, numbers, indexOf( element ) );
+   }
+   U32 indexOf( Data const & element ) const noexcept {
+      return static_cast< U32 >( &element - message_.elements_.data() );
    }
 
    LspPingMessage & message_;
@@ -122,19 +137,20 @@ void LspPingWalk::header() {
 bool LspPingWalk::comesOut( LspPingContext context, Region region,
                             Alignment alignment ) const noexcept {
    U32 const header = lspPingHeaderSize( context );
-   while( region.begin < region.end ) {
-      if( context == LspPingContext::message && region.size() <= padding_ &&
-          region.end == bytes_.size() )
-         return true;
-      if( region.size() < header )
+   bool const isLast = context == LspPingContext::message && region.end == bytes_.size();
+   U32 const link = isLast ? padding_ : 0;
+   U32 lengthAt = region.begin + header - 2;
+   for( U32 left = region.size(); left > link; ) {
+      if( left < header )
          return false;
-      U32 const length = word( region.begin + header - 2 );
-      if( length > region.size() - header )
+      U32 const length = word( lengthAt );
+      if( length > left - header )
          return false;
       U32 const step = header + ( alignment == Alignment::four ? lspPingPadded( length ) : length );
-      if( step >= region.size() )
+      if( step >= left )
          return true;
-      region.begin += step;
+      left -= step;
+      lengthAt += step;
    }
    return true;
 }
@@ -205,7 +221,7 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
    bool const isCut = element.length > left - header;
    if( isCut )
       problemOf( index, Code::lengthBeyond, { element.length, header + element.length, left } );
-   view( index );
+   view( element );
    body( index );
    Data & done = at( index );
    done.after = message_.elementCount();
@@ -219,13 +235,12 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
 }
 
 // Lays the row's view over the element if its bytes are there, in place or as a copy with padding.
-void LspPingWalk::view( U32 index ) {
-   Data & element = at( index );
+void LspPingWalk::view( Data & element ) {
    if( element.row == nullptr )
       return;
    LspPingElementRow const & row = *element.row;
    if( element.length < row.facts.leastLength ) {
-      problemOf( index, Code::tooShort, { element.length, row.facts.leastLength } );
+      problemOf( element, Code::tooShort, { element.length, row.facts.leastLength } );
       return;
    }
    if( element.present < ( row.readsValue ? row.headerSize() + element.length : row.fixedSize() ) )
@@ -241,36 +256,35 @@ void LspPingWalk::view( U32 index ) {
       // The Pad TLV's object is a copy of all the value.
       element.isViewed = row.viewSize != 0 || element.present == row.headerSize() + element.length;
       if( element.isViewed )
-         element.isValid = row.valid( message_.element( index ).at(), element.length );
+         element.isValid = row.valid( begin( element ), element.length );
    }
    if( element.isViewed || !row.isDescribed() )
-      judge( index );
+      judge( element );
 }
 
-void LspPingWalk::judge( U32 index ) {
-   Data & element = at( index );
+void LspPingWalk::judge( Data & element ) {
    LspPingElementRow const & row = *element.row;
    if( row.facts.chooser != 0 ) {
-      problemOf( index, Code::addressTypeUnknown, { byte( element.offset + row.facts.chooser ) } );
+      problemOf( element, Code::addressTypeUnknown,
+                 { byte( element.offset + row.facts.chooser ) } );
       element.hidesBytes = true;
       return;
    }
-   if( !lengthFits( index ) || row.flaw == nullptr )
+   if( !lengthFits( element ) || row.flaw == nullptr )
       return;
-   if( LspPingFlaw const flaw = row.flaw( message_.element( index ).at(), element.length ) ) {
-      problem( flaw.code, element.offset + flaw.place, flaw.numbers, index,
+   if( LspPingFlaw const flaw = row.flaw( begin( element ), element.length ) ) {
+      problem( flaw.code, element.offset + flaw.place, flaw.numbers, indexOf( element ),
                std::min( flaw.placeBytes, element.occupied - flaw.place ) );
       element.hidesBytes = true;
    }
 }
 
-bool LspPingWalk::lengthFits( U32 index ) {
-   Data const & element = at( index );
+bool LspPingWalk::lengthFits( Data const & element ) {
    LspPingElement const & facts = element.row->facts;
    if( !facts.hasFixedLength || facts.hasLength( element.length ) )
       return true;
    // Routers are seen to count the padding.
-   problemOf( index,
+   problemOf( element,
               element.length == lspPingPadded( facts.leastLength ) ? Code::lengthCountsPadding
                                                                    : Code::lengthWrong,
               { element.length, facts.leastLength } );
@@ -282,16 +296,12 @@ void LspPingWalk::body( U32 index ) {
    if( element.row == nullptr )
       return;
    LspPingElementRow const & row = *element.row;
+   if( row.facts.behind == LspPingBehind::nothing )
+      return;
    // Of a FEC 129 the identifiers are part of what has to be there.
    U32 const fixed =
       row.facts.behind == LspPingBehind::identifiers ? row.viewSize : row.fixedSize();
-   element.isContainer = row.facts.behind == LspPingBehind::tlvs ||
-                         row.facts.behind == LspPingBehind::fecs ||
-                         row.facts.behind == LspPingBehind::subTlvs ||
-                         row.facts.behind == LspPingBehind::stackChangeFec ||
-                         row.facts.behind == LspPingBehind::responderTlvs ||
-                         row.facts.behind == LspPingBehind::vendorTlvs ||
-                         row.facts.behind == LspPingBehind::opaqueValues;
+   element.isContainer = row.facts.isContainer();
    if( element.present < fixed || ( row.isDescribed() && !element.isViewed ) )
       return;
    U32 const begin = element.offset + fixed;

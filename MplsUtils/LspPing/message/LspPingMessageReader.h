@@ -1,5 +1,7 @@
 #pragma once
 
+#include "MplsUtils/LspPing/LspPingHdr.h"
+#include "MplsUtils/LspPing/LspPingTypes.h"
 #include "MplsUtils/LspPing/message/LspPingMessage.h"
 
 namespace LspPing {

@@ -31,19 +31,12 @@ U32 levelsOf( LspPingElementRef element ) noexcept {
 
 } // namespace
 
-// Zeros behind the message; null where they do not fit.
-U8 * LspPingMessageWriter::room( U32 count ) noexcept {
-   if( memory_ == nullptr ) {
-      if( count > place_.size() - size_ )
-         return nullptr;
-      if( count > 0 )
-         std::memset( at( size_ ), 0, count );
-   } else {
-      if( count > std::numeric_limits< U32 >::max() - size_ )
-         return nullptr;
-      Kiv::orOutOfMemory( "LspPing::LspPingMessageWriter",
-                          [&] { memory_->resize( base_ + size_ + count ); } );
-   }
+// Room in the caller's memory.
+U8 * LspPingMessageWriter::grown( U32 count ) noexcept {
+   if( count > std::numeric_limits< U32 >::max() - size_ )
+      return nullptr;
+   Kiv::orOutOfMemory( "LspPing::LspPingMessageWriter",
+                       [&] { memory_->resize( base_ + size_ + count ); } );
    size_ += count;
    return at( size_ - count );
 }
@@ -72,10 +65,33 @@ U8 * LspPingMessageWriter::headerRoom() noexcept {
    return bytes;
 }
 
-// The level of a handle, if it is the innermost one that is open.
-LspPingMessageWriter::Level * LspPingMessageWriter::topOf( U32 id ) noexcept {
-   Level * const level = top();
-   return id != noId && level != nullptr && level->id == id ? level : nullptr;
+bool LspPingMessageWriter::reply( LspPingMessage const & request, LspPingReturnCode code,
+                                  U8 subcode, U64 received ) noexcept {
+   LspPingHdr const * const asked = request.header();
+   if( asked == nullptr ||
+       asked->messageType() != Kiv::numberOf( LspPingMsgType::MplsEchoRequest ) )
+      return refuse( Error::noRequest );
+   if( asked->replyMode() == Kiv::numberOf( LspPingReplyMode::DontReply ) )
+      return refuse( Error::noReplyWanted );
+   bool const isWritten = header( [&]( LspPingHdr & reply ) {
+      reply.messageTypeIs( Kiv::numberOf( LspPingMsgType::MplsEchoReply ) );
+      reply.replyModeIs( asked->replyMode() );
+      reply.returnCodeIs( static_cast< U8 >( code ) );
+      reply.returnSubcodeIs( subcode );
+      reply.senderHandleIs( asked->senderHandle() );
+      reply.sequenceNumberIs( asked->sequenceNumber() );
+      reply.tsSentSecondsIs( asked->tsSentSeconds() );
+      reply.tsSentmSecondsIs( asked->tsSentmSeconds() );
+      reply.tsRcvdSecondsIs( static_cast< U32 >( received ) );
+      reply.tsRcvdmSecondsIs( static_cast< U32 >( received >> 32 ) );
+   } );
+   if( !isWritten || code != LspPingReturnCode::tlvNotUnderstood )
+      return isWritten;
+   LspPingOpenElement errored = open( LspPingTlvType::ErrorTlv );
+   for( LspPingElementRef const tlv : request.elements() )
+      if( !tlv.isUnderstood() && !add( tlv ) )
+         return errored.takeBack( Error::elementCut );
+   return errored.close();
 }
 
 // Whether a vendor's TLV is one of ours, so that there are elements in it.
@@ -158,7 +174,7 @@ U32 LspPingMessageWriter::begin( LspPingContext context, LspPingElement const * 
       return noId;
    bool const isPlace = mayStand( context, code );
    Level & level = levels_[depth_++];
-   level = { facts, ++lastId_, size_, size_ + content, context };
+   level = { facts, ++lastId_, size_, size_ + content, context, false, false, false };
    U32 const header = lspPingHeaderSize( context );
    if( !isPlace )
       takeBack( Error::misplaced );
@@ -284,6 +300,8 @@ bool LspPingMessageWriter::closeTop() noexcept {
 }
 
 bool LspPingMessageWriter::close( U32 id ) noexcept {
+   if( topOf( id ) != nullptr && !isFilling_ )
+      return closeTop();
    U32 place = depth_;
    while( place > 0 && levels_[place - 1].id != id )
       --place;

@@ -3,21 +3,14 @@
 #include "MplsUtils/LspPing/message/LspPingMessageReader.h"
 #include "MplsUtils/LspPing/message/LspPingOpenElement.h"
 #include "MplsUtils/LspPing/message/LspPingWriteError.h"
-#include "MplsUtils/LspPing/tlv/LspPingPadTlv.h"
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <span>
 #include <vector>
 
 namespace LspPing {
-
-class LspPingDownstreamMappingInfo;
-class LspPingDownstreamMappingInfoSet;
-class LspPingFecInfo;
-class LspPingFecStack;
-class LspPingIntfAndLabelStackInfo;
-class LspPingPadInfo;
 
 /// A class with the facts of an element beside it.
 template < class View >
@@ -68,6 +61,12 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    /// otherwise.
    template < class Fill >
    bool header( Fill fill ) noexcept;
+   /// The header of the reply to a request that was read, RFC 8029 section 4.5, and with
+   /// `tlvNotUnderstood` the TLVs that are not, in an Errored TLVs TLV (section 3.8). The request
+   /// must not lie in memory that this writer lets grow. \param received  When the request came, as
+   /// NtpTime::ntpTime() gives it.
+   bool reply( LspPingMessage const & request, LspPingReturnCode code, U8 subcode,
+               U64 received ) noexcept;
 
    /// An element with nothing behind the fixed part, as `fill( View & )` fills it. It may choose
    /// the length where two are allowed.
@@ -135,17 +134,17 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    // An element that is open. Offsets count from the message's first byte.
    struct Level {
       // Null for a code that nobody knows.
-      LspPingElement const * facts = nullptr;
-      U32 id = 0;
-      U32 begin = 0;
+      LspPingElement const * facts;
+      U32 id;
+      U32 begin;
       // What stands behind the fixed part.
-      U32 content = 0;
-      LspPingContext context = LspPingContext::message;
+      U32 content;
+      LspPingContext context;
       // The fixed part is a view's.
-      bool isView = false;
-      bool hasMultipath = false;
+      bool isView;
+      bool hasMultipath;
       // It was taken back, and nothing is written until it is closed.
-      bool isTakenBack = false;
+      bool isTakenBack;
 
       LspPingBehind behind() const noexcept {
          return facts != nullptr ? facts->behind : LspPingBehind::nothing;
@@ -164,14 +163,30 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
       at( offset )[0] = static_cast< U8 >( value >> 8 );
       at( offset )[1] = static_cast< U8 >( value );
    }
-   U8 * room( U32 count ) noexcept;
+   // Zeros behind the message; null where they do not fit.
+   U8 * room( U32 count ) noexcept {
+      if( memory_ != nullptr )
+         return grown( count );
+      if( count > place_.size() - size_ )
+         return nullptr;
+      U8 * const zeros = place_.data() + size_;
+      if( count > 0 )
+         std::memset( zeros, 0, count );
+      size_ += count;
+      return zeros;
+   }
+   U8 * grown( U32 count ) noexcept;
    void cut( U32 size ) noexcept;
    bool refuse( Error code ) noexcept { return refuse( code, size_ ); }
    bool refuse( Error code, U32 offset ) noexcept;
 
    Level * top() noexcept { return depth_ > 0 ? &levels_[depth_ - 1] : nullptr; }
    Level const * top() const noexcept { return depth_ > 0 ? &levels_[depth_ - 1] : nullptr; }
-   Level * topOf( U32 id ) noexcept;
+   // The level of a handle, if it is the innermost one that is open.
+   Level * topOf( U32 id ) noexcept {
+      Level * const level = top();
+      return id != noId && level != nullptr && level->id == id ? level : nullptr;
+   }
    bool isOurs( Level const & level ) const noexcept;
    bool isMappingIpv6() const noexcept;
    // Before the information stand in the sub-TLV its type, its length and a byte, in the TLV its
@@ -199,7 +214,7 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    U32 lastId_ = noId;
    bool isFilling_ = false;
    LspPingWriteError error_;
-   // One more than may stand: it is taken back.
+   // One more than may stand: it is taken back. Only those below `depth_` are something.
    std::array< Level, LspPingMessageReader::deepest + 2 > levels_;
 };
 

@@ -16,12 +16,8 @@ bool isMapped( std::span< U8 const > bytes ) noexcept {
 
 } // namespace
 
-LspPingMultipath::LspPingMultipath( LspPingMultipathType type, std::span< U8 const > information,
-                                    bool isMappingIpv6 ) noexcept
-   : bytes_( information ),
-     type_( type ) {
-   isIpv6_ = !isLabels() && bytes_.size() >= sizeof( Velnet::Ip6Addr ) &&
-             ( isMapped( bytes_ ) || ( isMappingIpv6 && bytes_[0] != 127 ) );
+bool LspPingMultipath::isAddressIpv6( bool isMappingIpv6 ) const noexcept {
+   return isMapped( bytes_ ) || ( isMappingIpv6 && bytes_[0] != 127 );
 }
 
 bool LspPingMultipath::isWellFormed() const noexcept {

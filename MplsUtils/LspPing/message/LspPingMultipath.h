@@ -27,7 +27,11 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
    LspPingMultipath() noexcept = default;
    /// \param isMappingIpv6  Whether the mapping's own addresses are of IPv6.
    LspPingMultipath( LspPingMultipathType type, std::span< U8 const > information,
-                     bool isMappingIpv6 ) noexcept;
+                     bool isMappingIpv6 ) noexcept
+      : bytes_( information ),
+        type_( type ),
+        isIpv6_( information.size() >= sizeof( Velnet::Ip6Addr ) && !isLabels() &&
+                 isAddressIpv6( isMappingIpv6 ) ) {}
 
    LspPingMultipathType type() const noexcept { return type_; }
    /// As it was sent.
@@ -65,6 +69,8 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
 
  private:
    friend class Iterator;
+   // Of at least one address of IPv6.
+   bool isAddressIpv6( bool isMappingIpv6 ) const noexcept;
    std::size_t unit() const noexcept { return isIpv6_ ? 16 : 4; }
    bool contains( std::size_t bit ) const noexcept {
       return ( bytes_[unit() + bit / 8] >> ( 7 - bit % 8 ) & 1 ) != 0;

@@ -40,6 +40,8 @@ constexpr auto table = std::to_array< Words >( {
    LSPPING_WRITE_ERROR( recordUnknown, "nobody knows how to write such a record" ),
    LSPPING_WRITE_ERROR( recordIncomplete, "the record does not say all that is sent" ),
    LSPPING_WRITE_ERROR( recordContradicts, "the record says what such an element cannot" ),
+   LSPPING_WRITE_ERROR( noRequest, "no echo request to reply to" ),
+   LSPPING_WRITE_ERROR( noReplyWanted, "the request asks for no reply" ),
 } );
 #undef LSPPING_WRITE_ERROR
 

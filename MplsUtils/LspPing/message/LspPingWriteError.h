@@ -31,6 +31,8 @@ enum class LspPingWriteErrorCode : U8 {
    recordUnknown,
    recordIncomplete,
    recordContradicts,
+   noRequest,
+   noReplyWanted,
 };
 
 /// The enumerator's name.

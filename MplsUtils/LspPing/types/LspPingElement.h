@@ -26,7 +26,7 @@ constexpr U32 lspPingHeaderSize( LspPingContext context ) noexcept {
    return context == LspPingContext::opaqueValue ? 3 : 4;
 }
 
-/// What stands behind an element's fixed part.
+/// What stands behind an element's fixed part. Those from `tlvs` to `opaqueValues` are elements.
 enum class LspPingBehind : U8 {
    nothing,
    tlvs,           ///< TLVs as in a message
@@ -157,6 +157,10 @@ struct LspPingElement {
    constexpr U16 code() const noexcept { return codes[0]; }
    constexpr bool hasCode( U32 code ) const noexcept {
       return code == codes[0] || ( codeCount > 1 && code == codes[1] );
+   }
+   /// Whether other elements stand in it, be there any or none.
+   constexpr bool isContainer() const noexcept {
+      return behind >= LspPingBehind::tlvs && behind <= LspPingBehind::opaqueValues;
    }
    /// Of elements of fixed length.
    constexpr bool hasLength( U32 length ) const noexcept {
