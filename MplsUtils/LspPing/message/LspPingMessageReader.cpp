@@ -255,7 +255,11 @@ void LspPingWalk::judge( U32 index ) {
    Data & element = at( index );
    LspPingElementRow const & row = *element.row;
    if( row.facts.chooser != 0 ) {
-      problemOf( index, Code::addressTypeUnknown, { byte( element.offset + row.facts.chooser ) } );
+      if( row.facts.otherChooser == 0 )
+         problemOf( index, Code::addressTypeUnknown,
+                    { byte( element.offset + row.facts.chooser ) } );
+      else
+         problemOf( index, Code::notValid );
       element.hidesBytes = true;
       return;
    }
@@ -289,13 +293,7 @@ void LspPingWalk::body( U32 index ) {
    // Of a FEC 129 the identifiers are part of what has to be there.
    U32 const fixed =
       row.facts.behind == LspPingBehind::identifiers ? row.viewSize : row.fixedSize();
-   element.isContainer = row.facts.behind == LspPingBehind::tlvs ||
-                         row.facts.behind == LspPingBehind::fecs ||
-                         row.facts.behind == LspPingBehind::subTlvs ||
-                         row.facts.behind == LspPingBehind::stackChangeFec ||
-                         row.facts.behind == LspPingBehind::responderTlvs ||
-                         row.facts.behind == LspPingBehind::vendorTlvs ||
-                         row.facts.behind == LspPingBehind::opaqueValues;
+   element.isContainer = row.facts.isContainer();
    if( element.present < fixed || ( row.isDescribed() && !element.isViewed ) )
       return;
    U32 const begin = element.offset + fixed;
@@ -304,6 +302,9 @@ void LspPingWalk::body( U32 index ) {
    switch( row.facts.behind ) {
    case LspPingBehind::nothing:
    case LspPingBehind::padding:
+      return;
+   case LspPingBehind::elements:
+      elements( row.facts.inside, region, element.depth + 1u );
       return;
    case LspPingBehind::tlvs:
       contents( index, LspPingContext::message, region );
