@@ -44,7 +44,7 @@ TEST( LspPingElements, areFoundByTheirSelectors ) {
       if( row.facts.selectorCount == 0 && bytes.size() > 4 )
          std::fill( bytes.begin() + 4, bytes.end(), U8{ 99 } );
       for( std::size_t i = 0; i < row.facts.selectorCount; ++i )
-         bytes[row.facts.selectors[i].offset] = row.facts.selectors[i].value;
+         bytes[row.facts.selectors[i].offset] = row.facts.selectors[i].values[0];
       EXPECT_EQ( elementOf( row.facts.context, row.code(), bytes ), &row ) << row.code();
    }
 }
@@ -93,8 +93,43 @@ TEST( LspPingElements, fallBackWhereTheBytesAreTooFew ) {
               Kiv::typeIdOf< LspPingDdmapTlv > );
 }
 
+TEST( LspPingElements, areSelectedByOneOfTheValuesOfEachByte ) {
+   constexpr auto shared =
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::NilFec ).chosenBy( 4, 5 );
+   constexpr auto element = shared.whenOneOf( 4, { 0, 1, 4 } ).when( 5, 2 );
+   auto const isSelectedBy = [=]( U8 first, U8 second ) {
+      return element.isSelectedBy( std::vector< U8 >{ 0, 16, 0, 4, first, second } );
+   };
+   EXPECT_TRUE( isSelectedBy( 0, 2 ) );
+   EXPECT_TRUE( isSelectedBy( 4, 2 ) );
+   EXPECT_FALSE( isSelectedBy( 2, 2 ) );
+   EXPECT_FALSE( isSelectedBy( 6, 2 ) );
+   EXPECT_FALSE( isSelectedBy( 4, 0 ) );
+   EXPECT_FALSE( element.isSelectedBy( std::vector< U8 >{ 0, 16, 0, 4, 4 } ) );
+   EXPECT_EQ( element.chooser, 0u );
+   EXPECT_EQ( element.otherChooser, 0u );
+}
+
+TEST( LspPingElements, haveTheContextOfTheirCodes ) {
+   constexpr auto parent = LspPingElement::tlv( LspPingTlvType::Pad )
+                              .atLeast( 4 )
+                              .followedBy< LspPingDDMappingSubTlvType >();
+   EXPECT_EQ( parent.context, LspPingContext::message );
+   EXPECT_EQ( parent.inside, LspPingContext::ddmap );
+   EXPECT_TRUE( parent.isContainer() );
+   EXPECT_FALSE( parent.hasLength( 3 ) );
+   EXPECT_TRUE( parent.hasLength( 5 ) );
+   EXPECT_EQ( LspPingElement::subTlv( LspPingDDMappingSubTlvType::LabelStack ).context,
+              LspPingContext::ddmap );
+   // An enumeration that is no told context has its own name.
+   constexpr LspPingContext other = lspPingContextOf< LspPingMsgType >;
+   EXPECT_EQ( lspPingContextName( other ), "LspPing::LspPingMsgType" );
+   EXPECT_EQ( lspPingCodeName( other, 1 ), "MplsEchoRequest" );
+   EXPECT_EQ( lspPingContextName( LspPingContext::opaqueValue ), "opaqueValue" );
+}
+
 TEST( LspPingElements, areNotFoundUnderOtherCodes ) {
-   EXPECT_EQ( elementOf( LspPingContext::message, 99, {} ), nullptr );
+   EXPECT_EQ( elementOf( LspPingContext::message, 4, {} ), nullptr );
    EXPECT_EQ( elementOf( LspPingContext::message, 65262, {} ), nullptr );
    EXPECT_EQ( elementOf( LspPingContext::targetFec, 0, {} ), nullptr );
    EXPECT_EQ( elementOf( LspPingContext::opaqueValue, 2, {} ), nullptr );

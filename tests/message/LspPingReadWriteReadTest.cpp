@@ -166,6 +166,8 @@ TEST( LspPingReadWriteRead, findsEachElementOfTheTable ) {
          write();
          break;
       }
+      default:
+         random.elementInside( writer, row );
       }
       ASSERT_EQ( lspPingWriteErrorName( writer.error().code ), "none" ) << row.code();
       LspPingMessageReader reader;

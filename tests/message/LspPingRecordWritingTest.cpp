@@ -172,6 +172,25 @@ TEST( LspPingRecordWriting, writesAllMappingsOrNone ) {
               "recordUnknown at 72: 00 0c 00 04 00 00 00 00" );
 }
 
+// The set of the first one is not that of the type of the second.
+TEST( LspPingRecordWriting, keepsNothingOfAMultipathSubTlvBeforeAnother ) {
+   Bytes memory;
+   Writer writer( memory );
+   writer.header( asRequest );
+   {
+      auto const mapping = writer.open< LspPingDdmapTlv >();
+      writer.open< LspPingMultipathSubTlv >().multipathSet( IpAddr( 127, 0, 0, 0 ), Bytes( 4, 1 ) );
+      writer.add< LspPingMultipathSubTlv >( []( auto & subTlv ) { subTlv.multipathTypeIs( 2 ); } );
+   }
+   LspPingMessageReader reader;
+   LspPingMessageRecords const records( reader.read( memory ) );
+   LspPingDownstreamMappingInfo const info =
+      records.downstreamMappings->lspPingDownstreamMappingInfo( 0 );
+   EXPECT_EQ( info.multipathType(), 2u );
+   EXPECT_EQ( info.dsMultipathBitset().size(), 0u );
+   EXPECT_EQ( info.dsMultipathBaseAddr(), Velnet::IpGenAddr() );
+}
+
 bool isSame( LspPingMessageRecords const & a, LspPingMessageRecords const & b ) {
    return a.fecStack == b.fecStack && a.downstreamMappings == b.downstreamMappings &&
           a.intfAndLabelStack == b.intfAndLabelStack && a.pad == b.pad;

@@ -45,6 +45,12 @@ TEST( LspPingWords, areThereForEveryEnumerator ) {
    expectWordsForAll< LspPingTargetFecSubTlvType >( { LspPingTargetFecSubTlvType::NotAssigned } );
 }
 
+// Some have their words in a table, and some beside their class.
+TEST( LspPingWords, sayTlvs ) {
+   EXPECT_EQ( lspPingWords( LspPingTlvType::Pad ), "Pad" );
+   EXPECT_EQ( lspPingWords( LspPingTlvType::EchoJitter ), "Echo Jitter" );
+}
+
 TEST( LspPingWords, sayAReturnCodeWithItsSubcode ) {
    EXPECT_EQ( returnCode( 8, 1 ), "label switched at stack-depth 1" );
    EXPECT_EQ( returnCode( 3, 2 ), "replying router is an egress for the FEC at stack-depth 2" );

@@ -27,6 +27,8 @@ class RandomMessage {
 
    /// A given one, where it may stand.
    void element( Writer & writer, Row const & row, U32 depth );
+   /// A given one of a context of `LspPingBehind::elements`, in what may stand around it.
+   void elementInside( Writer & writer, Row const & row );
 
    U32 below( U32 end ) { return static_cast< U32 >( random_() % end ); }
 
@@ -45,6 +47,9 @@ class RandomMessage {
    }
    void element( Writer & writer, Context context, U32 depth );
    void children( Writer & writer, Context context, U32 depth, U32 least ) {
+      for( Row const * row : wanted_ )
+         if( row->facts.context == context )
+            element( writer, *row, depth );
       for( U32 count = least + below( 3 ); count > 0; --count )
          element( writer, context, depth );
    }
@@ -72,6 +77,7 @@ class RandomMessage {
    }
 
    std::mt19937_64 random_;
+   std::vector< Row const * > wanted_;
 };
 
 // A row at random that leaves enough depth for what may stand in it, or a code that nobody knows.
@@ -101,6 +107,20 @@ inline void RandomMessage::element( Writer & writer, Row const & row, U32 depth 
    if( row.facts.behind == Behind::nothing )
       open.bytes( value );
    behind( writer, open, row, depth );
+}
+
+inline void RandomMessage::elementInside( Writer & writer, Row const & row ) {
+   for( Row const & parent : LspPing::lspPingElements() ) {
+      if( parent.facts.behind != Behind::elements || parent.facts.inside != row.facts.context )
+         continue;
+      wanted_.push_back( &row );
+      if( parent.facts.context == Context::message )
+         element( writer, parent, 0 );
+      else
+         elementInside( writer, parent );
+      wanted_.clear();
+      return;
+   }
 }
 
 template < class View >
@@ -135,8 +155,12 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
             keep( i );
          for( std::size_t i = 0; i < facts.selectorCount; ++i )
             keep( facts.selectors[i].offset );
-         if( facts.chooser != 0 )
-            bytes[facts.chooser] = target->facts.selectors[0].value;
+         if( facts.chooser != 0 ) {
+            for( std::size_t i = 0; i < target->facts.selectorCount; ++i ) {
+               auto const & selector = target->facts.selectors[i];
+               bytes[selector.offset] = selector.values[below( selector.valueCount )];
+            }
+         }
          // The root's family and length.
          if( facts.behind == Behind::opaqueValues )
             for( std::size_t i = 4; i < 7; ++i )
@@ -164,6 +188,8 @@ inline void RandomMessage::behind( Writer & writer, Open & open, Row const & row
    case Behind::nothing:
    case Behind::padding:
       return;
+   case Behind::elements:
+      return children( writer, row.facts.inside, depth + 1, 0 );
    case Behind::tlvs:
       return children( writer, Context::message, depth + 1, 1 );
    case Behind::fecs:

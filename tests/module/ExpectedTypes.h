@@ -5,8 +5,9 @@
 #include <span>
 #include <string_view>
 
-// What must be registered, written down by hand from the protocol's tables and the names that other
-// programs rely on, without a look at the classes.
+// What must be registered at the first places of each module, written down by hand from the
+// protocol's tables and the names that other programs rely on, without a look at the classes. What
+// is added behind them has no entry here: its own test says what it is.
 struct ExpectedType {
    U16 index;
    std::string_view name; ///< without "LspPing::"

@@ -230,12 +230,29 @@ struct Rows< Kiv::TypeList< Ts... > > {
 constexpr auto rows = Rows< LspPingHdrTypes >::sorted();
 constexpr auto classes = Rows< LspPingHdrTypes >::classes();
 
-// In the order of the enumerators.
-constexpr std::array< std::string_view, lspPingContextCount > contextNames{
-   "message", "targetFec", "ddmap", "p2mpResponder", "vendorPrivate", "opaqueValue",
+template < class List >
+struct CodesOf;
+template < class... Ts >
+struct CodesOf< Kiv::TypeList< Ts... > > {
+   template < class T >
+   static constexpr Kiv::EnumerationTable const * tableOf() noexcept {
+      if constexpr( std::is_enum_v< T > )
+         return &Kiv::EnumerationOf< T >::table;
+      else
+         return nullptr;
+   }
+   static constexpr std::array< Kiv::EnumerationTable const *, sizeof...( Ts ) > tables{
+      tableOf< Ts >()...
+   };
 };
+
+// By context, null where the place is no enumeration's.
+constexpr auto & codesOf = CodesOf< LspPingTypesTypes >::tables;
+
+// In the order of the enumerators.
 constexpr auto behindNames = std::to_array< std::string_view >( {
    "nothing",
+   "elements",
    "tlvs",
    "fecs",
    "subTlvs",
@@ -316,7 +333,21 @@ LspPingElement const * lspPingElementOf( Kiv::TypeId type ) noexcept {
 }
 
 std::string_view lspPingContextName( LspPingContext context ) noexcept {
-   return contextNames[static_cast< std::size_t >( context )];
+   switch( context ) {
+   case LspPingContext::message:
+      return "message";
+   case LspPingContext::targetFec:
+      return "targetFec";
+   case LspPingContext::ddmap:
+      return "ddmap";
+   case LspPingContext::p2mpResponder:
+      return "p2mpResponder";
+   case LspPingContext::vendorPrivate:
+      return "vendorPrivate";
+   case LspPingContext::opaqueValue:
+      return "opaqueValue";
+   }
+   return codesOf[static_cast< std::size_t >( context )]->typeName;
 }
 
 std::string_view lspPingBehindName( LspPingBehind behind ) noexcept {
@@ -324,21 +355,7 @@ std::string_view lspPingBehindName( LspPingBehind behind ) noexcept {
 }
 
 std::string_view lspPingCodeName( LspPingContext context, U32 code ) noexcept {
-   switch( context ) {
-   case LspPingContext::message:
-      return Kiv::enumType< LspPingTlvType >.name( code );
-   case LspPingContext::targetFec:
-      return Kiv::enumType< LspPingTargetFecSubTlvType >.name( code );
-   case LspPingContext::ddmap:
-      return Kiv::enumType< LspPingDDMappingSubTlvType >.name( code );
-   case LspPingContext::p2mpResponder:
-      return Kiv::enumType< LspPingP2mpRespTlvType >.name( code );
-   case LspPingContext::vendorPrivate:
-      return Kiv::enumType< LspPingVeloraVendorPrivateType >.name( code );
-   case LspPingContext::opaqueValue:
-      return Kiv::enumType< LspPingP2mpFecStackSubTlvType >.name( code );
-   }
-   return {};
+   return Kiv::EnumType< U32 >( *codesOf[static_cast< std::size_t >( context )] ).name( code );
 }
 
 } // namespace LspPing

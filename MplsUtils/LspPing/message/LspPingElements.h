@@ -54,8 +54,9 @@ LSPPING_MESSAGE_EXPORT std::span< LspPingElementRow const > lspPingElements() no
 /// The facts beside a class, all its codes among them; null for a class that is no element.
 LSPPING_MESSAGE_EXPORT LspPingElement const * lspPingElementOf( Kiv::TypeId type ) noexcept;
 
-/// The enumerator's names.
+/// The enumerator's name, or the codes' enumeration's where the context has no name of its own.
 LSPPING_MESSAGE_EXPORT std::string_view lspPingContextName( LspPingContext context ) noexcept;
+/// The enumerator's name.
 LSPPING_MESSAGE_EXPORT std::string_view lspPingBehindName( LspPingBehind behind ) noexcept;
 
 /// The enumerator's name of a code, empty where it has none.

@@ -100,7 +100,7 @@ template < class Record >
 OpenRow< Record > const * openRowOf( LspPingTlvType code, Record const & record ) noexcept {
    for( OpenRow< Record > const & row : OpenRows< Record, LspPingHdrTypes >::rows )
       if( row.open != nullptr && row.facts->hasCode( static_cast< U32 >( code ) ) &&
-          row.facts->selectors[0].value == record.addrType() )
+          row.facts->selectors[0].has( record.addrType() ) )
          return &row;
    return nullptr;
 }

@@ -265,8 +265,11 @@ void LspPingWalk::view( Data & element ) {
 void LspPingWalk::judge( Data & element ) {
    LspPingElementRow const & row = *element.row;
    if( row.facts.chooser != 0 ) {
-      problemOf( element, Code::addressTypeUnknown,
-                 { byte( element.offset + row.facts.chooser ) } );
+      if( row.facts.otherChooser == 0 )
+         problemOf( element, Code::addressTypeUnknown,
+                    { byte( element.offset + row.facts.chooser ) } );
+      else
+         problemOf( element, Code::notValid );
       element.hidesBytes = true;
       return;
    }
@@ -310,6 +313,9 @@ void LspPingWalk::body( U32 index ) {
    switch( row.facts.behind ) {
    case LspPingBehind::nothing:
    case LspPingBehind::padding:
+      return;
+   case LspPingBehind::elements:
+      elements( row.facts.inside, region, element.depth + 1u );
       return;
    case LspPingBehind::tlvs:
       contents( index, LspPingContext::message, region );

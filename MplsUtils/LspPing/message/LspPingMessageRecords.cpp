@@ -59,6 +59,9 @@ Kept keepMultipath( LspPingElementRef element, U8 type, U32 length, Mapping & ma
    if( length != multipath.bytes().size() || ( isSetType && !multipath.isWellFormed() ) )
       return Kept::notWellFormed();
    mapping.multipathType = type;
+   // Nothing stays of a sub-TLV before this one.
+   mapping.dsMultipathBaseAddr = {};
+   mapping.dsMultipathBitset = {};
    if( length == 0 )
       return Kept::whole();
    // Of lists, whatever they are, the record has the type.

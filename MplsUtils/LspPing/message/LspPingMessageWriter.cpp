@@ -121,6 +121,8 @@ bool LspPingMessageWriter::mayStand( LspPingContext context, U32 code ) const no
       return false;
    bool const isFirst = size_ == parent->content;
    switch( parent->behind() ) {
+   case LspPingBehind::elements:
+      return context == parent->facts->inside;
    case LspPingBehind::tlvs:
       return context == LspPingContext::message;
    case LspPingBehind::fecs:
@@ -197,7 +199,7 @@ void LspPingMessageWriter::beginView( Level & level ) noexcept {
    level.isView = true;
    LspPingElement const & facts = *level.facts;
    for( std::size_t i = 0; i < facts.selectorCount; ++i )
-      *at( level.begin + facts.selectors[i].offset ) = facts.selectors[i].value;
+      *at( level.begin + facts.selectors[i].offset ) = facts.selectors[i].values[0];
    if( facts.hasFixedLength )
       wordIs( level.begin + lspPingHeaderSize( level.context ) - 2, facts.leastLength );
    if( facts.behind == LspPingBehind::opaqueValues ) {
@@ -221,6 +223,8 @@ void LspPingMessageWriter::filled() noexcept {
       // The byte that chooses is there now.
       level.facts = &elementOf( level.context, code, bytes )->facts;
       level.content = level.begin + header + level.facts->leastLength;
+      if( level.facts->hasFixedLength && word( level.begin + header - 2 ) == 0 )
+         wordIs( level.begin + header - 2, level.facts->leastLength );
    }
    LspPingElement const & facts = *level.facts;
    if( facts.chooser != 0 || !facts.isSelectedBy( bytes ) ||

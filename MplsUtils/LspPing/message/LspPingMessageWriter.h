@@ -101,17 +101,9 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    }
    /// One that no class describes, be its code known or not.
    [[nodiscard]] LspPingOpenElement open( LspPingContext context, U32 code ) noexcept;
-   [[nodiscard]] LspPingOpenElement open( LspPingTlvType code ) noexcept {
-      return open( LspPingContext::message, static_cast< U32 >( code ) );
-   }
-   [[nodiscard]] LspPingOpenElement open( LspPingTargetFecSubTlvType code ) noexcept {
-      return open( LspPingContext::targetFec, static_cast< U32 >( code ) );
-   }
-   [[nodiscard]] LspPingOpenElement open( LspPingDDMappingSubTlvType code ) noexcept {
-      return open( LspPingContext::ddmap, static_cast< U32 >( code ) );
-   }
-   [[nodiscard]] LspPingOpenElement open( LspPingP2mpRespTlvType code ) noexcept {
-      return open( LspPingContext::p2mpResponder, static_cast< U32 >( code ) );
+   template < LspPingCodes Code >
+   [[nodiscard]] LspPingOpenElement open( Code code ) noexcept {
+      return open( lspPingContextOf< Code >, static_cast< U32 >( code ) );
    }
    /// A container like one that was read: the fixed part is as it was, and nothing in it yet.
    [[nodiscard]] LspPingOpenElement open( LspPingElementRef container ) noexcept;

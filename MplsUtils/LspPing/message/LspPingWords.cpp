@@ -1,5 +1,7 @@
 #include "MplsUtils/LspPing/message/LspPingWords.h"
 
+#include "MplsUtils/LspPing/message/LspPingElements.h"
+
 #include <array>
 #include <chrono>
 #include <cstdint>
@@ -104,7 +106,6 @@ constexpr auto tlvs = std::to_array< Words< Tlv > >( {
    { Tlv::ErrorTlv, "Errored TLVs" },
    { Tlv::ReplyTosByte, "Reply TOS Byte" },
    { Tlv::P2mpRespId, "P2MP Responder Identifier" },
-   { Tlv::EchoJitter, "Echo Jitter" },
    { Tlv::DownstreamDetailedMapping, "Downstream Detailed Mapping" },
    { Tlv::VeloraVendorPrivate, "vendor private" },
 } );
@@ -140,6 +141,17 @@ constexpr auto subTlvs = std::to_array< Words< SubTlv > >( {
    { SubTlv::LabelStack, "Label Stack" },
    { SubTlv::FecStackChange, "FEC Stack Change" },
 } );
+
+// What stands beside the class of a code that is not in a table here.
+template < class Codes >
+std::string_view orOfElement( std::string_view words, Codes code ) noexcept {
+   if( words.empty() )
+      for( LspPingElementRow const & row : lspPingElements() )
+         if( row.facts.context == lspPingContextOf< Codes > &&
+             row.code() == static_cast< U32 >( code ) )
+            return row.facts.words;
+   return words;
+}
 
 // Letters of single bits, and the rest as a number.
 void appendFlags( Orlo::StringBuilder & out, std::string_view letters, U32 flags ) {
@@ -179,13 +191,13 @@ std::string_view lspPingWords( LspPingFecStackChangeSubTlvOperType operation ) n
    return wordsOf( operations, operation );
 }
 std::string_view lspPingWords( LspPingTlvType code ) noexcept {
-   return wordsOf( tlvs, code );
+   return orOfElement( wordsOf( tlvs, code ), code );
 }
 std::string_view lspPingWords( LspPingTargetFecSubTlvType code ) noexcept {
-   return wordsOf( fecs, code );
+   return orOfElement( wordsOf( fecs, code ), code );
 }
 std::string_view lspPingWords( LspPingDDMappingSubTlvType code ) noexcept {
-   return wordsOf( subTlvs, code );
+   return orOfElement( wordsOf( subTlvs, code ), code );
 }
 
 bool lspPingHasStackDepth( LspPingReturnCode code ) noexcept {

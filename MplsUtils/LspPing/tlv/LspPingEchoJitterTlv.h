@@ -19,7 +19,8 @@ namespace LspPing {
 class LSPPING_EXPORT LspPingEchoJitterTlv
    : public Kiv::Typed< LspPingEchoJitterTlv, LspPingTlvHdr > {
  public:
-   static constexpr auto element = LspPingElement::tlv( LspPingTlvType::EchoJitter ).length( 4 );
+   static constexpr auto element =
+      LspPingElement::tlv( LspPingTlvType::EchoJitter ).length( 4 ).inWords( "Echo Jitter" );
 
    /// The time over which the responders spread their replies, in milliseconds.
    constexpr U32 jitter() const noexcept { return jitter_.value(); }

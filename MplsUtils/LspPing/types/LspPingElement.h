@@ -2,33 +2,50 @@
 
 #include "MplsUtils/LspPing/platform/base/Integers.h"
 #include "MplsUtils/LspPing/types/Export.h"
+#include "MplsUtils/LspPing/types/LspPingModules.h"
 
 #include <array>
 #include <cstddef>
+#include <initializer_list>
 #include <span>
+#include <string_view>
+#include <type_traits>
 
 namespace LspPing {
 
-/// What an element stands in, which says what its code means. Errored TLVs hold TLVs as a message
-/// does, and a FEC stack change holds a FEC as the stack does (RFC 8029 sections 3.8 and 3.4.1.3).
+/// The enumerations of module LspPingTypes, of which those of codes make contexts.
+template < class Codes >
+concept LspPingCodes = std::is_enum_v< Codes > && LspPingTypesTypes::contains< Codes >;
+
+/// What an element stands in, which says what its code means: the codes' enumeration, by its place
+/// in module LspPingTypes. These have names; every other enumeration makes a context as well.
+/// Errored TLVs hold TLVs as a message does, and a FEC stack change holds a FEC as the stack does
+/// (RFC 8029 sections 3.8 and 3.4.1.3).
 enum class LspPingContext : U8 {
-   message,       ///< LspPingTlvType
-   targetFec,     ///< LspPingTargetFecSubTlvType
-   ddmap,         ///< LspPingDDMappingSubTlvType
-   p2mpResponder, ///< LspPingP2mpRespTlvType
-   vendorPrivate, ///< LspPingVeloraVendorPrivateType
-   opaqueValue,   ///< LspPingP2mpFecStackSubTlvType: type and length take three bytes, not four
+   message = LspPingTypesTypes::indexOf< LspPingTlvType >(),
+   targetFec = LspPingTypesTypes::indexOf< LspPingTargetFecSubTlvType >(),
+   ddmap = LspPingTypesTypes::indexOf< LspPingDDMappingSubTlvType >(),
+   p2mpResponder = LspPingTypesTypes::indexOf< LspPingP2mpRespTlvType >(),
+   vendorPrivate = LspPingTypesTypes::indexOf< LspPingVeloraVendorPrivateType >(),
+   /// Type and length take three bytes, not four.
+   opaqueValue = LspPingTypesTypes::indexOf< LspPingP2mpFecStackSubTlvType >(),
 };
-inline constexpr std::size_t lspPingContextCount = 6;
+inline constexpr std::size_t lspPingContextCount = LspPingTypesTypes::size;
+
+template < LspPingCodes Codes >
+inline constexpr LspPingContext
+   lspPingContextOf = static_cast< LspPingContext >( LspPingTypesTypes::indexOf< Codes >() );
 
 /// Bytes of the header of type and length.
 constexpr U32 lspPingHeaderSize( LspPingContext context ) noexcept {
    return context == LspPingContext::opaqueValue ? 3 : 4;
 }
 
-/// What stands behind an element's fixed part. Those from `tlvs` to `opaqueValues` are elements.
+/// What stands behind an element's fixed part. Those from `elements` to `opaqueValues` are
+/// elements.
 enum class LspPingBehind : U8 {
    nothing,
+   elements,       ///< to the end of the value, with the codes of `inside`
    tlvs,           ///< TLVs as in a message
    fecs,           ///< the stack of FECs
    subTlvs,        ///< of a detailed mapping: as many bytes as the word before them says
@@ -54,10 +71,20 @@ struct LspPingElement {
    static constexpr std::size_t maxCodes = 2;
    static constexpr std::size_t maxSelectors = 4;
 
-   /// A byte that has to have a value, where several views share a code.
+   /// A byte that has to have one of the values, where several views share a code.
    struct Selector {
+      static constexpr std::size_t maxValues = 4;
+
       U8 offset = 0;
-      U8 value = 0;
+      U8 valueCount = 0;
+      std::array< U8, maxValues > values{};
+
+      constexpr bool has( U8 value ) const noexcept {
+         for( std::size_t i = 0; i < valueCount; ++i )
+            if( values[i] == value )
+               return true;
+         return false;
+      }
    };
 
    LspPingContext context = LspPingContext::message;
@@ -68,6 +95,8 @@ struct LspPingElement {
    /// Where not 0, the element is the header that several views share, and the byte at this offset
    /// chooses between them. Its own view is laid where that byte has none of their values.
    U8 chooser = 0;
+   /// Where not 0, this byte chooses as well, and neither of them is an address type.
+   U8 otherChooser = 0;
    /// Without so many bytes the element says nothing. A view may cover padding behind them.
    U16 leastLength = 0;
    /// The value has just that length, or the other one where there are two.
@@ -76,30 +105,33 @@ struct LspPingElement {
    /// The view is laid over the value, not over the header.
    bool isOverValue = false;
    LspPingBehind behind = LspPingBehind::nothing;
+   /// Of `LspPingBehind::elements`.
+   LspPingContext inside = LspPingContext::message;
+   /// The code as people say it, where `message/LspPingWords.cpp` does not.
+   std::string_view words;
 
-   template < class Code >
-   static constexpr LspPingElement tlv( Code code ) {
-      return of( LspPingContext::message, code );
+   static constexpr LspPingElement tlv( LspPingTlvType code ) {
+      return of( LspPingContext::message, static_cast< U32 >( code ) );
    }
-   template < class Code >
-   static constexpr LspPingElement targetFec( Code code ) {
-      return of( LspPingContext::targetFec, code );
+   static constexpr LspPingElement targetFec( LspPingTargetFecSubTlvType code ) {
+      return of( LspPingContext::targetFec, static_cast< U32 >( code ) );
    }
-   template < class Code >
-   static constexpr LspPingElement ddmapSubTlv( Code code ) {
-      return of( LspPingContext::ddmap, code );
+   static constexpr LspPingElement ddmapSubTlv( LspPingDDMappingSubTlvType code ) {
+      return of( LspPingContext::ddmap, static_cast< U32 >( code ) );
    }
-   template < class Code >
-   static constexpr LspPingElement responderSubTlv( Code code ) {
-      return of( LspPingContext::p2mpResponder, code );
+   static constexpr LspPingElement responderSubTlv( LspPingP2mpRespTlvType code ) {
+      return of( LspPingContext::p2mpResponder, static_cast< U32 >( code ) );
    }
-   template < class Code >
-   static constexpr LspPingElement vendorSubTlv( Code code ) {
-      return of( LspPingContext::vendorPrivate, code );
+   static constexpr LspPingElement vendorSubTlv( LspPingVeloraVendorPrivateType code ) {
+      return of( LspPingContext::vendorPrivate, static_cast< U32 >( code ) );
    }
-   template < class Code >
-   static constexpr LspPingElement opaqueValue( Code code ) {
-      return of( LspPingContext::opaqueValue, code );
+   static constexpr LspPingElement opaqueValue( LspPingP2mpFecStackSubTlvType code ) {
+      return of( LspPingContext::opaqueValue, static_cast< U32 >( code ) );
+   }
+   /// Of what is followed by elements with such codes.
+   template < LspPingCodes Code >
+   static constexpr LspPingElement subTlv( Code code ) {
+      return of( lspPingContextOf< Code >, static_cast< U32 >( code ) );
    }
 
    /// A deprecated code that lives on beside the first one.
@@ -112,21 +144,28 @@ struct LspPingElement {
    /// Only where the byte at `offset` has the value, of several elements of one code.
    template < class Value >
    constexpr LspPingElement when( U8 offset, Value value ) const {
+      return whenOneOf( offset, { value } );
+   }
+   template < class Value >
+   constexpr LspPingElement whenOneOf( U8 offset, std::initializer_list< Value > values ) const {
       LspPingElement more = *this;
-      more.selectors[more.selectorCount++] = { offset, static_cast< U8 >( value ) };
+      more.chooser = more.otherChooser = 0;
+      Selector & selector = more.selectors[more.selectorCount++];
+      selector.offset = offset;
+      for( Value const value : values )
+         selector.values[selector.valueCount++] = static_cast< U8 >( value );
       return more;
    }
-   constexpr LspPingElement chosenBy( U8 offset ) const {
+   constexpr LspPingElement chosenBy( U8 offset, U8 otherOffset = 0 ) const {
       LspPingElement more = *this;
       more.chooser = offset;
+      more.otherChooser = otherOffset;
       return more;
    }
    /// The element of a chooser's value.
    template < class Value >
    constexpr LspPingElement when( Value value ) const {
-      LspPingElement more = when( chooser, value );
-      more.chooser = 0;
-      return more;
+      return when( chooser, value );
    }
    constexpr LspPingElement length( std::size_t bytes ) const {
       LspPingElement more = atLeast( bytes );
@@ -153,34 +192,47 @@ struct LspPingElement {
       more.behind = what;
       return more;
    }
+   /// Elements with these codes, to the end of the value.
+   template < LspPingCodes Codes >
+   constexpr LspPingElement followedBy() const {
+      LspPingElement more = followedBy( LspPingBehind::elements );
+      more.inside = lspPingContextOf< Codes >;
+      return more;
+   }
+   constexpr LspPingElement inWords( std::string_view text ) const {
+      LspPingElement more = *this;
+      more.words = text;
+      return more;
+   }
 
    constexpr U16 code() const noexcept { return codes[0]; }
    constexpr bool hasCode( U32 code ) const noexcept {
       return code == codes[0] || ( codeCount > 1 && code == codes[1] );
    }
-   /// Whether other elements stand in it, be there any or none.
-   constexpr bool isContainer() const noexcept {
-      return behind >= LspPingBehind::tlvs && behind <= LspPingBehind::opaqueValues;
-   }
-   /// Of elements of fixed length.
    constexpr bool hasLength( U32 length ) const noexcept {
+      if( !hasFixedLength )
+         return length >= leastLength;
       return length == leastLength || ( otherLength != 0 && length == otherLength );
+   }
+   /// Whether other elements stand in it.
+   constexpr bool isContainer() const noexcept {
+      return behind >= LspPingBehind::elements && behind <= LspPingBehind::opaqueValues;
    }
    /// Whether the selecting bytes are there and have their values. `bytes` are the element's.
    constexpr bool isSelectedBy( std::span< U8 const > bytes ) const noexcept {
       for( std::size_t i = 0; i < selectorCount; ++i )
          if( selectors[i].offset >= bytes.size() ||
-             bytes[selectors[i].offset] != selectors[i].value )
+             !selectors[i].has( bytes[selectors[i].offset] ) )
             return false;
       return true;
    }
 
  private:
-   template < class Code >
-   static constexpr LspPingElement of( LspPingContext context, Code code ) {
+   static constexpr LspPingElement of( LspPingContext context, U32 code ) {
       LspPingElement element;
       element.context = context;
-      return element.also( code );
+      element.codes[element.codeCount++] = static_cast< U16 >( code );
+      return element;
    }
 };
 

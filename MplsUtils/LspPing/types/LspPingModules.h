@@ -3,6 +3,7 @@
 #include "MplsUtils/LspPing/platform/Velnet/ModuleTypes.h"
 #include "MplsUtils/LspPing/platform/base/TypeId.h"
 #include "MplsUtils/LspPing/types/Export.h"
+#include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 namespace LspPing {
 
@@ -15,11 +16,6 @@ enum class LspPingMode : U32;
 enum class LspPingMsgType : U32;
 enum class LspPingHeaderFlags : U32;
 enum class LspPingReplyMode : U32;
-enum class LspPingTlvType : U32;
-enum class LspPingP2mpRespTlvType : U32;
-enum class LspPingDDMappingSubTlvType : U32;
-enum class LspPingTargetFecSubTlvType : U32;
-enum class LspPingP2mpFecStackSubTlvType : U32;
 enum class LspPingReturnCode : U32;
 enum class LspPingAddrType : U32;
 enum class LspPingMultipathType : U32;
@@ -27,9 +23,7 @@ enum class LspPingDownstreamMappingType : U8;
 enum class LspPingDownstreamMappingTlvIpAndIntfLen : U32;
 enum class LspPingDownstreamSignalingProtocol : U32;
 enum class LspPingIntfAndLabelStackTlvIpAndIntfLen : U32;
-enum class LspPingVeloraVendorPrivateType : U32;
 enum class LspPingSrIgpProtocol : U32;
-enum class LspPingPadType : U32;
 
 /// The types of module LspPingHdr in their registered order, which other programs rely on: a type
 /// never moves. The two containers, the two enumerations and the parsers have places of old; the
@@ -85,12 +79,13 @@ using LspPingHdrTypes = Kiv::TypeList<
    class LspPingGenericIpv4SubTlvParser, class LspPingGenericIpv6SubTlvParser,
    class LspPingEntropyLabelFecSubTlvParser, class LspPingReplyTosTlvParser,
    class LspPingPadTlvParser, class LspPingVeloraVendorPrivateTlvParser,
-   class LspPingMultiLabelSubTlvParser >;
-static_assert( LspPingHdrTypes::size == 95 );
+   class LspPingMultiLabelSubTlvParser // 94: what is new comes behind it
+   >;
 static_assert( LspPingHdrTypes::indexOf< LspPingIntfAndLabelStackTlvContainer >() == 32 );
 static_assert( LspPingHdrTypes::indexOf< LspPingDownstreamMappingTlvContainer >() == 39 );
 static_assert( LspPingHdrTypes::indexOf< LspPingFecStackChangeSubTlvOperType >() == 58 );
 static_assert( LspPingHdrTypes::indexOf< LspPingHdrParser >() == 65 );
+static_assert( LspPingHdrTypes::indexOf< LspPingMultiLabelSubTlvParser >() == 94 );
 
 /// The types of module LspPingTypes in their registered order.
 using LspPingTypesTypes =
@@ -101,8 +96,10 @@ using LspPingTypesTypes =
                   LspPingMultipathType, LspPingDownstreamMappingType,
                   LspPingDownstreamMappingTlvIpAndIntfLen, LspPingDownstreamSignalingProtocol,
                   LspPingIntfAndLabelStackTlvIpAndIntfLen, LspPingVeloraVendorPrivateType,
-                  LspPingSrIgpProtocol, class LspPingPwInfo, LspPingPadType >;
-static_assert( LspPingTypesTypes::size == 23 );
+                  LspPingSrIgpProtocol, class LspPingPwInfo,
+                  LspPingPadType // 22: what is new comes behind it
+                  >;
+static_assert( LspPingTypesTypes::indexOf< LspPingPadType >() == 22 );
 
 // Numbers 0 to 15 are the platform's.
 inline constexpr U16 lspPingHdrModule = 16;

@@ -71,12 +71,23 @@ void writeElement( JsonWriter & json, Kiv::TypeId type ) {
    json.StartArray();
    for( std::size_t i = 0; i < element->selectorCount; ++i ) {
       json.StartObject();
-      writeNumber( "offset", element->selectors[i].offset );
-      writeNumber( "value", element->selectors[i].value );
+      LspPing::LspPingElement::Selector const & selector = element->selectors[i];
+      writeNumber( "offset", selector.offset );
+      if( selector.valueCount == 1 ) {
+         writeNumber( "value", selector.values[0] );
+      } else {
+         writeKey( json, "values" );
+         json.StartArray();
+         for( std::size_t value = 0; value < selector.valueCount; ++value )
+            json.Uint( selector.values[value] );
+         json.EndArray();
+      }
       json.EndObject();
    }
    json.EndArray();
    writeNamed( json, "behind", LspPing::lspPingBehindName( element->behind ) );
+   if( element->behind == LspPing::LspPingBehind::elements )
+      writeNamed( json, "inside", LspPing::lspPingContextName( element->inside ) );
    json.EndObject();
 }
 

@@ -3,6 +3,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/TypeName.h"
 #include "MplsUtils/LspPing/platform/base/Export.h"
 #include "MplsUtils/LspPing/platform/base/Integers.h"
+#include "MplsUtils/LspPing/platform/base/TypeId.h"
 
 #include <atomic>
 #include <string>
@@ -89,6 +90,9 @@ class LSPPING_PLATFORM_EXPORT AllocationTracker {
 /// `constinit Kiv::AllocationTracker X::memAllocationTracker_ = Kiv::trackerOf< X >();`
 template < class T >
 consteval AllocationTracker trackerOf() noexcept {
+   static_assert(
+      Registered< T > || !requires { T::kivAttributes(); },
+      "a class with attributes has no place in its module's list" );
    return AllocationTracker( typeName< T > );
 }
 
