@@ -7,10 +7,7 @@ include( CMakePackageConfigHelpers )
 set( packageFolder ${CMAKE_INSTALL_LIBDIR}/cmake/LspPing )
 
 install( TARGETS LspPingMessage LspPing LspPingPlatform EXPORT LspPingTargets
-         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} )
-install( DIRECTORY ${PROJECT_SOURCE_DIR}/MplsUtils DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-         FILES_MATCHING PATTERN "*.h" )
-install( DIRECTORY ${PROJECT_BINARY_DIR}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} )
+         LIBRARY FILE_SET HEADERS FILE_SET generated )
 install( EXPORT LspPingTargets NAMESPACE LspPing:: DESTINATION ${packageFolder} )
 
 configure_package_config_file( ${CMAKE_CURRENT_LIST_DIR}/LspPingConfig.cmake.in

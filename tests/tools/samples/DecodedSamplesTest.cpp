@@ -46,9 +46,10 @@ class DecodedSamples : public testing::Test {
          return;
       fs::path const difference = folder_.path() / "difference";
       run( "diff -u " + quoted( stored ) + " " + quoted( said ) + " > " + quoted( difference ) );
-      ADD_FAILURE() << name << " is not what the tool says now:\n"
-                    << contents( difference )
-                    << "Where that is right, run scripts/renew-samples and review what changed.";
+      ADD_FAILURE()
+         << name << " is not what the tool says now:\n"
+         << contents( difference )
+         << "Where that is right, build the target renewSamples and review what changed.";
    }
 
    fs::path out() const { return folder_.path() / "out"; }

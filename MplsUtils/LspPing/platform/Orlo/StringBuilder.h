@@ -84,8 +84,7 @@ class StringBuilder {
          // The low half keeps its leading zeros.
          std::memset( at, '0', 8 );
          char digits[8];
-         std::size_t const count =
-            static_cast< std::size_t >( putHex( digits, low, upperCase ) - digits );
+         auto const count = static_cast< std::size_t >( putHex( digits, low, upperCase ) - digits );
          std::memcpy( at + 8 - count, digits, count );
          advanceTo( at + 8 );
       } else {
