@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/LspPingHdr.h"
 #include "MplsUtils/LspPing/LspPingTypes.h"
+#include "MplsUtils/LspPing/message/LspPingElementTable.h"
 #include "MplsUtils/LspPing/platform/Kiv/EnumType.h"
 
 #include <algorithm>
@@ -89,6 +90,12 @@ Flaw flawOf( U8 const * element, U32 length ) noexcept {
    return flawIn( laid< View >( element ), validOf< View >( element, length ) );
 }
 
+template < class View >
+LspPingVerdict verdictOf( U8 const * element, U32 length ) noexcept {
+   bool const isValid = validOf< View >( element, length );
+   return { isValid, static_cast< bool >( flawIn( laid< View >( element ), isValid ) ) };
+}
+
 constexpr LspPingElement withCode( LspPingElement facts, std::size_t i ) noexcept {
    facts.codes = { facts.codes[i] };
    facts.codeCount = 1;
@@ -104,14 +111,17 @@ template < class View >
 constexpr LspPingElementRow rowOf( LspPingElement facts ) noexcept {
    LspPingElementRow row{ facts, Kiv::typeIdOf< View > };
    if constexpr( requires { View::kivCopyOf; } ) {
-      row.valid = &padValid;
+      row.verdict = []( U8 const * element, U32 length ) noexcept -> LspPingVerdict {
+         bool const isValid = padValid( element, length );
+         return { isValid, !isValid };
+      };
       row.flaw = []( U8 const * element, U32 length ) noexcept {
          return padValid( element, length ) ? Flaw{} : Flaw{ { Code::notValid } };
       };
    } else {
       row.viewSize = sizeof( View );
       row.readsValue = facts.behind == LspPingBehind::identifiers;
-      row.valid = &validOf< View >;
+      row.verdict = &verdictOf< View >;
       row.flaw = &flawOf< View >;
       if constexpr( requires( View const & view ) { view.stringValue(); } )
          row.appendText = &appendTextOf< View >;
@@ -146,6 +156,9 @@ constexpr auto unviewedRows = [] {
    using Responder = LspPingP2mpRespTlvType;
    LspPingElementRow ldpIpv6 = unviewed( Element::targetFec( Fec::LDPIpv6 ).length( 17 ) );
    ldpIpv6.flaw = &ldpIpv6Flaw;
+   ldpIpv6.verdict = []( U8 const * element, U32 length ) noexcept -> LspPingVerdict {
+      return { false, static_cast< bool >( ldpIpv6Flaw( element, length ) ) };
+   };
    return std::to_array< LspPingElementRow >( {
       unviewed( Element::tlv( Tlv::TargetFecStack ).followedBy( LspPingBehind::fecs ) ),
       unviewed( Element::tlv( Tlv::VendorEnterpriseNum ).atLeast( 4 ) ),
@@ -269,25 +282,13 @@ constexpr auto behindNames = std::to_array< std::string_view >( {
 } );
 static_assert( behindNames.size() == static_cast< std::size_t >( LspPingBehind::padding ) + 1 );
 
-// Where the rows of a code begin: nearly all codes are small, and those of a context lie together.
-constexpr std::size_t smallCodes = 64;
-constexpr std::size_t noRow = rows.size();
-static_assert( noRow <= 0xff );
-constexpr auto smallCodeRows = [] {
-   std::array< std::array< U8, smallCodes >, lspPingContextCount > first{};
-   for( auto & codes : first )
-      codes.fill( noRow );
-   for( std::size_t i = rows.size(); i-- > 0; )
-      if( rows[i].code() < smallCodes )
-         first[static_cast< std::size_t >( rows[i].facts.context )][rows[i].code()] =
-            static_cast< U8 >( i );
-   return first;
-}();
-
 LspPingElementRow const * firstRow( LspPingContext context, U32 code ) noexcept {
-   if( code < smallCodes )
-      return rows.data() + smallCodeRows[static_cast< std::size_t >( context )][code];
-   return std::find_if( rows.begin(), rows.end(), [&]( LspPingElementRow const & row ) {
+   LspPingElementRow const * const end = rows.data() + rows.size();
+   if( code < lspPingSmallCodes ) {
+      U8 const first = lspPingSmallCodeRows[static_cast< std::size_t >( context )][code];
+      return first != lspPingNoRow ? rows.data() + first : end;
+   }
+   return std::find_if( rows.data(), end, [&]( LspPingElementRow const & row ) {
       return row.code() == code && row.facts.context == context;
    } );
 }
@@ -299,6 +300,20 @@ bool isFallback( LspPingElementRow const & row ) noexcept {
 }
 
 } // namespace
+
+static_assert( rows.size() < lspPingNoRow );
+constexpr std::array< std::array< U8, lspPingSmallCodes >, lspPingContextCount >
+   lspPingSmallCodeRows = [] {
+      std::array< std::array< U8, lspPingSmallCodes >, lspPingContextCount > first{};
+      for( auto & codes : first )
+         codes.fill( lspPingNoRow );
+      for( std::size_t i = rows.size(); i-- > 0; )
+         if( rows[i].code() < lspPingSmallCodes )
+            first[static_cast< std::size_t >( rows[i].facts.context )][rows[i].code()] =
+               static_cast< U8 >( i );
+      return first;
+   }();
+constinit LspPingElementRow const * const lspPingRows = rows.data();
 
 LspPingElementRow const * elementOf( LspPingContext context, U32 code,
                                      std::span< U8 const > bytes ) noexcept {

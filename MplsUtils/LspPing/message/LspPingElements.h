@@ -11,6 +11,11 @@
 
 namespace LspPing {
 
+struct LspPingVerdict {
+   bool isValid = false;
+   bool isFlawed = false;
+};
+
 /// An element that can stand in a message, as the table has it: its facts, which stand beside its
 /// class, and the view. Elements with several codes have a row for each.
 struct LspPingElementRow {
@@ -28,7 +33,8 @@ struct LspPingElementRow {
 
    // Both take the element's first byte and its length; as many bytes are there as `viewSize` and
    // `facts.leastLength` ask for.
-   bool ( *valid )( U8 const * element, U32 length ) = nullptr;
+   /// Whether the view is valid, and whether there is a flaw.
+   LspPingVerdict ( *verdict )( U8 const * element, U32 length ) = nullptr;
    /// What contradicts an RFC although the length is right. The view's `valid` is not asked where
    /// it looks at less than the RFC does, or at more.
    LspPingFlaw ( *flaw )( U8 const * element, U32 length ) = nullptr;
@@ -37,7 +43,7 @@ struct LspPingElementRow {
 
    constexpr U16 code() const noexcept { return facts.code(); }
    constexpr U32 headerSize() const noexcept { return lspPingHeaderSize( facts.context ); }
-   constexpr bool isDescribed() const noexcept { return valid != nullptr; }
+   constexpr bool isDescribed() const noexcept { return static_cast< bool >( type ); }
    constexpr U32 viewOffset() const noexcept { return facts.isOverValue ? headerSize() : 0; }
    /// Up to what stands behind the fixed part, counted from the element's first byte.
    constexpr U32 fixedSize() const noexcept { return headerSize() + facts.leastLength; }

@@ -58,7 +58,9 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
    /// Of the value, as the element says.
    U32 length() const noexcept { return data().length; }
    /// With header and padding, not cut to 16 bits.
-   U32 totalLength() const noexcept { return data().totalLength; }
+   U32 totalLength() const noexcept {
+      return lspPingPadded( lspPingHeaderSize( context() ) + length() );
+   }
    /// How deep it stands: 0 in the message itself.
    U32 depth() const noexcept { return data().depth; }
    /// Which of the message's elements it is.
@@ -140,7 +142,6 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
       LspPingElementRow const * row = nullptr;
       U32 offset = 0;
       U32 length = 0;
-      U32 totalLength = 0;
       U32 code = 0;
       // Of header and value; with the padding that is there.
       U32 present = 0;
@@ -165,6 +166,7 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
       bool hasMultipath = false;
       bool hasLabels = false;
    };
+   static_assert( sizeof( Data ) == 64 );
 
    LspPingElementRef( LspPingMessage const & message, Data const * data ) noexcept
       : message_( &message ),

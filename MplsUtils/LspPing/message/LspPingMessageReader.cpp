@@ -1,5 +1,7 @@
 #include "MplsUtils/LspPing/message/LspPingMessageReader.h"
 
+#include "MplsUtils/LspPing/message/LspPingElementTable.h"
+#include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
 #include "MplsUtils/LspPing/platform/base/OutOfMemory.h"
 
 #include <algorithm>
@@ -52,10 +54,12 @@ class LspPingWalk {
    void elements( LspPingContext context, Region region, U32 depth );
    U32 element( LspPingContext context, Region region, U32 depth, Alignment alignment );
    // These two are asked for each element, and nowhere else.
-   [[gnu::always_inline]] inline void view( Data & element );
-   [[gnu::always_inline]] inline void judge( Data & element );
+   [[gnu::always_inline]] inline void view( Data & element, LspPingElementRow const & row );
+   [[gnu::always_inline]] inline void judge( Data & element, LspPingElementRow const & row,
+                                             LspPingVerdict verdict );
+   [[gnu::cold, gnu::noinline]] void copy( Data & element, U32 size );
    bool lengthFits( Data const & element );
-   void body( U32 index );
+   void body( U32 index, LspPingElementRow const & row );
    void contents( U32 index, LspPingContext context, Region region );
    void subTlvs( U32 index, Region region );
    void stackChangeFec( U32 index, Region region );
@@ -68,7 +72,8 @@ class LspPingWalk {
 
    U8 byte( U32 offset ) const noexcept { return bytes_[offset]; }
    U32 word( U32 offset ) const noexcept {
-      return U32{ bytes_[offset] } << 8 | U32{ bytes_[offset + 1] };
+      // The two bytes are there, and a NetU16 has no alignment.
+      return reinterpret_cast< Velnet::NetU16 const * >( bytes_.data() + offset )->value();
    }
    // Where its view lies.
    U8 const * begin( Data const & element ) const noexcept {
@@ -203,42 +208,48 @@ void LspPingWalk::elements( LspPingContext context, Region region, U32 depth ) {
 U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alignment alignment ) {
    U32 const header = lspPingHeaderSize( context );
    U32 const left = region.size();
+   U32 const code = header == 3 ? U32{ byte( region.begin ) } : word( region.begin );
+   U32 const length = word( region.begin + header - 2 );
+   U32 const whole = header + length;
+   // The header of three bytes is counted before the rounding.
+   U32 const total = lspPingPadded( whole );
+   U32 const present = std::min( whole, left );
+   LspPingElementRow const * const row =
+      quickElementOf( context, code, bytes_.subspan( region.begin, present ) );
+
    U32 const index = message_.elementCount();
    Data & element = message_.elements_.emplace_back();
+   element.row = row;
+   element.offset = region.begin;
+   element.length = length;
+   element.code = code;
+   element.present = present;
+   element.occupied = alignment == Alignment::none ? present : std::min( left, total );
+   element.after = index + 1;
    element.context = context;
    element.depth = static_cast< U8 >( depth );
-   element.offset = region.begin;
-   element.code = header == 3 ? U32{ byte( region.begin ) } : word( region.begin );
-   element.length = word( region.begin + header - 2 );
-   // The header of three bytes is counted before the rounding.
-   element.totalLength = lspPingPadded( header + element.length );
-   element.present = std::min( header + element.length, left );
-   element.occupied =
-      alignment == Alignment::none ? element.present : std::min( left, element.totalLength );
-   element.row =
-      elementOf( context, element.code, bytes_.subspan( element.offset, element.present ) );
 
-   bool const isCut = element.length > left - header;
+   bool const isCut = whole > left;
    if( isCut )
-      problemOf( index, Code::lengthBeyond, { element.length, header + element.length, left } );
-   view( element );
-   body( index );
-   Data & done = at( index );
-   done.after = message_.elementCount();
+      problemOf( index, Code::lengthBeyond, { length, whole, left } );
+   if( row != nullptr ) {
+      view( element, *row );
+      if( row->facts.behind != LspPingBehind::nothing ) {
+         body( index, *row );
+         at( index ).after = message_.elementCount();
+      }
+   }
    if( isCut )
       return beyondAll;
    if( alignment == Alignment::none )
-      return header + done.length;
-   if( done.totalLength > left )
-      problemOf( index, Code::paddingMissing, { done.totalLength - left } );
-   return done.totalLength;
+      return whole;
+   if( total > left )
+      problemOf( index, Code::paddingMissing, { total - left } );
+   return total;
 }
 
 // Lays the row's view over the element if its bytes are there, in place or as a copy with padding.
-void LspPingWalk::view( Data & element ) {
-   if( element.row == nullptr )
-      return;
-   LspPingElementRow const & row = *element.row;
+void LspPingWalk::view( Data & element, LspPingElementRow const & row ) {
    if( element.length < row.facts.leastLength ) {
       problemOf( element, Code::tooShort, { element.length, row.facts.leastLength } );
       return;
@@ -246,24 +257,31 @@ void LspPingWalk::view( Data & element ) {
    if( element.present < ( row.readsValue ? row.headerSize() + element.length : row.fixedSize() ) )
       return;
    if( row.isDescribed() ) {
-      if( U32 const size = row.viewOffset() + row.viewSize; size > element.occupied ) {
-         element.isCopied = true;
-         element.copy = static_cast< U32 >( message_.copies_.size() );
-         message_.copies_.resize( message_.copies_.size() + size );
-         std::memcpy( message_.copies_.data() + element.copy, bytes_.data() + element.offset,
-                      element.occupied );
-      }
+      if( U32 const size = row.viewOffset() + row.viewSize; size > element.occupied )
+         copy( element, size );
       // The Pad TLV's object is a copy of all the value.
       element.isViewed = row.viewSize != 0 || element.present == row.headerSize() + element.length;
-      if( element.isViewed )
-         element.isValid = row.valid( begin( element ), element.length );
+      if( !element.isViewed )
+         return;
    }
-   if( element.isViewed || !row.isDescribed() )
-      judge( element );
+   LspPingVerdict verdict;
+   if( row.verdict != nullptr ) {
+      verdict = row.verdict( begin( element ), element.length );
+      element.isValid = verdict.isValid;
+   }
+   if( verdict.isFlawed || row.facts.chooser != 0 || row.facts.hasFixedLength )
+      judge( element, row, verdict );
 }
 
-void LspPingWalk::judge( Data & element ) {
-   LspPingElementRow const & row = *element.row;
+void LspPingWalk::copy( Data & element, U32 size ) {
+   element.isCopied = true;
+   element.copy = static_cast< U32 >( message_.copies_.size() );
+   message_.copies_.resize( message_.copies_.size() + size );
+   std::memcpy( message_.copies_.data() + element.copy, bytes_.data() + element.offset,
+                element.occupied );
+}
+
+void LspPingWalk::judge( Data & element, LspPingElementRow const & row, LspPingVerdict verdict ) {
    if( row.facts.chooser != 0 ) {
       if( row.facts.otherChooser == 0 )
          problemOf( element, Code::addressTypeUnknown,
@@ -273,13 +291,12 @@ void LspPingWalk::judge( Data & element ) {
       element.hidesBytes = true;
       return;
    }
-   if( !lengthFits( element ) || row.flaw == nullptr )
+   if( !lengthFits( element ) || !verdict.isFlawed )
       return;
-   if( LspPingFlaw const flaw = row.flaw( begin( element ), element.length ) ) {
-      problem( flaw.code, element.offset + flaw.place, flaw.numbers, indexOf( element ),
-               std::min( flaw.placeBytes, element.occupied - flaw.place ) );
-      element.hidesBytes = true;
-   }
+   LspPingFlaw const flaw = row.flaw( begin( element ), element.length );
+   problem( flaw.code, element.offset + flaw.place, flaw.numbers, indexOf( element ),
+            std::min( flaw.placeBytes, element.occupied - flaw.place ) );
+   element.hidesBytes = true;
 }
 
 bool LspPingWalk::lengthFits( Data const & element ) {
@@ -294,13 +311,9 @@ bool LspPingWalk::lengthFits( Data const & element ) {
    return false;
 }
 
-void LspPingWalk::body( U32 index ) {
+// What stands behind the fixed part.
+void LspPingWalk::body( U32 index, LspPingElementRow const & row ) {
    Data & element = at( index );
-   if( element.row == nullptr )
-      return;
-   LspPingElementRow const & row = *element.row;
-   if( row.facts.behind == LspPingBehind::nothing )
-      return;
    // Of a FEC 129 the identifiers are part of what has to be there.
    U32 const fixed =
       row.facts.behind == LspPingBehind::identifiers ? row.viewSize : row.fixedSize();

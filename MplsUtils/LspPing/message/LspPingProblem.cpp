@@ -97,7 +97,7 @@ void appendWithoutPadding( Orlo::StringBuilder & out, LspPingElementRef element 
    std::memcpy( corrected.data(), bytes.data(), bytes.size() );
    corrected[2] = static_cast< U8 >( length >> 8 );
    corrected[3] = static_cast< U8 >( length );
-   if( !row.valid( corrected.data(), length ) )
+   if( !row.verdict( corrected.data(), length ).isValid )
       return;
    out.append( "; without it: " );
    row.appendText( out, corrected.data() );

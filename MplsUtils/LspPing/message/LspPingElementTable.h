@@ -1,0 +1,33 @@
+#pragma once
+
+#include "MplsUtils/LspPing/message/LspPingElements.h"
+
+#include <array>
+
+// The table of elements as the reader looks into it. Programs ask `elementOf`.
+namespace LspPing {
+
+/// Nearly all codes are small, and are looked up by number.
+inline constexpr std::size_t lspPingSmallCodes = 64;
+inline constexpr U8 lspPingNoRow = 0xff;
+
+/// By context and code: which row is the first, or `lspPingNoRow`.
+extern std::array< std::array< U8, lspPingSmallCodes >, lspPingContextCount > const
+   lspPingSmallCodeRows;
+/// `lspPingElements().data()`
+extern LspPingElementRow const * const lspPingRows;
+
+/// As `elementOf`, quick for an element whose code has one row.
+inline LspPingElementRow const * quickElementOf( LspPingContext context, U32 code,
+                                                 std::span< U8 const > bytes ) noexcept {
+   if( code < lspPingSmallCodes ) {
+      U8 const first = lspPingSmallCodeRows[static_cast< std::size_t >( context )][code];
+      if( first == lspPingNoRow )
+         return nullptr;
+      if( LspPingElementRow const & row = lspPingRows[first]; row.facts.selectorCount == 0 )
+         return &row;
+   }
+   return elementOf( context, code, bytes );
+}
+
+} // namespace LspPing
