@@ -175,8 +175,15 @@ U32 LspPingMessageWriter::begin( LspPingContext context, LspPingElement const * 
    bool const isPlace = mayStand( context, code );
    Level & level = *++top_;
    U32 const id = nextId();
-   level = { facts, size_, size_ + content, id | slowly, context, LspPingBehind::nothing, false,
-             false, false };
+   level = { .facts = facts,
+             .begin = size_,
+             .context = context,
+             .takes = LspPingBehind::nothing,
+             .isView = false,
+             .hasMultipath = false,
+             .content = size_ + content,
+             .isTakenBack = false,
+             .id = id | slowly };
    U32 const header = lspPingHeaderSize( context );
    if( !isPlace )
       takeBack( Error::misplaced );
@@ -319,8 +326,15 @@ bool LspPingMessageWriter::close( U32 id ) noexcept {
 // Continues with an element without a level as with others, when it has been filled.
 bool LspPingMessageWriter::addFilled( LspPingElement const & facts, U32 begin,
                                       U32 content ) noexcept {
-   *++top_ = { &facts, begin, content, nextId() | slowly, facts.context, LspPingBehind::nothing,
-               true,   false, false };
+   *++top_ = { .facts = &facts,
+               .begin = begin,
+               .context = facts.context,
+               .takes = LspPingBehind::nothing,
+               .isView = true,
+               .hasMultipath = false,
+               .content = content,
+               .isTakenBack = false,
+               .id = nextId() | slowly };
    filled();
    return closeTop();
 }

@@ -137,14 +137,11 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    friend struct LspPingViewShape;
 
    // An element that is open, or the message itself. Offsets count from the message's first byte.
+   // Members that are stored one by one do not stand side by side: g++ would collect them first.
    struct Level {
       // Null for a code that nobody knows.
       LspPingElement const * facts;
       U32 begin;
-      // What stands behind the fixed part.
-      U32 content;
-      // With `slowly`, only the general functions write to it and close it.
-      U32 id;
       LspPingContext context;
       // What may be written next without being asked further; `nothing` with `slowly`, and before
       // the header.
@@ -152,8 +149,12 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
       // The fixed part is a view's.
       bool isView;
       bool hasMultipath;
+      // What stands behind the fixed part.
+      U32 content;
       // It was taken back, and nothing is written until it is closed.
       bool isTakenBack;
+      // With `slowly`, only the general functions write to it and close it.
+      U32 id;
 
       LspPingBehind behind() const noexcept {
          return facts != nullptr ? facts->behind : LspPingBehind::nothing;
@@ -161,15 +162,15 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    };
    static constexpr U32 noId = 0;
    static constexpr U32 slowly = 0x80000000;
-   static constexpr Level messageLevel{ nullptr,
-                                        0,
-                                        sizeof( LspPingHdr ),
-                                        slowly,
-                                        LspPingContext::message,
-                                        LspPingBehind::nothing,
-                                        false,
-                                        false,
-                                        false };
+   static constexpr Level messageLevel{ .facts = nullptr,
+                                        .begin = 0,
+                                        .context = LspPingContext::message,
+                                        .takes = LspPingBehind::nothing,
+                                        .isView = false,
+                                        .hasMultipath = false,
+                                        .content = sizeof( LspPingHdr ),
+                                        .isTakenBack = false,
+                                        .id = slowly };
    // Fewer bytes than anything takes.
    static constexpr std::size_t noQuickRoom = 1;
    // The innermost level in which one more may be opened and have something in it.
@@ -189,6 +190,10 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    static void wordIs( U8 * at, U32 value ) noexcept {
       Velnet::NetU16 const word( static_cast< U16 >( value ) );
       std::memcpy( at, &word, sizeof word );
+   }
+   static void headerIs( U8 * at, U32 code, U32 length ) noexcept {
+      Velnet::NetU32 const header( code << 16 | length );
+      std::memcpy( at, &header, sizeof header );
    }
    U32 word( U32 offset ) const noexcept { return word( at( offset ) ); }
    void wordIs( U32 offset, U32 value ) noexcept { wordIs( at( offset ), value ); }
@@ -291,10 +296,10 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    U32 size_ = 0;
    U32 lastId_ = noId;
    LspPingWriteError error_;
-   Level * top_ = levels_.data();
    // The message, those that may stand, and one more: it is taken back. What lies behind `top_` is
    // nothing.
    std::array< Level, LspPingMessageReader::deepest + 3 > levels_;
+   Level * top_ = levels_.data();
 };
 
 } // namespace LspPing

@@ -38,10 +38,9 @@ struct LspPingViewShape {
 
    // What stands in a new element before it is filled in.
    static void begin( U8 * element, U32 code ) noexcept {
-      std::memset( element, 0, isQuickLeaf ? padded : size );
-      LspPingMessageWriter::wordIs( element, code );
-      if( facts.hasFixedLength )
-         LspPingMessageWriter::wordIs( element + 2, facts.leastLength );
+      LspPingMessageWriter::headerIs( element, code,
+                                      facts.hasFixedLength ? U32{ facts.leastLength } : 0 );
+      std::memset( element + header, 0, ( isQuickLeaf ? padded : size ) - header );
       for( std::size_t i = 0; i < facts.selectorCount; ++i )
          element[facts.selectors[i].offset] = facts.selectors[i].value;
    }
@@ -150,8 +149,15 @@ U32 LspPingMessageWriter::openQuickly( U32 code, Fill & fill ) noexcept {
 inline U32 LspPingMessageWriter::pushQuickly( LspPingElement const & facts, LspPingContext context,
                                               U32 fixed, bool isView ) noexcept {
    U32 const id = nextId();
-   Level & level = *++top_;
-   level = { &facts, size_, size_ + fixed, id, context, facts.behind, isView, false, false };
+   *++top_ = { .facts = &facts,
+               .begin = size_,
+               .context = context,
+               .takes = facts.behind,
+               .isView = isView,
+               .hasMultipath = false,
+               .content = size_ + fixed,
+               .isTakenBack = false,
+               .id = id };
    return id;
 }
 
@@ -174,8 +180,7 @@ inline LspPingOpenElement LspPingMessageWriter::open( LspPingContext context, U3
       U8 * const element = place_.data() + size_;
       id = pushQuickly( row->facts, context, header, false );
       size_ += header;
-      wordIs( element, code );
-      wordIs( element + 2, 0 );
+      headerIs( element, code, 0 );
    } else {
       id = openCode( context, code, row );
    }
