@@ -36,6 +36,18 @@ TEST( LspPingMessageWriter, writesNothingBeforeTheHeaderAndTheHeaderOnce ) {
    EXPECT_TRUE( writer.header( asRequest ) );
    EXPECT_FALSE( writer.header( asRequest ) );
    EXPECT_EQ( memory.size(), 32u );
+
+   Bytes place( 100 );
+   Writer placed{ std::span( place ) };
+   EXPECT_FALSE( placed.add< LspPingEchoJitterTlv >( asZeros ) );
+   EXPECT_FALSE( placed.open( LspPingTlvType::ErrorTlv ) );
+   EXPECT_FALSE( placed.open< LspPingDdmapTlv >() );
+   EXPECT_FALSE( placed.add< LspPingMultiLabelSubTlv >( asZeros ) );
+   EXPECT_EQ( placed.error(), ( LspPingWriteError{ Error::misplaced, 0 } ) );
+   EXPECT_TRUE( placed.bytes().empty() );
+   EXPECT_TRUE( placed.header( asRequest ) );
+   EXPECT_FALSE( placed.header( asRequest ) );
+   EXPECT_EQ( placed.bytes().size(), 32u );
 }
 
 TEST( LspPingMessageWriter, fillsInCodeLengthSelectorsAndPadding ) {

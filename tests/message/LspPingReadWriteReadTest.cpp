@@ -1,3 +1,4 @@
+#include "tests/WireBytes.h"
 #include "tests/message/MessageBytes.h"
 #include "tests/message/RandomMessage.h"
 #include "tests/message/Rewrite.h"
@@ -110,6 +111,28 @@ std::vector< Bytes > messagesOf( std::string const & path ) {
       at += 16 + size;
    }
    return messages;
+}
+
+// Into a place that is not zero and ends with the message, or in the midst of it.
+TEST( LspPingReadWriteRead, givesTheSameBytesInAPlaceAsInMemoryThatGrows ) {
+   Bytes message;
+   for( U64 seed = 0; seed < 20000; ++seed ) {
+      message.clear();
+      Writer grower( message );
+      RandomMessage( seed ).write( grower );
+      WireBytes const whole( message.size(), 0xa5 );
+      Writer writer( whole.bytes() );
+      RandomMessage( seed ).write( writer );
+      ASSERT_EQ( lspPingWriteErrorName( writer.error().code ), "none" ) << "seed " << seed;
+      ASSERT_EQ( hexOf( writer.bytes() ), hexOf( message ) ) << "seed " << seed;
+      if( message.size() == 32 )
+         continue;
+      WireBytes const part( 32 + seed % ( message.size() - 32 ), 0xa5 );
+      Writer cut( part.bytes() );
+      RandomMessage( seed ).write( cut );
+      ASSERT_EQ( cut.error().code, LspPingWriteErrorCode::noRoom ) << "seed " << seed;
+      ASSERT_EQ( problemOf( cut.bytes() ), "" ) << "seed " << seed;
+   }
 }
 
 TEST( LspPingReadWriteRead, givesTheSameBytesForTheSamples ) {

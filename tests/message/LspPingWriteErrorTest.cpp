@@ -124,9 +124,6 @@ TEST( LspPingMessageWriter, refusesWhatIsTooLongForItsLength ) {
 }
 
 TEST( LspPingMessageWriter, refusesWhatAReaderDoesNotReach ) {
-   Bytes memory;
-   Writer writer( memory );
-   writer.header( asRequest );
    struct Nest {
       static void in( Writer & writer, U32 depth ) {
          auto errored = writer.open( LspPingTlvType::ErrorTlv );
@@ -135,32 +132,52 @@ TEST( LspPingMessageWriter, refusesWhatAReaderDoesNotReach ) {
             in( writer, depth - 1 );
       }
    };
-   Nest::in( writer, 11 );
-   EXPECT_EQ( writer.error().code, Error::tooDeep );
-   EXPECT_EQ( problemOf( memory ), "" );
+   std::string problem = "unread";
+   std::string const text = written( [&]( Writer & writer ) {
+      Nest::in( writer, 11 );
+      problem = problemOf( writer.bytes() );
+   } );
+   // Each has 12 bytes in front of the next, and nothing may stand in the ninth.
+   EXPECT_EQ( text.substr( 0, 15 ), "tooDeep at 132:" ) << text;
+   EXPECT_EQ( problem, "" );
 }
 
 TEST( LspPingMessageWriter, knowsHandlesThatAreNotTheInnermostOnes ) {
-   Bytes memory;
-   Writer writer( memory );
-   writer.header( asRequest );
-   auto outer = writer.open( LspPingTlvType::ErrorTlv );
-   auto inner = writer.open( LspPingContext::message, 999 );
-   EXPECT_TRUE( outer );
-   EXPECT_FALSE( outer.bytes( Bytes{ 1 } ) );
-   EXPECT_EQ( writer.error().code, Error::notOpen );
-   EXPECT_TRUE( inner.bytes( Bytes{ 2 } ) );
-   EXPECT_TRUE( outer.close() );
-   EXPECT_FALSE( inner );
-   EXPECT_FALSE( inner.bytes( Bytes{ 3 } ) );
-   EXPECT_FALSE( inner.close() );
-   EXPECT_EQ( hexOf( std::span( memory ).subspan( 32 ) ), "00 09 00 08 03 e7 00 01 02 00 00 00" );
+   EXPECT_EQ( written( []( Writer & writer ) {
+                 auto outer = writer.open( LspPingTlvType::ErrorTlv );
+                 auto inner = writer.open( LspPingContext::message, 999 );
+                 EXPECT_TRUE( outer );
+                 EXPECT_FALSE( outer.bytes( Bytes{ 1 } ) );
+                 EXPECT_EQ( writer.error().code, Error::notOpen );
+                 EXPECT_TRUE( inner.bytes( Bytes{ 2 } ) );
+                 EXPECT_TRUE( outer.close() );
+                 EXPECT_FALSE( inner );
+                 EXPECT_FALSE( inner.bytes( Bytes{ 3 } ) );
+                 EXPECT_FALSE( inner.close() );
+              } ),
+              "notOpen at 40: 00 09 00 08 03 e7 00 01 02 00 00 00" );
+   // One that was closed with another is not mistaken for what stands there next.
+   EXPECT_EQ( written( []( Writer & writer ) {
+                 auto mapping = writer.open< LspPingDdmapTlv >();
+                 auto closed = writer.open( LspPingDDMappingSubTlvType::LabelStack );
+                 EXPECT_TRUE( mapping.close() );
+                 auto other = writer.open< LspPingDdmapTlv >();
+                 auto labels = writer.open( LspPingDDMappingSubTlvType::LabelStack );
+                 EXPECT_FALSE( closed.label( Velnet::MplsLabelEntry( 16, 0, true, 4 ) ) );
+                 EXPECT_FALSE( closed.close() );
+                 EXPECT_FALSE( mapping.close() );
+                 EXPECT_FALSE( other.label( Velnet::MplsLabelEntry( 16, 0, true, 4 ) ) );
+                 EXPECT_TRUE( labels.label( Velnet::MplsLabelEntry( 16, 0, true, 4 ) ) );
+              } ).substr( 0, 14 ),
+              "notOpen at 80:" );
 }
 
 TEST( LspPingMessageWriter, isNotWrittenToWhileItHasAViewFilled ) {
    EXPECT_EQ( written( []( Writer & writer ) {
                  writer.add< LspPingEchoJitterTlv >( [&]( auto & tlv ) {
                     EXPECT_FALSE( writer.add< LspPingReplyTosTlv >( asZeros ) );
+                    EXPECT_FALSE( writer.open( LspPingTlvType::ErrorTlv ) );
+                    EXPECT_FALSE( writer.open< LspPingDdmapTlv >() );
                     tlv.jitterIs( 1 );
                  } );
               } ),
@@ -168,12 +185,61 @@ TEST( LspPingMessageWriter, isNotWrittenToWhileItHasAViewFilled ) {
    EXPECT_EQ( written( []( Writer & writer ) {
                  auto errored = writer.open( LspPingTlvType::ErrorTlv );
                  writer.add< LspPingEchoJitterTlv >( [&]( auto & tlv ) {
+                    EXPECT_TRUE( errored );
                     EXPECT_FALSE( errored.close() );
                     EXPECT_FALSE( errored.takeBack( Error::noRoom ) );
                     tlv.jitterIs( 1 );
                  } );
               } ),
               "misplaced at 44: 00 09 00 08 00 0c 00 04 00 00 00 01" );
+   // Padding comes when it has been filled.
+   EXPECT_EQ( written( []( Writer & writer ) {
+                 auto stack = writer.open( LspPingTlvType::TargetFecStack );
+                 writer.add< LspPingLdpIpv4SubTlv >( [&]( auto & fec ) {
+                    EXPECT_EQ( writer.bytes().size(), 48u );
+                    EXPECT_FALSE( stack.bytes( Bytes{ 1 } ) );
+                    EXPECT_FALSE( stack.label( Velnet::MplsLabelEntry( 16, 0, true, 4 ) ) );
+                    fec.prefixLenIs( 24 );
+                 } );
+              } ),
+              "notOpen at 48: 00 01 00 0c 00 01 00 05 00 00 00 00 18 00 00 00" );
+   EXPECT_EQ( written( []( Writer & writer ) {
+                 auto mapping = writer.open< LspPingDdmapTlv >( [&]( auto & tlv ) {
+                    EXPECT_FALSE( writer.add< LspPingReplyTosTlv >( asZeros ) );
+                    tlv.mtuIs( 9 );
+                 } );
+              } ),
+              "misplaced at 52: 00 14 00 10 00 09 01 00 00 00 00 00 00 00 00 00 00 00 00 00" );
+}
+
+TEST( LspPingMessageWriter, holdsWhatWasFilledInAgainstTheFacts ) {
+   EXPECT_EQ( written( []( Writer & writer ) {
+                 auto stack = writer.open( LspPingTlvType::TargetFecStack );
+                 addLdp( writer );
+                 writer.add< LspPingNilFecSubTlv >( []( auto & fec ) { fec.lengthIs( 5 ); } );
+              } ),
+              "lengthWrong at 48: 00 01 00 0c " + std::string( ldp ) );
+   EXPECT_EQ( written( []( Writer & writer ) {
+                 auto mapping =
+                    writer.open< LspPingDdmapTlv >( []( auto & tlv ) { tlv.typeIs( 2 ); } );
+                 EXPECT_FALSE( mapping );
+                 EXPECT_FALSE( mapping.close() );
+              } ),
+              "codeWrong at 32: " );
+   // What is counted is not what the function says.
+   EXPECT_EQ(
+      written( []( Writer & writer ) {
+         auto mapping = writer.open< LspPingDdmapTlv >( []( auto & tlv ) {
+            tlv.lengthIs( 77 );
+            tlv.subTlvLenIs( 78 );
+         } );
+         auto const multipath = writer.open< LspPingMultipathSubTlv >( []( auto & tlv ) {
+            tlv.lengthIs( 79 );
+            tlv.multipathTypeIs( 8 );
+            tlv.multipathLengthIs( 80 );
+         } );
+      } ),
+      "00 14 00 18 00 00 01 00 00 00 00 00 00 00 00 00 00 00 00 08 00 01 00 04 08 00 00 00" );
 }
 
 // As an agent does that finds no answer to put into it.

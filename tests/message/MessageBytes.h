@@ -5,6 +5,8 @@
 #include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
 #include "tests/Bytes.h"
 
+#include <gtest/gtest.h>
+
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,18 +26,31 @@ inline void addLdp( LspPing::LspPingMessageWriter & writer ) {
 }
 inline constexpr std::string_view ldp = "00 01 00 05 0a 01 02 00 18 00 00 00";
 
-/// The bytes behind the header of what `write` makes of a message whose header is written.
+/// What was written behind the header, after the error if there is one.
+inline std::string textOf( LspPing::LspPingMessageWriter const & writer ) {
+   std::string const bytes = hexOf( writer.bytes().subspan( 32 ) );
+   if( !writer.error() )
+      return bytes;
+   return std::string( lspPingWriteErrorName( writer.error().code ) ) + " at " +
+          std::to_string( writer.error().offset ) + ": " + bytes;
+}
+
+/// What `write` makes of a message whose header is written: the same in memory that grows, and in
+/// a place that has room for it and is not zero.
 template < class Write >
 std::string written( Write write ) {
    Bytes memory;
-   LspPing::LspPingMessageWriter writer( memory );
+   LspPing::LspPingMessageWriter grower( memory );
+   grower.header( asRequest );
+   write( grower );
+
+   Bytes place( 200'000, 0xa5 );
+   LspPing::LspPingMessageWriter writer{ std::span( place ) };
    writer.header( asRequest );
    write( writer );
-   if( writer.error() )
-      return std::string( lspPingWriteErrorName( writer.error().code ) ) + " at " +
-             std::to_string( writer.error().offset ) + ": " +
-             hexOf( std::span( memory ).subspan( 32 ) );
-   return hexOf( std::span( memory ).subspan( 32 ) );
+   EXPECT_EQ( textOf( writer ), textOf( grower ) );
+   EXPECT_EQ( hexOf( memory ), hexOf( grower.bytes() ) );
+   return textOf( writer );
 }
 
 /// The first problem that a reader has with the message, empty where it has none.

@@ -143,7 +143,7 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
          if( other.facts.context == row.facts.context && other.code() == row.code() )
             target = &other;
       }
-      auto open = writer.open< View >( row.code(), [&]( View & view ) {
+      auto const fillIn = [&]( View & view ) {
          U8 * const bytes = reinterpret_cast< U8 * >( &view ) - offset;
          std::vector< U8 > const before( bytes + offset, bytes + offset + sizeof( View ) );
          fill( { bytes + offset, sizeof( View ) } );
@@ -176,7 +176,14 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
          }
          if( facts.otherLength != 0 && below( 2 ) == 0 )
             bytes[3] = static_cast< U8 >( facts.otherLength );
-      } );
+      };
+      if constexpr( facts.behind == Behind::nothing && facts.chooser == 0 ) {
+         if( below( 2 ) == 0 ) {
+            writer.add< View >( row.code(), fillIn );
+            return;
+         }
+      }
+      auto open = writer.open< View >( row.code(), fillIn );
       if( offset + sizeof( View ) < target->fixedSize() && facts.chooser != 0 )
          open.bytes( some( target->fixedSize() - static_cast< U32 >( offset + sizeof( View ) ) ) );
       behind( writer, open, *target, depth );

@@ -55,7 +55,7 @@ bool LspPingMessageWriter::refuse( Error code, U32 offset ) noexcept {
 }
 
 U8 * LspPingMessageWriter::headerRoom() noexcept {
-   if( size_ > 0 || depth_ > 0 || isFilling_ ) {
+   if( size_ > 0 || depth() > 0 || isFilling() ) {
       refuse( Error::misplaced );
       return nullptr;
    }
@@ -101,7 +101,7 @@ bool LspPingMessageWriter::isOurs( Level const & level ) const noexcept {
 }
 
 bool LspPingMessageWriter::isMappingIpv6() const noexcept {
-   for( U32 i = depth_; i-- > 0; ) {
+   for( std::size_t i = depth(); i > 0; --i ) {
       LspPingBehind const behind = levels_[i].behind();
       if( behind != LspPingBehind::subTlvs && behind != LspPingBehind::mappingLabels )
          continue;
@@ -114,8 +114,8 @@ bool LspPingMessageWriter::isMappingIpv6() const noexcept {
 
 // Whether an element may be written next.
 bool LspPingMessageWriter::mayStand( LspPingContext context, U32 code ) const noexcept {
-   Level const * const parent = top();
-   if( parent == nullptr )
+   Level const * const parent = top_;
+   if( depth() == 0 )
       return context == LspPingContext::message && size_ >= sizeof( LspPingHdr );
    if( size_ < parent->content )
       return false;
@@ -127,7 +127,7 @@ bool LspPingMessageWriter::mayStand( LspPingContext context, U32 code ) const no
       return context == LspPingContext::message;
    case LspPingBehind::fecs:
       // The stack around the one FEC of a FEC stack change.
-      if( !isFirst && depth_ > 1 && levels_[depth_ - 2].behind() == LspPingBehind::stackChangeFec )
+      if( !isFirst && depth() > 1 && top_[-1].behind() == LspPingBehind::stackChangeFec )
          return false;
       return context == LspPingContext::targetFec;
    case LspPingBehind::subTlvs:
@@ -168,19 +168,28 @@ bool LspPingMessageWriter::takesBytes( Level const & level, std::size_t count ) 
 // Where it may not stand it is taken back at once, so that its handle is as good as any.
 U32 LspPingMessageWriter::begin( LspPingContext context, LspPingElement const * facts, U32 code,
                                  U32 size, U32 content ) noexcept {
-   if( isFilling_ ) {
+   if( isFilling() ) {
       refuse( Error::misplaced );
       return noId;
    }
-   if( depth_ > 0 && top()->isTakenBack )
+   if( top_->isTakenBack )
       return noId;
    bool const isPlace = mayStand( context, code );
-   Level & level = levels_[depth_++];
-   level = { facts, ++lastId_, size_, size_ + content, context, false, false, false };
+   Level & level = *++top_;
+   U32 const id = nextId();
+   level = { .facts = facts,
+             .begin = size_,
+             .context = context,
+             .takes = LspPingBehind::nothing,
+             .isView = false,
+             .hasMultipath = false,
+             .content = size_ + content,
+             .isTakenBack = false,
+             .id = id | slowly };
    U32 const header = lspPingHeaderSize( context );
    if( !isPlace )
       takeBack( Error::misplaced );
-   else if( depth_ == levels_.size() )
+   else if( depth() + 1 == levels_.size() )
       takeBack( Error::tooDeep );
    else if( code > ( header == 3 ? 0xff : 0xffff ) ||
             ( facts != nullptr && !facts->hasCode( code ) ) )
@@ -191,7 +200,7 @@ U32 LspPingMessageWriter::begin( LspPingContext context, LspPingElement const * 
       *at( level.begin ) = static_cast< U8 >( code );
    else
       wordIs( level.begin, code );
-   return level.id;
+   return id;
 }
 
 // What is told before the view is filled.
@@ -210,7 +219,7 @@ void LspPingMessageWriter::beginView( Level & level ) noexcept {
 
 // Holds what was filled in against the facts.
 void LspPingMessageWriter::filled() noexcept {
-   Level & level = *top();
+   Level & level = *top_;
    U32 const header = lspPingHeaderSize( level.context );
    U8 const * const element = at( level.begin );
    U32 const code = header == 3 ? U32{ element[0] } : word( level.begin );
@@ -237,10 +246,12 @@ void LspPingMessageWriter::filled() noexcept {
 
 // Of the innermost element, which stays open with nothing in the message.
 bool LspPingMessageWriter::takeBack( Error why ) noexcept {
-   Level & level = *top();
+   Level & level = *top_;
    if( !level.isTakenBack ) {
       refuse( why, level.begin );
       level.isTakenBack = true;
+      level.id |= slowly;
+      level.takes = LspPingBehind::nothing;
       cut( level.begin );
    }
    return false;
@@ -294,36 +305,52 @@ Error LspPingMessageWriter::finish( Level const & level ) noexcept {
 }
 
 bool LspPingMessageWriter::closeTop() noexcept {
-   Level const & level = *top();
+   Level const & level = *top_;
    if( !level.isTakenBack ) {
       if( Error const why = finish( level ); why != Error::none )
          takeBack( why );
    }
-   --depth_;
+   --top_;
    return !level.isTakenBack;
 }
 
 bool LspPingMessageWriter::close( U32 id ) noexcept {
-   if( topOf( id ) != nullptr && !isFilling_ )
+   if( topOf( id ) != nullptr )
       return closeTop();
-   U32 place = depth_;
-   while( place > 0 && levels_[place - 1].id != id )
+   std::size_t place = depth();
+   while( place > 0 && ( levels_[place].id & ~slowly ) != id )
       --place;
-   if( id == noId || place == 0 || isFilling_ )
+   if( place == 0 || isFilling() )
       return false;
-   while( depth_ > place )
+   while( depth() > place )
       closeTop();
    return closeTop();
 }
 
-LspPingOpenElement LspPingMessageWriter::open( LspPingContext context, U32 code ) noexcept {
-   LspPingElementRow const * const row = elementOf( context, code, {} );
+// Continues with an element without a level as with others, when it has been filled.
+bool LspPingMessageWriter::addFilled( LspPingElement const & facts, U32 begin,
+                                      U32 content ) noexcept {
+   *++top_ = { .facts = &facts,
+               .begin = begin,
+               .context = facts.context,
+               .takes = LspPingBehind::nothing,
+               .isView = true,
+               .hasMultipath = false,
+               .content = content,
+               .isTakenBack = false,
+               .id = nextId() | slowly };
+   filled();
+   return closeTop();
+}
+
+U32 LspPingMessageWriter::openCode( LspPingContext context, U32 code,
+                                    LspPingElementRow const * row ) noexcept {
    U32 const header = lspPingHeaderSize( context );
    U32 const id = begin( context, row != nullptr ? &row->facts : nullptr, code, header, header );
    // The Pad TLV's class is no view.
    if( id != noId && row != nullptr && row->isDescribed() && row->viewSize != 0 )
       takeBack( Error::needsClass );
-   return { *this, id };
+   return id;
 }
 
 LspPingOpenElement LspPingMessageWriter::open( LspPingElementRef container ) noexcept {
@@ -349,7 +376,7 @@ LspPingOpenElement LspPingMessageWriter::open( LspPingElementRef container ) noe
       else
          std::memcpy( at( level->begin ), bytes.data(), fixed );
    }
-   return { *this, id };
+   return { *this, id, LspPingBehind::nothing, fixed };
 }
 
 bool LspPingMessageWriter::add( LspPingContext context, U32 code,
@@ -371,12 +398,12 @@ bool LspPingMessageWriter::add( LspPingElementRef element ) noexcept {
       return false;
    if( !element.isWhole() )
       takeBack( Error::elementCut );
-   else if( depth_ - 1 + levelsOf( element ) >= levels_.size() )
+   else if( depth() + levelsOf( element ) >= levels_.size() )
       takeBack( Error::tooDeep );
    if( !level->isTakenBack )
       std::memcpy( at( level->begin ), padded.data(),
                    std::min< std::size_t >( total, padded.size() ) );
-   --depth_;
+   --top_;
    return !level->isTakenBack;
 }
 

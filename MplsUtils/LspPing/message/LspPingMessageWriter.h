@@ -41,11 +41,16 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
 
    /// Into the caller's bytes, and none outside of them. What lies behind the message may change.
    explicit LspPingMessageWriter( std::span< U8 > place ) noexcept
-      : place_( place.first( std::min< std::size_t >( place.size(), 0xffffffff ) ) ) {}
+      : place_( place.first( std::min< std::size_t >( place.size(), 0xffffffff ) ) ),
+        limit_( std::max( place_.size(), noQuickRoom ) ) {
+      levels_[0] = messageLevel;
+   }
    /// Behind what is in the caller's memory, which grows. Both stay as long as the writer.
    explicit LspPingMessageWriter( std::vector< U8 > & memory ) noexcept
       : memory_( &memory ),
-        base_( memory.size() ) {}
+        base_( memory.size() ) {
+      levels_[0] = messageLevel;
+   }
    LspPingMessageWriter( LspPingMessageWriter const & ) = delete;
    LspPingMessageWriter & operator=( LspPingMessageWriter const & ) = delete;
    ~LspPingMessageWriter() = default;
@@ -96,11 +101,9 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
       return open< View >( []( View & ) {} );
    }
    template < LspPingElementClass View, class Code, class Fill >
-   [[nodiscard]] LspPingOpenElement open( Code code, Fill fill ) noexcept {
-      return { *this, openView< View >( static_cast< U32 >( code ), fill ) };
-   }
+   [[nodiscard]] LspPingOpenElement open( Code code, Fill fill ) noexcept;
    /// One that no class describes, be its code known or not.
-   [[nodiscard]] LspPingOpenElement open( LspPingContext context, U32 code ) noexcept;
+   [[nodiscard]] inline LspPingOpenElement open( LspPingContext context, U32 code ) noexcept;
    template < LspPingCodes Code >
    [[nodiscard]] LspPingOpenElement open( Code code ) noexcept {
       return open( lspPingContextOf< Code >, static_cast< U32 >( code ) );
@@ -122,27 +125,48 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
 
  private:
    friend class LspPingOpenElement;
+   template < class View >
+   friend struct LspPingViewShape;
 
-   // An element that is open. Offsets count from the message's first byte.
+   // An element that is open, or the message itself. Offsets count from the message's first byte.
+   // Members that are stored one by one do not stand side by side: g++ would collect them first.
    struct Level {
       // Null for a code that nobody knows.
       LspPingElement const * facts;
-      U32 id;
       U32 begin;
-      // What stands behind the fixed part.
-      U32 content;
       LspPingContext context;
+      // What may be written next without being asked further; `nothing` with `slowly`, and before
+      // the header.
+      LspPingBehind takes;
       // The fixed part is a view's.
       bool isView;
       bool hasMultipath;
+      // What stands behind the fixed part.
+      U32 content;
       // It was taken back, and nothing is written until it is closed.
       bool isTakenBack;
+      // With `slowly`, only the general functions write to it and close it.
+      U32 id;
 
       LspPingBehind behind() const noexcept {
          return facts != nullptr ? facts->behind : LspPingBehind::nothing;
       }
    };
    static constexpr U32 noId = 0;
+   static constexpr U32 slowly = 0x80000000;
+   static constexpr Level messageLevel{ .facts = nullptr,
+                                        .begin = 0,
+                                        .context = LspPingContext::message,
+                                        .takes = LspPingBehind::nothing,
+                                        .isView = false,
+                                        .hasMultipath = false,
+                                        .content = sizeof( LspPingHdr ),
+                                        .isTakenBack = false,
+                                        .id = slowly };
+   // Fewer bytes than anything takes.
+   static constexpr std::size_t noQuickRoom = 1;
+   // The innermost level in which one more may be opened and have something in it.
+   static constexpr std::size_t deepestQuick = LspPingMessageReader::deepest;
 
    template < class View, class Fill >
    U32 openView( U32 code, Fill & fill ) noexcept;
@@ -150,10 +174,25 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    U8 * at( U32 offset ) const noexcept {
       return memory_ != nullptr ? memory_->data() + base_ + offset : place_.data() + offset;
    }
-   U32 word( U32 offset ) const noexcept { return U32{ at( offset )[0] } << 8 | at( offset )[1]; }
-   void wordIs( U32 offset, U32 value ) noexcept {
-      at( offset )[0] = static_cast< U8 >( value >> 8 );
-      at( offset )[1] = static_cast< U8 >( value );
+   static U32 word( U8 const * at ) noexcept {
+      Velnet::NetU16 word;
+      std::memcpy( &word, at, sizeof word );
+      return word.value();
+   }
+   static void wordIs( U8 * at, U32 value ) noexcept {
+      Velnet::NetU16 const word( static_cast< U16 >( value ) );
+      std::memcpy( at, &word, sizeof word );
+   }
+   static void headerIs( U8 * at, U32 code, U32 length ) noexcept {
+      Velnet::NetU32 const header( code << 16 | length );
+      std::memcpy( at, &header, sizeof header );
+   }
+   U32 word( U32 offset ) const noexcept { return word( at( offset ) ); }
+   void wordIs( U32 offset, U32 value ) noexcept { wordIs( at( offset ), value ); }
+   bool isFilling() const noexcept { return limit_ == 0; }
+   static constexpr bool isForLabels( LspPingBehind behind ) noexcept {
+      return behind == LspPingBehind::labelStack || behind == LspPingBehind::protocolLabels ||
+             behind == LspPingBehind::mappingLabels;
    }
    // Zeros behind the message; null where they do not fit.
    U8 * room( U32 count ) noexcept {
@@ -172,12 +211,12 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    bool refuse( Error code ) noexcept { return refuse( code, size_ ); }
    bool refuse( Error code, U32 offset ) noexcept;
 
-   Level * top() noexcept { return depth_ > 0 ? &levels_[depth_ - 1] : nullptr; }
-   Level const * top() const noexcept { return depth_ > 0 ? &levels_[depth_ - 1] : nullptr; }
+   std::size_t depth() const noexcept {
+      return static_cast< std::size_t >( top_ - levels_.data() );
+   }
    // The level of a handle, if it is the innermost one that is open.
    Level * topOf( U32 id ) noexcept {
-      Level * const level = top();
-      return id != noId && level != nullptr && level->id == id ? level : nullptr;
+      return id != noId && !isFilling() && ( top_->id & ~slowly ) == id ? top_ : nullptr;
    }
    bool isOurs( Level const & level ) const noexcept;
    bool isMappingIpv6() const noexcept;
@@ -192,77 +231,69 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
               U32 content ) noexcept;
    void beginView( Level & level ) noexcept;
    void filled() noexcept;
+   bool addFilled( LspPingElement const & facts, U32 begin, U32 content ) noexcept;
+   U32 openCode( LspPingContext context, U32 code, LspPingElementRow const * row ) noexcept;
    bool takeBack( Error why ) noexcept;
    Error finish( Level const & level ) noexcept;
    bool closeTop() noexcept;
    bool close( U32 id ) noexcept;
    U8 * headerRoom() noexcept;
 
+   // Of LspPingQuickWriting.h. What answers false, or is asked for where these do not hold, is for
+   // the general functions.
+   // Whether the caller's place has so many bytes behind the message, and nothing is being filled.
+   bool hasQuickRoom( std::size_t count ) const noexcept { return size_ + count <= limit_; }
+   // Behind what an element of a context stands, where nothing more need be known of it.
+   static constexpr LspPingBehind quickPlaceOf( LspPingContext context ) noexcept {
+      constexpr auto nowhere = static_cast< LspPingBehind >( 0xff );
+      switch( context ) {
+      case LspPingContext::message:
+         return LspPingBehind::tlvs;
+      case LspPingContext::targetFec:
+         return LspPingBehind::fecs;
+      case LspPingContext::ddmap:
+         return LspPingBehind::subTlvs;
+      case LspPingContext::p2mpResponder:
+         return LspPingBehind::responderTlvs;
+      default:
+         return nowhere;
+      }
+   }
+   // Whether an element is what its surroundings take, and there is room.
+   bool isQuickPlace( LspPingContext context, std::size_t size ) const noexcept {
+      return top_->takes == quickPlaceOf( context ) && hasQuickRoom( size );
+   }
+   // Whether something may stand in what is opened next.
+   bool mayGoDeeper() const noexcept { return top_ < &levels_[deepestQuick]; }
+   static bool isQuickToOpen( LspPingElementRow const & row ) noexcept;
+   U32 nextId() noexcept { return lastId_ = ( lastId_ + 1 ) & ~slowly; }
+   U32 pushQuickly( LspPingElement const & facts, LspPingContext context, U32 fixed,
+                    bool isView ) noexcept;
+   template < class View, class Fill >
+   bool fillQuickly( U32 begin, U32 code, Fill & fill ) noexcept;
+   template < class View, class Fill >
+   U32 openQuickly( U32 code, Fill & fill ) noexcept;
+   template < class View, class Fill >
+   bool addQuickly( U32 code, Fill & fill ) noexcept;
+   bool closeQuickly( U32 id, LspPingBehind behind, U32 fixed ) noexcept;
+   bool labelQuickly( U32 id, Velnet::MplsLabelEntry entry ) noexcept;
+   bool multipathSetQuickly( U32 id, LspPingBehind behind, Velnet::IpGenAddr const & base,
+                             std::span< U8 const > mask ) noexcept;
+
    std::span< U8 > place_;
    std::vector< U8 > * memory_ = nullptr;
    std::size_t base_ = 0;
+   // What the message may grow to where nobody needs to look further: 0 while a function fills.
+   std::size_t limit_ = noQuickRoom;
    U32 size_ = 0;
-   U32 depth_ = 0;
    U32 lastId_ = noId;
-   bool isFilling_ = false;
    LspPingWriteError error_;
-   // One more than may stand: it is taken back. Only those below `depth_` are something.
-   std::array< Level, LspPingMessageReader::deepest + 2 > levels_;
+   // The message, those that may stand, and one more: it is taken back. What lies behind `top_` is
+   // nothing.
+   std::array< Level, LspPingMessageReader::deepest + 3 > levels_;
+   Level * top_ = levels_.data();
 };
 
-template < class Fill >
-bool LspPingMessageWriter::header( Fill fill ) noexcept {
-   U8 * const bytes = headerRoom();
-   if( bytes == nullptr )
-      return false;
-   // The bytes are there, and the view has no alignment.
-   auto & header = *reinterpret_cast< LspPingHdr * >( bytes );
-   header.versionIs( 1 );
-   isFilling_ = true;
-   fill( header );
-   isFilling_ = false;
-   return true;
-}
-
-template < LspPingElementClass View, class Code, class Fill >
-bool LspPingMessageWriter::add( Code code, Fill fill ) noexcept {
-   static_assert( View::element.behind != LspPingBehind::identifiers,
-                  "the identifiers are missing: open the element and write them" );
-   if constexpr( std::is_same_v< View, LspPingPadTlv > ) {
-      View pad;
-      pad.typeIs( static_cast< U16 >( code ) );
-      fill( pad );
-      return add( pad );
-   } else {
-      U32 const id = openView< View >( static_cast< U32 >( code ), fill );
-      return close( id );
-   }
-}
-
-template < class View, class Fill >
-U32 LspPingMessageWriter::openView( U32 code, Fill & fill ) noexcept {
-   static_assert( !std::is_same_v< View, LspPingPadTlv >,
-                  "the Pad TLV is no view: open it by its code, or add it" );
-   constexpr LspPingElement const & facts = View::element;
-   constexpr U32 header = lspPingHeaderSize( facts.context );
-   constexpr U32 offset = facts.isOverValue ? header : 0;
-   constexpr U32 end = offset + sizeof( View );
-   // The identifiers are part of the least length.
-   constexpr U32 content =
-      facts.behind == LspPingBehind::identifiers ? end : header + facts.leastLength;
-   static_assert( facts.behind == LspPingBehind::nothing || end == content,
-                  "what stands behind the fixed part follows the view" );
-   U32 const id = begin( facts.context, &facts, code, std::max( end, content ), content );
-   Level * const level = top();
-   if( id == noId || level->isTakenBack )
-      return id;
-   beginView( *level );
-   isFilling_ = true;
-   // `begin` laid the bytes, and views have no alignment.
-   fill( *reinterpret_cast< View * >( at( level->begin ) + offset ) );
-   isFilling_ = false;
-   filled();
-   return id;
-}
-
 } // namespace LspPing
+
+#include "MplsUtils/LspPing/message/LspPingQuickWriting.h"

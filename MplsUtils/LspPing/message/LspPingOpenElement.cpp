@@ -49,18 +49,14 @@ U8 * put( U8 * at, PseudowireAttachmentIdentifier const & id ) noexcept {
 } // namespace
 
 LspPingOpenElement::operator bool() const noexcept {
-   for( U32 i = 0; i < writer_.depth_; ++i )
-      if( writer_.levels_[i].id == id_ )
+   for( std::size_t i = 1; i <= writer_.depth(); ++i )
+      if( ( writer_.levels_[i].id & ~LspPingMessageWriter::slowly ) == id_ )
          return !writer_.levels_[i].isTakenBack;
    return false;
 }
 
-bool LspPingOpenElement::close() noexcept {
-   return writer_.close( id_ );
-}
-
 bool LspPingOpenElement::takeBack( LspPingWriteErrorCode why ) noexcept {
-   if( writer_.isFilling_ )
+   if( writer_.isFilling() )
       return writer_.refuse( Error::misplaced );
    // What is open in it goes with it.
    while( *this && writer_.topOf( id_ ) == nullptr )
@@ -70,8 +66,9 @@ bool LspPingOpenElement::takeBack( LspPingWriteErrorCode why ) noexcept {
 
 // Zeros for `count` bytes behind what there is of the innermost element; null where it has no
 // place for them.
-U8 * LspPingOpenElement::content( bool isPlace, U32 count ) noexcept {
-   LspPingMessageWriter::Level const & level = *writer_.top();
+U8 * LspPingOpenElement::content( LspPingMessageWriter & writer, bool isPlace,
+                                  U32 count ) noexcept {
+   LspPingMessageWriter::Level const & level = *writer.top_;
    if( level.isTakenBack )
       return nullptr;
    Error why = Error::none;
@@ -80,10 +77,10 @@ U8 * LspPingOpenElement::content( bool isPlace, U32 count ) noexcept {
       why = Error::misplaced;
    else if( count > longestValue )
       why = Error::tooLong;
-   else if( at = writer_.room( count ); at == nullptr )
+   else if( at = writer.room( count ); at == nullptr )
       why = Error::noRoom;
    if( why != Error::none )
-      writer_.takeBack( why );
+      writer.takeBack( why );
    return at;
 }
 
@@ -93,7 +90,7 @@ bool LspPingOpenElement::bytes( std::span< U8 const > bytes ) noexcept {
       return writer_.refuse( Error::notOpen );
    bool const isPlace = !level->isTakenBack && writer_.takesBytes( *level, bytes.size() );
    U8 * const at =
-      content( isPlace, static_cast< U32 >( std::min( bytes.size(), longestValue + 1 ) ) );
+      content( writer_, isPlace, static_cast< U32 >( std::min( bytes.size(), longestValue + 1 ) ) );
    if( at != nullptr )
       put( at, bytes );
    return at != nullptr;
@@ -109,60 +106,60 @@ bool LspPingOpenElement::label( U32 label, U8 trafficClass, bool isBottomOfStack
    return this->label( Velnet::MplsLabelEntry( label, trafficClass, isBottomOfStack, last ) );
 }
 
-bool LspPingOpenElement::label( Velnet::MplsLabelEntry entry ) noexcept {
-   auto const * const level = writer_.topOf( id_ );
+bool LspPingOpenElement::labelSlowly( LspPingMessageWriter & writer, U32 id,
+                                      Velnet::MplsLabelEntry entry ) noexcept {
+   auto const * const level = writer.topOf( id );
    if( level == nullptr )
-      return writer_.refuse( Error::notOpen );
-   LspPingBehind const behind = level->behind();
-   U8 * const at =
-      content( writer_.size_ >= level->content && ( behind == LspPingBehind::labelStack ||
-                                                    behind == LspPingBehind::protocolLabels ||
-                                                    behind == LspPingBehind::mappingLabels ),
-               4 );
+      return writer.refuse( Error::notOpen );
+   U8 * const at = content(
+      writer,
+      writer.size_ >= level->content && LspPingMessageWriter::isForLabels( level->behind() ), 4 );
    if( at != nullptr )
       putWord( at, entry.word() );
    return at != nullptr;
 }
 
 // Fills in type and length of the multipath information, which stand before it.
-U8 * LspPingOpenElement::multipathRoom( LspPingMultipathType type, std::size_t count ) noexcept {
-   auto * const level = writer_.topOf( id_ );
+U8 * LspPingOpenElement::multipathRoom( LspPingMessageWriter & writer, U32 id,
+                                        LspPingMultipathType type, std::size_t count ) noexcept {
+   auto * const level = writer.topOf( id );
    if( level == nullptr ) {
-      writer_.refuse( Error::notOpen );
+      writer.refuse( Error::notOpen );
       return nullptr;
    }
-   U8 * const at = content( writer_.size_ == level->content &&
+   U8 * const at = content( writer,
+                            writer.size_ == level->content &&
                                ( level->behind() == LspPingBehind::multipath ||
                                  level->behind() == LspPingBehind::mappingLabels ) &&
                                !level->hasMultipath,
                             static_cast< U32 >( std::min( count, longestValue + 1 ) ) );
    if( at != nullptr ) {
-      *writer_.at( level->content - 4 ) = static_cast< U8 >( type );
-      writer_.wordIs( LspPingMessageWriter::multipathLengthOf( *level ),
-                      static_cast< U32 >( count ) );
+      *writer.at( level->content - 4 ) = static_cast< U8 >( type );
+      writer.wordIs( LspPingMessageWriter::multipathLengthOf( *level ),
+                     static_cast< U32 >( count ) );
       level->hasMultipath = true;
    }
    return at;
 }
 
 // Whether a reader takes it for what it is.
-bool LspPingOpenElement::multipathDone( LspPingMultipathType type, std::size_t count,
-                                        bool isIpv6 ) noexcept {
-   U8 const * const begin = writer_.at( writer_.size_ ) - count;
-   LspPingMultipath const multipath( type, { begin, count }, writer_.isMappingIpv6() );
+bool LspPingOpenElement::multipathDone( LspPingMessageWriter & writer, LspPingMultipathType type,
+                                        std::size_t count, bool isIpv6 ) noexcept {
+   U8 const * const begin = writer.at( writer.size_ ) - count;
+   LspPingMultipath const multipath( type, { begin, count }, writer.isMappingIpv6() );
    if( multipath.isWellFormed() && ( count == 0 || multipath.isIpv6() == isIpv6 ) )
       return true;
-   return takeBack( Error::multipathWrong );
+   return writer.takeBack( Error::multipathWrong );
 }
 
 bool LspPingOpenElement::multipath( LspPingMultipathType type,
                                     std::span< U8 const > information ) noexcept {
-   U8 * const at = multipathRoom( type, information.size() );
+   U8 * const at = multipathRoom( writer_, id_, type, information.size() );
    if( at == nullptr )
       return false;
    put( at, information );
    LspPingMultipath const read( type, { at, information.size() }, writer_.isMappingIpv6() );
-   return multipathDone( type, information.size(), read.isIpv6() );
+   return multipathDone( writer_, type, information.size(), read.isIpv6() );
 }
 
 bool LspPingOpenElement::multipathAddresses(
@@ -174,12 +171,12 @@ bool LspPingOpenElement::multipathAddresses(
       count += sizeOf( address );
       isOneFamily &= sizeOf( address ) == ( isIpv6 ? 16 : 4 );
    }
-   U8 * at = multipathRoom( LspPingMultipathType::ipMultipath, count );
+   U8 * at = multipathRoom( writer_, id_, LspPingMultipathType::ipMultipath, count );
    if( at == nullptr )
       return false;
    for( Velnet::IpGenAddr const & address : addresses )
       at = put( at, address );
-   return isOneFamily ? multipathDone( LspPingMultipathType::ipMultipath, count, isIpv6 )
+   return isOneFamily ? multipathDone( writer_, LspPingMultipathType::ipMultipath, count, isIpv6 )
                       : takeBack( Error::multipathWrong );
 }
 
@@ -193,37 +190,40 @@ bool LspPingOpenElement::multipathRanges(
       isOneFamily &= sizeOf( range.first ) == ( isIpv6 ? 16 : 4 ) &&
                      range.first.family() == range.last.family();
    }
-   U8 * at = multipathRoom( LspPingMultipathType::ipRangeMultipath, count );
+   U8 * at = multipathRoom( writer_, id_, LspPingMultipathType::ipRangeMultipath, count );
    if( at == nullptr )
       return false;
    for( LspPingMultipath::Item const & range : ranges )
       at = put( put( at, range.first ), range.last );
-   return isOneFamily ? multipathDone( LspPingMultipathType::ipRangeMultipath, count, isIpv6 )
-                      : takeBack( Error::multipathWrong );
+   return isOneFamily
+             ? multipathDone( writer_, LspPingMultipathType::ipRangeMultipath, count, isIpv6 )
+             : takeBack( Error::multipathWrong );
 }
 
-bool LspPingOpenElement::multipathSet( Velnet::IpGenAddr const & base,
-                                       std::span< U8 const > mask ) noexcept {
+bool LspPingOpenElement::multipathSetSlowly( LspPingMessageWriter & writer, U32 id,
+                                             Velnet::IpGenAddr base,
+                                             std::span< U8 const > mask ) noexcept {
    std::size_t const count = sizeOf( base ) + mask.size();
-   U8 * const at = multipathRoom( LspPingMultipathType::maskedIpSetMultipath, count );
+   U8 * const at = multipathRoom( writer, id, LspPingMultipathType::maskedIpSetMultipath, count );
    if( at == nullptr )
       return false;
    put( put( at, base ), mask );
-   return sizeOf( base ) > 0
-             ? multipathDone( LspPingMultipathType::maskedIpSetMultipath, count, base.isIpv6() )
-             : takeBack( Error::multipathWrong );
+   return sizeOf( base ) > 0 ? multipathDone( writer, LspPingMultipathType::maskedIpSetMultipath,
+                                              count, base.isIpv6() )
+                             : writer.takeBack( Error::multipathWrong );
 }
 
 bool LspPingOpenElement::multipathLabels( U32 base, std::span< U8 const > mask ) noexcept {
    std::size_t const count = 4 + mask.size();
-   U8 * const at = multipathRoom( LspPingMultipathType::maskedLabelSetMultipath, count );
+   U8 * const at =
+      multipathRoom( writer_, id_, LspPingMultipathType::maskedLabelSetMultipath, count );
    if( at == nullptr )
       return false;
    if( base > 0xfffff )
       return takeBack( Error::labelTooLarge );
    putWord( at, base );
    put( at + 4, mask );
-   return multipathDone( LspPingMultipathType::maskedLabelSetMultipath, count, false );
+   return multipathDone( writer_, LspPingMultipathType::maskedLabelSetMultipath, count, false );
 }
 
 bool LspPingOpenElement::pwGenId( Pseudowire::PseudowireGenId const & id,
@@ -239,9 +239,9 @@ bool LspPingOpenElement::pwGenId( Pseudowire::PseudowireGenId const & id,
    U32 const size = 6u + id.agi().length() + id.saii().length() + id.taii().length();
    U32 const begin = writer_.size_ - level->begin;
    U32 const zeros = padding == LspPingPaddingCount::with ? ( 4 - ( begin + size ) % 4 ) % 4 : 0;
-   U8 * const at =
-      content( level->behind() == LspPingBehind::identifiers && writer_.size_ == level->content,
-               size + zeros );
+   U8 * const at = content(
+      writer_, level->behind() == LspPingBehind::identifiers && writer_.size_ == level->content,
+      size + zeros );
    if( at != nullptr )
       put( put( put( at, id.agi() ), id.saii() ), id.taii() );
    return at != nullptr;
@@ -260,7 +260,7 @@ bool LspPingOpenElement::rootAddr( Velnet::IpGenAddr const & address ) noexcept 
    // Family, the address's length, the address and the opaque value's length.
    constexpr U32 rootAt = 7;
    writer_.cut( level->begin + rootAt );
-   if( content( true, static_cast< U32 >( sizeOf( address ) + 2 ) ) == nullptr )
+   if( content( writer_, true, static_cast< U32 >( sizeOf( address ) + 2 ) ) == nullptr )
       return false;
    level->content = writer_.size_;
    U8 * const element = writer_.at( level->begin );

@@ -31,13 +31,13 @@ class LSPPING_MESSAGE_EXPORT LspPingOpenElement {
  public:
    LspPingOpenElement( LspPingOpenElement const & ) = delete;
    LspPingOpenElement & operator=( LspPingOpenElement const & ) = delete;
-   ~LspPingOpenElement() { close(); }
+   inline ~LspPingOpenElement();
 
    /// Whether it is open, and not taken back.
    explicit operator bool() const noexcept;
    /// Fills in lengths and padding. Afterwards the handle is of no use.
    /// \returns  whether the element stands in the message.
-   bool close() noexcept;
+   inline bool close() noexcept;
    /// Takes back the element with all that stands in it. The reason becomes the writer's error.
    /// \returns  false
    bool takeBack( LspPingWriteErrorCode why ) noexcept;
@@ -48,7 +48,7 @@ class LSPPING_MESSAGE_EXPORT LspPingOpenElement {
    /// Of a downstream mapping, of a Label Stack sub-TLV with the label's protocol, and of an
    /// Interface and Label Stack with the time to live as `last`.
    bool label( U32 label, U8 trafficClass, bool isBottomOfStack, U8 last ) noexcept;
-   bool label( Velnet::MplsLabelEntry entry ) noexcept;
+   inline bool label( Velnet::MplsLabelEntry entry ) noexcept;
 
    // Multipath information, RFC 8029 section 3.4.1.1.1, once and before the labels. The addresses
    // are of one family; those of IPv6 are IPv4-mapped, or the mapping's own are of IPv6.
@@ -59,7 +59,7 @@ class LSPPING_MESSAGE_EXPORT LspPingOpenElement {
    /// Both ends of a range belong to it.
    bool multipathRanges( std::span< LspPingMultipath::Item const > ranges ) noexcept;
    /// Bit 0 is the most significant one of the first byte, and stands for the base.
-   bool multipathSet( Velnet::IpGenAddr const & base, std::span< U8 const > mask ) noexcept;
+   inline bool multipathSet( Velnet::IpGenAddr const & base, std::span< U8 const > mask ) noexcept;
    bool multipathLabels( U32 base, std::span< U8 const > mask ) noexcept;
 
    /// The identifiers of a FEC 129, RFC 8029 section 3.2.10, each of at most eight bytes. Its
@@ -73,16 +73,30 @@ class LSPPING_MESSAGE_EXPORT LspPingOpenElement {
 
  private:
    friend class LspPingMessageWriter;
-   LspPingOpenElement( LspPingMessageWriter & writer, U32 id ) noexcept
+   LspPingOpenElement( LspPingMessageWriter & writer, U32 id, LspPingBehind behind,
+                       U32 fixed ) noexcept
       : writer_( writer ),
-        id_( id ) {}
+        id_( id ),
+        fixed_( fixed ),
+        behind_( behind ) {}
 
-   U8 * content( bool isPlace, U32 count ) noexcept;
-   U8 * multipathRoom( LspPingMultipathType type, std::size_t count ) noexcept;
-   bool multipathDone( LspPingMultipathType type, std::size_t count, bool isIpv6 ) noexcept;
+   // These take no handle, so that the compiler can keep it in registers.
+   static bool labelSlowly( LspPingMessageWriter & writer, U32 id,
+                            Velnet::MplsLabelEntry entry ) noexcept;
+   static bool multipathSetSlowly( LspPingMessageWriter & writer, U32 id, Velnet::IpGenAddr base,
+                                   std::span< U8 const > mask ) noexcept;
+   static U8 * content( LspPingMessageWriter & writer, bool isPlace, U32 count ) noexcept;
+   static U8 * multipathRoom( LspPingMessageWriter & writer, U32 id, LspPingMultipathType type,
+                              std::size_t count ) noexcept;
+   static bool multipathDone( LspPingMessageWriter & writer, LspPingMultipathType type,
+                              std::size_t count, bool isIpv6 ) noexcept;
 
    LspPingMessageWriter & writer_;
    U32 id_;
+   // Bytes of the fixed part and what the class says of those behind it, where that is known while
+   // compiling.
+   U32 fixed_;
+   LspPingBehind behind_;
 };
 
 } // namespace LspPing

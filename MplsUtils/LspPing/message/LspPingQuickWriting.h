@@ -1,0 +1,279 @@
+#pragma once
+
+// What nothing is special about is written here, where the compiler sees what is known of it. All
+// else goes to the general functions, which alone know errors and memory that grows; they write
+// the same bytes.
+
+#include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
+
+namespace LspPing {
+
+// What is known of an element's fixed part while compiling.
+template < class View >
+struct LspPingViewShape {
+   static_assert( !std::is_same_v< View, LspPingPadTlv >,
+                  "the Pad TLV is no view: open it by its code, or add it" );
+   static constexpr LspPingElement const & facts = View::element;
+   static constexpr U32 header = lspPingHeaderSize( facts.context );
+   static constexpr U32 offset = facts.isOverValue ? header : 0;
+   static constexpr U32 end = offset + sizeof( View );
+   // The identifiers are part of the least length.
+   static constexpr U32 content =
+      facts.behind == LspPingBehind::identifiers ? end : header + facts.leastLength;
+   static_assert( facts.behind == LspPingBehind::nothing || end == content,
+                  "what stands behind the fixed part follows the view" );
+   static constexpr U32 size = std::max( end, content );
+   // With padding, where nothing stands behind.
+   static constexpr U32 padded = lspPingPadded( header + facts.leastLength );
+
+   // What the view leaves open, the general functions know.
+   static constexpr bool isQuick =
+      facts.chooser == 0 && facts.context != LspPingContext::opaqueValue;
+   static constexpr bool isQuickLeaf =
+      isQuick && facts.behind == LspPingBehind::nothing && size <= padded;
+   static constexpr bool isQuickToOpen =
+      isQuick && !facts.hasFixedLength && content % 4 == 0 &&
+      ( facts.behind == LspPingBehind::subTlvs || facts.behind == LspPingBehind::multipath ||
+        facts.behind == LspPingBehind::mappingLabels || facts.behind == LspPingBehind::labelStack );
+
+   // What stands in a new element before it is filled in.
+   static void begin( U8 * element, U32 code ) noexcept {
+      LspPingMessageWriter::headerIs( element, code,
+                                      facts.hasFixedLength ? U32{ facts.leastLength } : 0 );
+      std::memset( element + header, 0, ( isQuickLeaf ? padded : size ) - header );
+      for( std::size_t i = 0; i < facts.selectorCount; ++i )
+         element[facts.selectors[i].offset] = facts.selectors[i].values[0];
+   }
+   static bool isAsBegun( U8 const * element, U32 code ) noexcept {
+      return LspPingMessageWriter::word( element ) == code &&
+             ( !facts.hasFixedLength ||
+               LspPingMessageWriter::word( element + 2 ) == facts.leastLength ) &&
+             facts.isSelectedBy( { element, size } );
+   }
+};
+
+template < class Fill >
+bool LspPingMessageWriter::header( Fill fill ) noexcept {
+   U8 * bytes = place_.data();
+   std::size_t const limit = limit_;
+   if( size_ == 0 && top_ == levels_.data() && hasQuickRoom( sizeof( LspPingHdr ) ) ) [[likely]] {
+      size_ = sizeof( LspPingHdr );
+      limit_ = 0;
+      std::memset( bytes, 0, sizeof( LspPingHdr ) );
+   } else {
+      bytes = headerRoom();
+      if( bytes == nullptr )
+         return false;
+      limit_ = 0;
+   }
+   // The bytes are there, and the view has no alignment.
+   auto & header = *reinterpret_cast< LspPingHdr * >( bytes );
+   header.versionIs( 1 );
+   fill( header );
+   limit_ = limit;
+   levels_[0].takes = LspPingBehind::tlvs;
+   return true;
+}
+
+template < LspPingElementClass View, class Code, class Fill >
+bool LspPingMessageWriter::add( Code code, Fill fill ) noexcept {
+   static_assert( View::element.behind != LspPingBehind::identifiers,
+                  "the identifiers are missing: open the element and write them" );
+   if constexpr( std::is_same_v< View, LspPingPadTlv > ) {
+      View pad;
+      pad.typeIs( static_cast< U16 >( code ) );
+      fill( pad );
+      return add( pad );
+   } else {
+      using Shape = LspPingViewShape< View >;
+      U32 const number = static_cast< U32 >( code );
+      if constexpr( Shape::isQuickLeaf )
+         if( isQuickPlace( Shape::facts.context, Shape::padded ) && Shape::facts.hasCode( number ) )
+            [[likely]]
+            return addQuickly< View >( number, fill );
+      return close( openView< View >( number, fill ) );
+   }
+}
+
+template < LspPingElementClass View, class Code, class Fill >
+LspPingOpenElement LspPingMessageWriter::open( Code code, Fill fill ) noexcept {
+   using Shape = LspPingViewShape< View >;
+   U32 const number = static_cast< U32 >( code );
+   if constexpr( Shape::isQuickToOpen )
+      if( isQuickPlace( Shape::facts.context, Shape::size ) && mayGoDeeper() &&
+          Shape::facts.hasCode( number ) ) [[likely]]
+         return { *this, openQuickly< View >( number, fill ), Shape::facts.behind, Shape::content };
+   return { *this, openView< View >( number, fill ), Shape::facts.behind, Shape::content };
+}
+
+// An element where it may stand and there is room for it. False where the function made something
+// else of it, which is to be looked at.
+template < class View, class Fill >
+bool LspPingMessageWriter::fillQuickly( U32 begin, U32 code, Fill & fill ) noexcept {
+   using Shape = LspPingViewShape< View >;
+   U8 * const element = place_.data() + begin;
+   std::size_t const limit = limit_;
+   size_ = begin + Shape::size;
+   limit_ = 0;
+   Shape::begin( element, code );
+   // The bytes are there, and views have no alignment.
+   fill( *reinterpret_cast< View * >( element + Shape::offset ) );
+   bool const isAsBegun = Shape::isAsBegun( element, code );
+   limit_ = limit;
+   return isAsBegun;
+}
+
+template < class View, class Fill >
+bool LspPingMessageWriter::addQuickly( U32 code, Fill & fill ) noexcept {
+   using Shape = LspPingViewShape< View >;
+   U32 const begin = size_;
+   if( !fillQuickly< View >( begin, code, fill ) ) [[unlikely]]
+      return addFilled( Shape::facts, begin, begin + Shape::content );
+   if constexpr( !Shape::facts.hasFixedLength )
+      wordIs( place_.data() + begin + 2, Shape::size - Shape::header );
+   if constexpr( Shape::size != Shape::padded )
+      size_ = begin + Shape::padded;
+   return true;
+}
+
+template < class View, class Fill >
+U32 LspPingMessageWriter::openQuickly( U32 code, Fill & fill ) noexcept {
+   using Shape = LspPingViewShape< View >;
+   U32 const id = pushQuickly( Shape::facts, Shape::facts.context, Shape::content, true );
+   if( !fillQuickly< View >( size_, code, fill ) ) [[unlikely]]
+      filled();
+   return id;
+}
+
+// A level at the end of the message.
+inline U32 LspPingMessageWriter::pushQuickly( LspPingElement const & facts, LspPingContext context,
+                                              U32 fixed, bool isView ) noexcept {
+   U32 const id = nextId();
+   *++top_ = { .facts = &facts,
+               .begin = size_,
+               .context = context,
+               .takes = facts.behind,
+               .isView = isView,
+               .hasMultipath = false,
+               .content = size_ + fixed,
+               .isTakenBack = false,
+               .id = id };
+   return id;
+}
+
+// Containers and labels that no class describes are the ones that are opened by their codes.
+inline bool LspPingMessageWriter::isQuickToOpen( LspPingElementRow const & row ) noexcept {
+   constexpr U32 quick = 1u << static_cast< U32 >( LspPingBehind::tlvs ) |
+                         1u << static_cast< U32 >( LspPingBehind::fecs ) |
+                         1u << static_cast< U32 >( LspPingBehind::responderTlvs ) |
+                         1u << static_cast< U32 >( LspPingBehind::protocolLabels );
+   return ( quick >> static_cast< U32 >( row.facts.behind ) & 1 ) != 0 &&
+          row.facts.leastLength == 0 && row.viewSize == 0;
+}
+
+inline LspPingOpenElement LspPingMessageWriter::open( LspPingContext context, U32 code ) noexcept {
+   constexpr U32 header = sizeof( LspPingTlvHdr );
+   LspPingElementRow const * const row = elementOf( context, code, {} );
+   U32 id;
+   if( row != nullptr && isQuickToOpen( *row ) && isQuickPlace( context, header ) && mayGoDeeper() )
+      [[likely]] {
+      U8 * const element = place_.data() + size_;
+      id = pushQuickly( row->facts, context, header, false );
+      size_ += header;
+      headerIs( element, code, 0 );
+   } else {
+      id = openCode( context, code, row );
+   }
+   return { *this, id, LspPingBehind::nothing, header };
+}
+
+template < class View, class Fill >
+U32 LspPingMessageWriter::openView( U32 code, Fill & fill ) noexcept {
+   using Shape = LspPingViewShape< View >;
+   U32 const id = begin( Shape::facts.context, &Shape::facts, code, Shape::size, Shape::content );
+   if( id == noId || top_->isTakenBack )
+      return id;
+   beginView( *top_ );
+   std::size_t const limit = limit_;
+   limit_ = 0;
+   // `begin` laid the bytes, and views have no alignment.
+   fill( *reinterpret_cast< View * >( at( top_->begin ) + Shape::offset ) );
+   limit_ = limit;
+   filled();
+   return id;
+}
+
+// Closes an element that something stands in, if its length is a plain one.
+inline bool LspPingMessageWriter::closeQuickly( U32 id, LspPingBehind behind, U32 fixed ) noexcept {
+   constexpr U32 farFromTooLong = 0xf000;
+   Level const & level = *top_;
+   if( level.id != id || isFilling() )
+      return false;
+   bool const isMultipath =
+      behind == LspPingBehind::multipath || behind == LspPingBehind::mappingLabels;
+   U32 const inside = size_ - level.begin - fixed;
+   if( inside - 1 >= farFromTooLong ||
+       ( isMultipath && ( !level.hasMultipath || inside % 4 != 0 ) ) )
+      return false;
+   U8 * const element = place_.data() + level.begin;
+   wordIs( element + 2, inside + fixed - 4 );
+   if( behind == LspPingBehind::subTlvs )
+      wordIs( element + fixed - 2, inside );
+   --top_;
+   return true;
+}
+
+inline bool LspPingMessageWriter::labelQuickly( U32 id, Velnet::MplsLabelEntry entry ) noexcept {
+   Level const & level = *top_;
+   if( level.id != id || !isForLabels( level.takes ) || !hasQuickRoom( sizeof entry ) )
+      return false;
+   std::memcpy( place_.data() + size_, &entry, sizeof entry );
+   size_ += sizeof entry;
+   return true;
+}
+
+// Of IPv4 addresses that are nothing else in a mapping of either family.
+inline bool LspPingMessageWriter::multipathSetQuickly( U32 id, LspPingBehind behind,
+                                                       Velnet::IpGenAddr const & base,
+                                                       std::span< U8 const > mask ) noexcept {
+   constexpr std::size_t longest = 0x1000;
+   Level & level = *top_;
+   if( level.id != id || behind != LspPingBehind::multipath || level.hasMultipath ||
+       !base.isIpv4() || base.ipAddr().bytes()[0] != 127 || mask.size() % 4 != 0 ||
+       mask.size() - 1 >= longest || !hasQuickRoom( 4 + mask.size() ) )
+      return false;
+   U8 * const at = place_.data() + size_;
+   U32 const count = 4 + static_cast< U32 >( mask.size() );
+   at[-4] = static_cast< U8 >( LspPingMultipathType::maskedIpSetMultipath );
+   wordIs( at - 3, count );
+   std::memcpy( at, base.ipAddr().bytes().data(), 4 );
+   std::memcpy( at + 4, mask.data(), mask.size() );
+   size_ += count;
+   level.hasMultipath = true;
+   return true;
+}
+
+inline LspPingOpenElement::~LspPingOpenElement() {
+   close();
+}
+
+inline bool LspPingOpenElement::close() noexcept {
+   if( writer_.closeQuickly( id_, behind_, fixed_ ) ) [[likely]]
+      return true;
+   return writer_.close( id_ );
+}
+
+inline bool LspPingOpenElement::label( Velnet::MplsLabelEntry entry ) noexcept {
+   if( writer_.labelQuickly( id_, entry ) ) [[likely]]
+      return true;
+   return labelSlowly( writer_, id_, entry );
+}
+
+inline bool LspPingOpenElement::multipathSet( Velnet::IpGenAddr const & base,
+                                              std::span< U8 const > mask ) noexcept {
+   if( writer_.multipathSetQuickly( id_, behind_, base, mask ) ) [[likely]]
+      return true;
+   return multipathSetSlowly( writer_, id_, base, mask );
+}
+
+} // namespace LspPing
