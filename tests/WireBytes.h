@@ -16,11 +16,7 @@ class WireBytes {
    }
    /// "00 14 00 10"
    explicit WireBytes( std::string_view hex ) : WireBytes( bytesOf( hex ) ) {}
-   WireBytes( std::size_t size, U8 fill )
-      : size_( size ),
-        block_( std::make_unique< U8[] >( size + 1 ) ) {
-      std::fill_n( data(), size, fill );
-   }
+   WireBytes( std::size_t size, U8 fill ) : size_( size ), block_( filled( size + 1, fill ) ) {}
 
    U8 * data() const noexcept { return block_.get() + 1; }
    U32 size() const noexcept { return static_cast< U32 >( size_ ); }
@@ -37,6 +33,13 @@ class WireBytes {
    }
 
  private:
+   // Not inlined: g++ would warn of sizes that it thinks possible where it sees none.
+   [[gnu::noinline]] static std::unique_ptr< U8[] > filled( std::size_t size, U8 fill ) {
+      auto block = std::make_unique< U8[] >( size );
+      std::fill_n( block.get(), size, fill );
+      return block;
+   }
+
    std::size_t size_;
    std::unique_ptr< U8[] > block_;
 };
