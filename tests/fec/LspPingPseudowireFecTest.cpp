@@ -365,6 +365,31 @@ TEST( LspPingFec129Ipv4SubTlv, readsNothingThatItsLengthDoesNotCover ) {
    }
 }
 
+// What the setter would end the program for, whoever writes by name can ask before.
+TEST( LspPingFec129Ipv4SubTlv, tellsWhyIdentifiersAreNotTaken ) {
+   Kiv::TypeRef const type = Kiv::typeOf< LspPingFec129Ipv4SubTlv >();
+   Kiv::FoundAttribute const found = Kiv::attributeNamed( type, "pwGenId" );
+   ASSERT_TRUE( found );
+   WireBytes const bytes( 24, 0 );
+   auto & view = bytes.as< LspPingFec129Ipv4SubTlv >();
+   auto const refusal = [&]( U8 length, U16 viewLength ) {
+      view.lengthIs( viewLength );
+      Pseudowire::PseudowireAttachmentIdentifier const one{ 1, length };
+      Pseudowire::PseudowireGenId const id{ one, {}, {} };
+      EXPECT_EQ( view.pwGenIdRefusal( id ),
+                 Kiv::writeRefusal( found.declaring.record(), *found.attribute, &view, &id ) );
+      return view.pwGenIdRefusal( id );
+   };
+   EXPECT_EQ( refusal( 9, 20 ), "an identifier has 8 bytes" );
+   EXPECT_EQ( refusal( 4, 19 ), "needs 20 bytes of value, the length is 19" );
+   EXPECT_EQ( refusal( 4, 20 ), "" );
+   EXPECT_EQ( refusal( 5, 20 ), "needs 24 bytes of value, the length is 20" );
+   // A row without conditions refuses nothing.
+   U16 const pwType = 0;
+   Kiv::FoundAttribute const plain = Kiv::attributeNamed( type, "pwType" );
+   EXPECT_EQ( Kiv::writeRefusal( plain.declaring.record(), *plain.attribute, &view, &pwType ), "" );
+}
+
 TEST( LspPingFec129Ipv4SubTlv, hasItsAttributesInOrder ) {
    EXPECT_EQ(
       attributeNames< LspPingFec129Ipv4SubTlv >(),

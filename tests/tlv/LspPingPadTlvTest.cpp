@@ -164,6 +164,17 @@ TEST( LspPingPadTlvParser, copiesThePaddingOutOfThePacket ) {
    EXPECT_EQ( tlv->padding( 0 ), 0xAB );
 }
 
+// As if each byte were set in turn: with room for four at first, then for twice as many.
+TEST( LspPingPadTlvParser, writesThePaddingByteByByte ) {
+   Orlo::Ptr< Velnet::Pkt > const pkt =
+      Velnet::pktFactory( std::vector< U8 >{ 0, 3, 0, 6, 1, 9, 8, 7, 6, 5 } );
+   Orlo::Ptr< LspPingPadTlvParser > const parser = lspPingPadTlvParserFactory( pkt, 0 );
+   std::unique_ptr< LspPingPadTlv > const tlv( parser->header() );
+   EXPECT_EQ( tlv->padding().version(), 5u );
+   EXPECT_EQ( tlv->padding().capacity(), 8u );
+   EXPECT_EQ( tlv->padding().count(), 5u );
+}
+
 TEST( LspPingPadTlvParser, countsFromTheDataStart ) {
    Orlo::Ptr< Velnet::Pkt > const pkt = Velnet::pktFactory( packetBytes );
    pkt->dataStartIs( 2 );

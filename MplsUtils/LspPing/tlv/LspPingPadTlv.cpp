@@ -44,7 +44,8 @@ void LspPingPadTlv::bytesAre( std::span< U8 const > bytes ) noexcept {
    padType_ = bytes[sizeof( LspPingTlvHdr )];
    std::span< U8 const > const padding = bytes.subspan( sizeof( LspPingTlvHdr ) + 1 );
    std::size_t const told = std::max< std::size_t >( length(), 1 ) - 1;
-   padding_.entriesAre( padding.first( std::min( padding.size(), told ) ) );
+   for( std::size_t i = 0; i < std::min( padding.size(), told ); ++i )
+      paddingIs( static_cast< U32 >( i ), padding[i] );
 }
 
 std::unique_ptr< LspPingPadTlv > LspPingPadTlv::kivCopyOf( std::span< U8 const > bytes ) {

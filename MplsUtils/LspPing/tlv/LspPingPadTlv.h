@@ -49,8 +49,8 @@ class LSPPING_EXPORT LspPingPadTlv : public Kiv::Typed< LspPingPadTlv, LspPingTl
    U8 paddingDel( KivPadding::Iterator const & at ) noexcept { return padding_.entryDel( at ); }
    void paddingDelAll() noexcept { padding_.entryDelAll(); }
 
-   /// Becomes a copy of an element's bytes: header and pad type, which must be there, and of the
-   /// padding behind them as much as the header's length tells.
+   /// A new object becomes a copy of an element's bytes: header and pad type, which must be there,
+   /// and of the padding behind them as much as the header's length tells.
    void bytesAre( std::span< U8 const > bytes ) noexcept;
 
    /// Does not look at the length.

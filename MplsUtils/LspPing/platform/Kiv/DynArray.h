@@ -70,13 +70,6 @@ class DynArray {
 
    /// All of them from index 0 on; those below `lowest()` are the default.
    std::span< T const > entries() const noexcept { return entries_; }
-   /// Holds copies of these from index 0 on and nothing else. They must not be the array's own.
-   void entriesAre( std::span< T const > entries ) noexcept {
-      orOutOfMemory( "Kiv::DynArray", [&] { entries_.assign( entries.begin(), entries.end() ); } );
-      KIV_ASSERT( entries_.size() <= keyLimit + 1u );
-      lowest_ = 0;
-      ++version_;
-   }
 
    /// Sets the entry to the default, the end stays. Returns what it was.
    T entryDel( U32 index ) noexcept {
