@@ -11,6 +11,8 @@ namespace LspPing {
 inline constexpr std::size_t lspPingSmallCodes = 64;
 inline constexpr U8 lspPingNoRow = 0xff;
 
+/// Contexts with elements have small numbers.
+inline constexpr std::size_t lspPingContextCount = 48;
 /// By context and code: which row is the first, or `lspPingNoRow`.
 extern std::array< std::array< U8, lspPingSmallCodes >, lspPingContextCount > const
    lspPingSmallCodeRows;

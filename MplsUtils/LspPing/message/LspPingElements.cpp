@@ -2,6 +2,8 @@
 
 #include "MplsUtils/LspPing/LspPingHdr.h"
 #include "MplsUtils/LspPing/LspPingTypes.h"
+#include "MplsUtils/LspPing/ext/LspPingExt.h"
+#include "MplsUtils/LspPing/ext/LspPingExtModule.h"
 #include "MplsUtils/LspPing/message/LspPingElementTable.h"
 #include "MplsUtils/LspPing/platform/Kiv/EnumType.h"
 
@@ -54,11 +56,6 @@ Flaw flawIn( View const & view, bool isValid ) noexcept {
    return isValid ? Flaw{} : Flaw{ { Code::notValid } };
 }
 
-// Another vendor's TLV is as good as any: only, nobody here can read it.
-Flaw flawIn( LspPingVeloraVendorPrivateTlv const &, bool ) noexcept {
-   return {};
-}
-
 // RFC 8029 section 3.2.9 has a place for more pseudowires than the view.
 Flaw flawIn( LspPingFec128Ipv4SubTlv const & fec, bool ) noexcept {
    constexpr U32 mbzSize = sizeof( fec.mbz() );
@@ -97,7 +94,8 @@ LspPingVerdict verdictOf( U8 const * element, U32 length ) noexcept {
 }
 
 constexpr LspPingElement withCode( LspPingElement facts, std::size_t i ) noexcept {
-   facts.codes = { facts.codes[i] };
+   if( !facts.isCodeRange )
+      facts.codes = { facts.codes[i] };
    facts.codeCount = 1;
    return facts;
 }
@@ -120,7 +118,8 @@ constexpr LspPingElementRow rowOf( LspPingElement facts ) noexcept {
       };
    } else {
       row.viewSize = sizeof( View );
-      row.readsValue = facts.behind == LspPingBehind::identifiers;
+      row.readsValue =
+         facts.behind == LspPingBehind::identifiers || facts.behind == LspPingBehind::tail;
       row.verdict = &verdictOf< View >;
       row.flaw = &flawOf< View >;
       if constexpr( requires( View const & view ) { view.stringValue(); } )
@@ -133,40 +132,17 @@ constexpr LspPingElementRow unviewed( LspPingElement facts ) noexcept {
    return { facts, {} };
 }
 
-Flaw ldpIpv6Flaw( U8 const * element, U32 ) noexcept {
-   return prefixFlaw( element[4 + sizeof( Velnet::Ip6Addr )], 128 );
-}
-
-// Two interface numbers of four bytes stand behind the header, and then all is as with IPv4.
-template < class Header >
-constexpr LspPingElementRow nonIp( LspPingBehind behind ) noexcept {
-   constexpr U8 nonIpAddrType = 5;
-   LspPingElementRow row = rowOf< Header >( Header::element.when( nonIpAddrType ) );
-   row.facts.leastLength = 16;
-   row.facts.behind = behind;
-   row.isNonIp = true;
-   return row;
-}
-
 // Elements that no class describes.
 constexpr auto unviewedRows = [] {
    using Element = LspPingElement;
    using Tlv = LspPingTlvType;
    using Fec = LspPingTargetFecSubTlvType;
    using Responder = LspPingP2mpRespTlvType;
-   LspPingElementRow ldpIpv6 = unviewed( Element::targetFec( Fec::LDPIpv6 ).length( 17 ) );
-   ldpIpv6.flaw = &ldpIpv6Flaw;
-   ldpIpv6.verdict = []( U8 const * element, U32 length ) noexcept -> LspPingVerdict {
-      return { false, static_cast< bool >( ldpIpv6Flaw( element, length ) ) };
-   };
    return std::to_array< LspPingElementRow >( {
       unviewed( Element::tlv( Tlv::TargetFecStack ).followedBy( LspPingBehind::fecs ) ),
       unviewed( Element::tlv( Tlv::VendorEnterpriseNum ).atLeast( 4 ) ),
       unviewed( Element::tlv( Tlv::ErrorTlv ).followedBy( LspPingBehind::tlvs ) ),
       unviewed( Element::tlv( Tlv::P2mpRespId ).followedBy( LspPingBehind::responderTlvs ) ),
-      nonIp< LspPingDownstreamMappingHdr >( LspPingBehind::mappingLabels ),
-      nonIp< LspPingDdmapHdr >( LspPingBehind::subTlvs ),
-      ldpIpv6,
       unviewed( Element::targetFec( Fec::RSVPIpv6Lsp ).length( 56 ) ),
       unviewed( Element::targetFec( Fec::L2VPNEndpoint ).length( 14 ) ),
       unviewed( Element::ddmapSubTlv( LspPingDDMappingSubTlvType::LabelStack )
@@ -195,72 +171,142 @@ constexpr bool comesBefore( LspPingElementRow const & a, LspPingElementRow const
    return a.facts.selectorCount > b.facts.selectorCount;
 }
 
-template < class List >
-struct Rows;
-template < class... Ts >
-struct Rows< Kiv::TypeList< Ts... > > {
-   static constexpr std::size_t size = ( rowCount< Ts >() + ... + unviewedRows.size() );
+struct Class {
+   Kiv::TypeId type;
+   LspPingElement facts;
+};
 
-   struct Class {
-      Kiv::TypeId type;
-      LspPingElement facts;
-   };
-   static constexpr auto classes() noexcept {
-      constexpr std::size_t count = ( ( rowCount< Ts >() > 0 ? 1u : 0u ) + ... );
-      std::array< Class, count > result{};
-      std::size_t at = 0;
-      auto const add = [&]< class T >( Kiv::Of< T > ) {
+// Collects what the classes of the modules say of themselves.
+template < class... Lists >
+struct Rows;
+template < class... Ts, class... Others >
+struct Rows< Kiv::TypeList< Ts... >, Kiv::TypeList< Others... > > {
+   // Calls what is given with each class that is an element.
+   static constexpr void forEach( auto const & take ) noexcept {
+      auto const takeOne = [&]< class T >( Kiv::Of< T > one ) {
          if constexpr( rowCount< T >() > 0 )
-            result[at++] = { Kiv::typeIdOf< T >, T::element };
+            take( one );
       };
-      ( add( Kiv::Of< Ts >{} ), ... );
+      ( takeOne( Kiv::Of< Ts >{} ), ... );
+      ( takeOne( Kiv::Of< Others >{} ), ... );
+   }
+
+   static constexpr std::size_t classCount = ( ( rowCount< Ts >() > 0 ? 1u : 0u ) + ... ) +
+                                             ( ( rowCount< Others >() > 0 ? 1u : 0u ) + ... );
+   static constexpr auto classes() noexcept {
+      std::array< Class, classCount > result{};
+      std::size_t at = 0;
+      forEach( [&]< class T >( Kiv::Of< T > ) {
+         result[at++] = { Kiv::typeIdOf< T >, T::element };
+      } );
       return result;
    }
 
-   static constexpr auto sorted() noexcept {
-      std::array< LspPingElementRow, size > rows{};
+   static constexpr std::size_t describedCount =
+      ( rowCount< Ts >() + ... ) + ( rowCount< Others >() + ... );
+   // A place is found while a row is added: std::stable_sort cannot run while compiling.
+   template < std::size_t n >
+   static constexpr void add( std::array< LspPingElementRow, n > & rows, std::size_t & count,
+                              LspPingElementRow const & row ) noexcept {
+      std::size_t at = count++;
+      for( ; at > 0 && comesBefore( row, rows[at - 1] ); --at )
+         rows[at] = rows[at - 1];
+      rows[at] = row;
+   }
+   static constexpr auto known() noexcept {
+      std::array< LspPingElementRow, describedCount + unviewedRows.size() > rows{};
       std::size_t count = 0;
-      // A place is found while a row is added: std::stable_sort cannot run while compiling.
-      auto const add = [&]( LspPingElementRow row ) {
-         std::size_t at = count++;
-         for( ; at > 0 && comesBefore( row, rows[at - 1] ); --at )
-            rows[at] = rows[at - 1];
-         rows[at] = row;
-      };
-      auto const addClass = [&]< class T >( Kiv::Of< T > ) {
-         if constexpr( rowCount< T >() > 0 ) {
-            for( std::size_t i = 0; i < T::element.codeCount; ++i )
-               add( rowOf< T >( withCode( T::element, i ) ) );
-         }
-      };
-      ( addClass( Kiv::Of< Ts >{} ), ... );
+      forEach( [&]< class T >( Kiv::Of< T > ) {
+         for( std::size_t i = 0; i < T::element.codeCount; ++i )
+            add( rows, count, rowOf< T >( withCode( T::element, i ) ) );
+      } );
       for( LspPingElementRow const & row : unviewedRows )
-         add( row );
+         add( rows, count, row );
       return rows;
    }
 };
 
-constexpr auto rows = Rows< LspPingHdrTypes >::sorted();
-constexpr auto classes = Rows< LspPingHdrTypes >::classes();
+constexpr auto knownRows = Rows< LspPingHdrTypes, LspPingExtTypes >::known();
 
-template < class List >
-struct CodesOf;
-template < class... Ts >
-struct CodesOf< Kiv::TypeList< Ts... > > {
-   template < class T >
-   static constexpr Kiv::EnumerationTable const * tableOf() noexcept {
-      if constexpr( std::is_enum_v< T > )
-         return &Kiv::EnumerationOf< T >::table;
-      else
-         return nullptr;
+// Whether the row is the last one of its code, and takes its bytes only where they select it.
+constexpr bool isLastAndSelected( std::size_t i ) noexcept {
+   auto const & row = knownRows[i];
+   if( row.facts.selectorCount == 0 )
+      return false;
+   return i + 1 == knownRows.size() || knownRows[i + 1].facts.context != row.facts.context ||
+          knownRows[i + 1].code() != row.code();
+}
+
+constexpr bool isInRange( LspPingElementRow const & row ) noexcept {
+   for( auto const & other : knownRows )
+      if( other.facts.isCodeRange && other.facts.context == row.facts.context &&
+          other.facts.hasCode( row.code() ) )
+         return true;
+   return false;
+}
+
+// Where the bytes select none of the rows, one without a class says so.
+constexpr LspPingElementRow noneOf( LspPingElementRow const & row ) noexcept {
+   LspPingElement facts;
+   facts.context = row.facts.context;
+   facts.codes = { row.code() };
+   facts.codeCount = 1;
+   facts.chooser = row.facts.selectors[0].offset;
+   facts.otherChooser = row.facts.selectorCount > 1 ? row.facts.selectors[1].offset : 0;
+   facts.leastLength = row.facts.leastLength;
+   std::size_t const read = facts.chooser + std::size_t{ 1 };
+   facts.leastLength = static_cast< U16 >( read > row.headerSize() ? read - row.headerSize() : 0 );
+   facts.words = row.facts.words;
+   return unviewed( facts );
+}
+
+constexpr bool needsNone( std::size_t i ) noexcept {
+   return isLastAndSelected( i ) && !isInRange( knownRows[i] );
+}
+
+constexpr auto rows = [] {
+   constexpr std::size_t more = [] {
+      std::size_t count = 0;
+      for( std::size_t i = 0; i < knownRows.size(); ++i )
+         count += needsNone( i ) ? 1 : 0;
+      return count;
+   }();
+   std::array< LspPingElementRow, knownRows.size() + more > all{};
+   std::size_t at = 0;
+   for( std::size_t i = 0; i < knownRows.size(); ++i ) {
+      all[at++] = knownRows[i];
+      if( needsNone( i ) )
+         all[at++] = noneOf( knownRows[i] );
    }
-   static constexpr std::array< Kiv::EnumerationTable const *, sizeof...( Ts ) > tables{
-      tableOf< Ts >()...
-   };
+   return all;
+}();
+constexpr auto classes = Rows< LspPingHdrTypes, LspPingExtTypes >::classes();
+
+// The enumerations that say what codes mean, by context: those of module LspPingTypes, and those of
+// module LspPingExt, which add to them or make contexts of their own.
+struct Codes {
+   Kiv::EnumerationTable const * told = nullptr;
+   Kiv::EnumerationTable const * more = nullptr;
 };
 
-// By context, null where the place is no enumeration's.
-constexpr auto & codesOf = CodesOf< LspPingTypesTypes >::tables;
+template < class... Lists >
+struct CodesOf;
+template < class... Ts, class... Others >
+struct CodesOf< Kiv::TypeList< Ts... >, Kiv::TypeList< Others... > > {
+   static constexpr auto tables() noexcept {
+      std::array< Codes, lspPingContextCount > codes{};
+      auto const add = [&]< class T >( Kiv::Of< T >, auto Codes::*table ) {
+         if constexpr( LspPingCodes< T > )
+            if( std::size_t const at = static_cast< std::size_t >( lspPingContextOf< T > );
+                at < codes.size() )
+               codes[at].*table = &Kiv::EnumerationOf< T >::table;
+      };
+      ( add( Kiv::Of< Ts >{}, &Codes::told ), ... );
+      ( add( Kiv::Of< Others >{}, &Codes::more ), ... );
+      return codes;
+   }
+};
+constexpr auto codesOf = CodesOf< LspPingTypesTypes, LspPingExtTypes >::tables();
 
 // In the order of the enumerators.
 constexpr auto behindNames = std::to_array< std::string_view >( {
@@ -268,10 +314,10 @@ constexpr auto behindNames = std::to_array< std::string_view >( {
    "elements",
    "tlvs",
    "fecs",
+   "counted",
    "subTlvs",
    "stackChangeFec",
    "responderTlvs",
-   "vendorTlvs",
    "opaqueValues",
    "identifiers",
    "multipath",
@@ -279,8 +325,9 @@ constexpr auto behindNames = std::to_array< std::string_view >( {
    "protocolLabels",
    "labelStack",
    "padding",
+   "tail",
 } );
-static_assert( behindNames.size() == static_cast< std::size_t >( LspPingBehind::padding ) + 1 );
+static_assert( behindNames.size() == static_cast< std::size_t >( LspPingBehind::tail ) + 1 );
 
 LspPingElementRow const * firstRow( LspPingContext context, U32 code ) noexcept {
    LspPingElementRow const * const end = rows.data() + rows.size();
@@ -288,9 +335,24 @@ LspPingElementRow const * firstRow( LspPingContext context, U32 code ) noexcept 
       U8 const first = lspPingSmallCodeRows[static_cast< std::size_t >( context )][code];
       return first != lspPingNoRow ? rows.data() + first : end;
    }
-   return std::find_if( rows.data(), end, [&]( LspPingElementRow const & row ) {
-      return row.code() == code && row.facts.context == context;
-   } );
+   auto const * const found =
+      std::partition_point( rows.data(), end, [&]( LspPingElementRow const & row ) {
+         return row.facts.context < context ||
+                ( row.facts.context == context && row.code() < code );
+      } );
+   return found != end && found->facts.context == context && found->code() == code ? found : end;
+}
+
+// For codes that nothing else has, or not with such bytes.
+LspPingElementRow const * rangeRow( LspPingContext context, U32 code ) noexcept {
+   static constexpr std::size_t first = [] {
+      std::size_t i = 0;
+      while( !rows[i].facts.isCodeRange )
+         ++i;
+      return i;
+   }();
+   LspPingElementRow const & row = rows[first];
+   return row.facts.context == context && row.facts.hasCode( code ) ? &row : nullptr;
 }
 
 // A row that others of its code come before. It is taken instead of one that its bytes select but
@@ -320,7 +382,7 @@ LspPingElementRow const * elementOf( LspPingContext context, U32 code,
    LspPingElementRow const * const end = rows.data() + rows.size();
    LspPingElementRow const * row = firstRow( context, code );
    if( row == end )
-      return nullptr;
+      return rangeRow( context, code );
    if( row->facts.selectorCount == 0 )
       return row;
    LspPingElementRow const * selected = nullptr;
@@ -329,11 +391,11 @@ LspPingElementRow const * elementOf( LspPingContext context, U32 code,
          return isFallback( *row ) ? row : selected;
       if( !row->facts.isSelectedBy( bytes ) )
          continue;
-      if( row->facts.selectorCount == 0 || bytes.size() >= row->fixedSize() )
+      if( row->facts.selectorCount == 0 || bytes.size() >= row->shortestSize() )
          return row;
       selected = row;
    }
-   return selected;
+   return selected != nullptr ? selected : rangeRow( context, code );
 }
 
 std::span< LspPingElementRow const > lspPingElements() noexcept {
@@ -362,7 +424,8 @@ std::string_view lspPingContextName( LspPingContext context ) noexcept {
    case LspPingContext::opaqueValue:
       return "opaqueValue";
    }
-   return codesOf[static_cast< std::size_t >( context )]->typeName;
+   Codes const & codes = codesOf[static_cast< std::size_t >( context )];
+   return ( codes.told != nullptr ? codes.told : codes.more )->typeName;
 }
 
 std::string_view lspPingBehindName( LspPingBehind behind ) noexcept {
@@ -370,7 +433,14 @@ std::string_view lspPingBehindName( LspPingBehind behind ) noexcept {
 }
 
 std::string_view lspPingCodeName( LspPingContext context, U32 code ) noexcept {
-   return Kiv::EnumType< U32 >( *codesOf[static_cast< std::size_t >( context )] ).name( code );
+   Codes const & codes = codesOf[static_cast< std::size_t >( context )];
+   std::string_view name;
+   // Of a code that was assigned later, module LspPingTypes says only that it is not.
+   if( codes.more != nullptr )
+      name = Kiv::EnumType< U32 >( *codes.more ).name( code );
+   if( name.empty() && codes.told != nullptr )
+      name = Kiv::EnumType< U32 >( *codes.told ).name( code );
+   return name;
 }
 
 } // namespace LspPing

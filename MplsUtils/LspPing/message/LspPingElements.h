@@ -27,9 +27,6 @@ struct LspPingElementRow {
    U16 viewSize = 0;
    /// The view's operations take all that the length covers, not only the view's own size.
    bool readsValue = false;
-   /// Address type 5 (RFC 6426 section 2.1.1): the fixed part numbers interfaces, and the view
-   /// ends before them.
-   bool isNonIp = false;
 
    // Both take the element's first byte and its length; as many bytes are there as `viewSize` and
    // `facts.leastLength` ask for.
@@ -47,6 +44,8 @@ struct LspPingElementRow {
    constexpr U32 viewOffset() const noexcept { return facts.isOverValue ? headerSize() : 0; }
    /// Up to what stands behind the fixed part, counted from the element's first byte.
    constexpr U32 fixedSize() const noexcept { return headerSize() + facts.leastLength; }
+   /// Fewer bytes of header and value say nothing.
+   constexpr U32 shortestSize() const noexcept { return headerSize() + facts.shortestLength(); }
 };
 
 /// The row of an element, null for one that is not known. `bytes` are those of the element that

@@ -55,11 +55,20 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
    /// 8029 section 3.
    bool isUnderstood() const noexcept;
    U32 offset() const noexcept { return data().offset; }
-   /// Of the value, as the element says.
+   /// Of the value, as the element says; where an RFC contradicts itself, as its bytes say.
    U32 length() const noexcept { return data().length; }
    /// With header and padding, not cut to 16 bits.
    U32 totalLength() const noexcept {
-      return lspPingPadded( lspPingHeaderSize( context() ) + length() );
+      U32 const whole = lspPingHeaderSize( context() ) + length();
+      return isUnpadded() ? whole : lspPingPadded( whole );
+   }
+   /// No padding is sent behind it, RFC 7737 section 3.2.
+   bool isUnpadded() const noexcept {
+      return data().row != nullptr && data().row->facts.isUnpadded && !data().isOtherReading;
+   }
+   /// Which one of an RFC's contradicting readings was taken, in words; empty for the usual one.
+   std::string_view reading() const noexcept {
+      return data().isOtherReading ? row()->facts.otherReading : std::string_view();
    }
    /// How deep it stands: 0 in the message itself.
    U32 depth() const noexcept { return data().depth; }
@@ -165,6 +174,7 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
       bool isMappingIpv6 = false;
       bool hasMultipath = false;
       bool hasLabels = false;
+      bool isOtherReading = false;
    };
    static_assert( sizeof( Data ) == 64 );
 

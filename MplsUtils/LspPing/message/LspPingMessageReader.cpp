@@ -65,6 +65,34 @@ bool LspPingWalk::comesOut( LspPingContext context, Region region,
    return true;
 }
 
+// As above, aligned, with elements about which an RFC contradicts itself.
+bool LspPingWalk::comesOutAsRead( LspPingContext context, Region region ) const noexcept {
+   U32 const header = lspPingHeaderSize( context );
+   bool const isLast = context == LspPingContext::message && region.end == bytes_.size();
+   U32 const link = isLast ? padding_ : 0;
+   bool hasReadings = false;
+   while( region.size() > link ) {
+      U32 const left = region.size();
+      if( left < header )
+         return false;
+      U32 const code = word( region.begin );
+      U32 const length = word( region.begin + header - 2 );
+      LspPingElementRow const * const row = quickElementOf(
+         context, code, bytes_.subspan( region.begin, std::min( header + length, left ) ) );
+      Reading reading{ length, lspPingPadded( header + length ), false };
+      if( row != nullptr && !row->facts.otherReading.empty() ) {
+         reading = readingOf( *row, region, length );
+         hasReadings = true;
+      }
+      if( reading.length > left - header )
+         return false;
+      if( reading.total >= left )
+         return hasReadings;
+      region.begin += reading.total;
+   }
+   return hasReadings;
+}
+
 void LspPingWalk::elements( LspPingContext context, Region region, U32 depth ) {
    if( depth > LspPingMessageReader::deepest ) {
       problem( Code::tooDeep, region.begin, {}, LspPingProblem::noElement, region.size() );
@@ -78,7 +106,7 @@ void LspPingWalk::elements( LspPingContext context, Region region, U32 depth ) {
    if( isOpaque ) {
       alignment = Alignment::none;
    } else if( !region.isCut && !comesOut( context, region, Alignment::four ) &&
-              comesOut( context, region, Alignment::none ) ) {
+              !comesOutAsRead( context, region ) && comesOut( context, region, Alignment::none ) ) {
       alignment = Alignment::none;
       problem( isTlv ? Code::tlvsNotAligned : Code::subTlvsNotAligned, region.begin );
    }
@@ -114,13 +142,19 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
    U32 const header = lspPingHeaderSize( context );
    U32 const left = region.size();
    U32 const code = header == 3 ? U32{ byte( region.begin ) } : word( region.begin );
-   U32 const length = word( region.begin + header - 2 );
+   U32 length = word( region.begin + header - 2 );
+   LspPingElementRow const * const row = quickElementOf(
+      context, code, bytes_.subspan( region.begin, std::min( header + length, left ) ) );
+   bool isOtherReading = false;
+   U32 total = lspPingPadded( header + length );
+   if( row != nullptr && !row->facts.otherReading.empty() ) [[unlikely]] {
+      Reading const reading = readingOf( *row, region, length );
+      isOtherReading = reading.isOther;
+      length = reading.length;
+      total = reading.total;
+   }
    U32 const whole = header + length;
-   // The header of three bytes is counted before the rounding.
-   U32 const total = lspPingPadded( whole );
    U32 const present = std::min( whole, left );
-   LspPingElementRow const * const row =
-      quickElementOf( context, code, bytes_.subspan( region.begin, present ) );
 
    U32 const index = message_.elementCount();
    Data & element = message_.elements_.emplace_back();
@@ -133,6 +167,7 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
    element.after = index + 1;
    element.context = context;
    element.depth = static_cast< U8 >( depth );
+   element.isOtherReading = isOtherReading;
 
    bool const isCut = whole > left;
    if( isCut )
@@ -153,13 +188,53 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
    return total;
 }
 
+// Whether another element of the context, or nothing, begins there.
+bool LspPingWalk::isPlausible( LspPingContext context, Region region, U32 step ) const noexcept {
+   U32 const header = lspPingHeaderSize( context );
+   if( step >= region.size() )
+      return step == region.size();
+   region.begin += step;
+   if( region.size() < header )
+      return false;
+   U32 const code = header == 3 ? U32{ byte( region.begin ) } : word( region.begin );
+   U32 const length = word( region.begin + header - 2 );
+   return header + length <= region.size() &&
+          quickElementOf( context, code, bytes_.subspan( region.begin, header + length ) ) !=
+             nullptr;
+}
+
+// An element about which an RFC contradicts itself, as its bytes and what follows say.
+LspPingWalk::Reading LspPingWalk::readingOf( LspPingElementRow const & row, Region region,
+                                             U32 length ) const noexcept {
+   LspPingElement const & facts = row.facts;
+   U32 const header = row.headerSize();
+   auto const stepOf = [&]( U32 value ) { return lspPingPadded( header + value ); };
+   Reading const asWritten{ length, stepOf( length ),
+                            facts.otherReadingLength != 0 && length == facts.otherReadingLength };
+   if( facts.isUnpadded ) {
+      U32 const whole = header + length;
+      bool const isPadded = asWritten.total != whole && asWritten.total <= region.size() &&
+                            !isPlausible( facts.context, region, whole ) &&
+                            isPlausible( facts.context, region, asWritten.total );
+      return { length, isPadded ? asWritten.total : whole, isPadded };
+   }
+   U32 const other = length - static_cast< U32 >( int{ facts.statedMore } );
+   if( facts.statedMore == 0 || other < facts.leastLength || other > 0xffff ||
+       ( facts.hasFixedLength && other != facts.leastLength ) ||
+       isPlausible( facts.context, region, asWritten.total ) ||
+       !isPlausible( facts.context, region, stepOf( other ) ) )
+      return asWritten;
+   return { other, stepOf( other ), true };
+}
+
 // Lays the row's view over the element if its bytes are there, in place or as a copy with padding.
 void LspPingWalk::view( Data & element, LspPingElementRow const & row ) {
-   if( element.length < row.facts.leastLength ) {
-      problemOf( element, Code::tooShort, { element.length, row.facts.leastLength } );
+   if( element.length < row.facts.shortestLength() ) {
+      problemOf( element, Code::tooShort, { element.length, row.facts.shortestLength() } );
       return;
    }
-   if( element.present < ( row.readsValue ? row.headerSize() + element.length : row.fixedSize() ) )
+   if( element.present <
+       ( row.readsValue ? row.headerSize() + element.length : row.shortestSize() ) )
       return;
    if( row.isDescribed() ) {
       if( U32 const size = row.viewOffset() + row.viewSize; size > element.occupied )
@@ -188,12 +263,7 @@ void LspPingWalk::copy( Data & element, U32 size ) {
 
 void LspPingWalk::judge( Data & element, LspPingElementRow const & row, LspPingVerdict verdict ) {
    if( row.facts.chooser != 0 ) {
-      if( row.facts.otherChooser == 0 )
-         problemOf( element, Code::addressTypeUnknown,
-                    { byte( element.offset + row.facts.chooser ) } );
-      else
-         problemOf( element, Code::notValid );
-      element.hidesBytes = true;
+      unknownChoice( element, row );
       return;
    }
    if( !lengthFits( element ) || !verdict.isFlawed )
@@ -201,6 +271,22 @@ void LspPingWalk::judge( Data & element, LspPingElementRow const & row, LspPingV
    LspPingFlaw const flaw = row.flaw( begin( element ), element.length );
    problem( flaw.code, element.offset + flaw.place, flaw.numbers, indexOf( element ),
             std::min( flaw.placeBytes, element.occupied - flaw.place ) );
+   element.hidesBytes = true;
+}
+
+// The byte that chooses between views has none of their values.
+void LspPingWalk::unknownChoice( Data & element, LspPingElementRow const & row ) {
+   U32 const header = row.headerSize();
+   U32 const chooser = row.facts.chooser;
+   U32 const chosen = byte( element.offset + chooser );
+   if( row.isDescribed() && row.facts.otherChooser == 0 )
+      problemOf( element, Code::addressTypeUnknown, { chosen } );
+   else if( row.isDescribed() )
+      problemOf( element, Code::notValid );
+   else if( chooser < header ) // the length itself
+      problemOf( element, Code::lengthUnknown, { element.length } );
+   else
+      problemOf( element, Code::selectorUnknown, { chosen, chooser - header } );
    element.hidesBytes = true;
 }
 
@@ -231,6 +317,7 @@ void LspPingWalk::body( U32 index, LspPingElementRow const & row ) {
    switch( row.facts.behind ) {
    case LspPingBehind::nothing:
    case LspPingBehind::padding:
+   case LspPingBehind::tail:
       return;
    case LspPingBehind::elements:
       elements( row.facts.inside, region, element.depth + 1u );
@@ -245,12 +332,12 @@ void LspPingWalk::body( U32 index, LspPingElementRow const & row ) {
       // A view that describes one of them takes it with it.
       elements( LspPingContext::p2mpResponder, region, element.depth + 1u );
       return;
-   case LspPingBehind::vendorTlvs:
-      if( element.isValid )
-         elements( LspPingContext::vendorPrivate, region, element.depth + 1u );
+   case LspPingBehind::counted:
+      counted( index, row.facts.inside, region );
       return;
    case LspPingBehind::subTlvs:
-      subTlvs( index, region );
+      isMappingIpv6_ = byte( element.offset + 6 ) == 3 || byte( element.offset + 6 ) == 4;
+      counted( index, LspPingContext::ddmap, region );
       return;
    case LspPingBehind::stackChangeFec:
       stackChangeFec( index, region );
@@ -285,19 +372,19 @@ void LspPingWalk::contents( U32 index, LspPingContext context, Region region ) {
       elements( context, region, at( index ).depth + 1u );
 }
 
-void LspPingWalk::subTlvs( U32 index, Region region ) {
-   U32 const offset = at( index ).offset;
-   U32 const depth = at( index ).depth + 1u;
+// Elements of as many bytes as the word before them says.
+void LspPingWalk::counted( U32 index, LspPingContext context, Region region ) {
    U32 const length = word( region.begin - 2 );
    if( length > region.size() ) {
-      problem( Code::subTlvsBeyond, region.begin - 2, { length, region.size() }, index );
+      problem( context == LspPingContext::opaqueValue ? Code::opaqueValueBeyond
+                                                      : Code::subTlvsBeyond,
+               region.begin - 2, { length, region.size() }, index );
       region.isCut = true;
    } else {
       leftOver( index, { region.begin + length, region.end } );
       region = { region.begin, region.begin + length };
    }
-   isMappingIpv6_ = byte( offset + 6 ) == 3 || byte( offset + 6 ) == 4;
-   elements( LspPingContext::ddmap, region, depth );
+   elements( context, region, at( index ).depth + 1u );
 }
 
 // One FEC, and perhaps the TLV of the whole stack around it: the RFC uses the word for both.

@@ -2,7 +2,6 @@
 
 #include "MplsUtils/LspPing/fec/LspPingP2mpFec.h"
 #include "MplsUtils/LspPing/platform/base/OutOfMemory.h"
-#include "MplsUtils/LspPing/tlv/LspPingVeloraVendorPrivateTlv.h"
 
 #include <cstring>
 #include <limits>
@@ -94,12 +93,6 @@ bool LspPingMessageWriter::reply( LspPingMessage const & request, LspPingReturnC
    return errored.close();
 }
 
-// Whether a vendor's TLV is one of ours, so that there are elements in it.
-bool LspPingMessageWriter::isOurs( Level const & level ) const noexcept {
-   // Its fixed part is there, and the view has no alignment.
-   return reinterpret_cast< LspPingVeloraVendorPrivateTlv const * >( at( level.begin ) )->valid();
-}
-
 bool LspPingMessageWriter::isMappingIpv6() const noexcept {
    for( std::size_t i = depth(); i > 0; --i ) {
       LspPingBehind const behind = levels_[i].behind();
@@ -122,6 +115,7 @@ bool LspPingMessageWriter::mayStand( LspPingContext context, U32 code ) const no
    bool const isFirst = size_ == parent->content;
    switch( parent->behind() ) {
    case LspPingBehind::elements:
+   case LspPingBehind::counted:
       return context == parent->facts->inside;
    case LspPingBehind::tlvs:
       return context == LspPingContext::message;
@@ -138,8 +132,6 @@ bool LspPingMessageWriter::mayStand( LspPingContext context, U32 code ) const no
                             code == static_cast< U32 >( LspPingTlvType::TargetFecStack ) ) );
    case LspPingBehind::responderTlvs:
       return context == LspPingContext::p2mpResponder;
-   case LspPingBehind::vendorTlvs:
-      return context == LspPingContext::vendorPrivate && isOurs( *parent );
    case LspPingBehind::opaqueValues:
       return context == LspPingContext::opaqueValue;
    default:
@@ -156,9 +148,8 @@ bool LspPingMessageWriter::takesBytes( Level const & level, std::size_t count ) 
    case LspPingBehind::nothing:
       return !level.isView;
    case LspPingBehind::padding:
+   case LspPingBehind::tail:
       return true;
-   case LspPingBehind::vendorTlvs:
-      return !isOurs( level );
    default:
       return false;
    }
@@ -275,6 +266,7 @@ Error LspPingMessageWriter::finish( Level const & level ) noexcept {
       if( inside == 0 )
          return Error::nothingInIt;
       break;
+   case LspPingBehind::counted:
    case LspPingBehind::subTlvs:
    case LspPingBehind::opaqueValues:
       wordIs( level.content - 2, inside );
@@ -298,9 +290,10 @@ Error LspPingMessageWriter::finish( Level const & level ) noexcept {
       return Error::tooShort;
    wordIs( lengthAt, length );
    // Opaque values follow each other without padding, RFC 6388 section 2.3.
-   U32 const end = level.begin + ( level.context == LspPingContext::opaqueValue
-                                      ? header + length
-                                      : lspPingPadded( header + length ) );
+   bool const isUnpadded =
+      level.context == LspPingContext::opaqueValue || ( facts != nullptr && facts->isUnpadded );
+   U32 const end =
+      level.begin + ( isUnpadded ? header + length : lspPingPadded( header + length ) );
    return room( end - size_ ) == nullptr ? Error::noRoom : Error::none;
 }
 
@@ -390,8 +383,9 @@ bool LspPingMessageWriter::add( LspPingElementRef element ) noexcept {
    std::span< U8 const > const bytes = element.bytes();
    std::span< U8 const > const padded = element.paddedBytes();
    U32 const size = static_cast< U32 >( bytes.size() );
-   U32 const total =
-      element.context() == LspPingContext::opaqueValue ? size : lspPingPadded( size );
+   U32 const total = element.context() == LspPingContext::opaqueValue || element.isUnpadded()
+                        ? size
+                        : lspPingPadded( size );
    U32 const id = begin( element.context(), nullptr, element.code(), total, total );
    Level const * const level = topOf( id );
    if( level == nullptr )

@@ -218,7 +218,6 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    Level * topOf( U32 id ) noexcept {
       return id != noId && !isFilling() && ( top_->id & ~slowly ) == id ? top_ : nullptr;
    }
-   bool isOurs( Level const & level ) const noexcept;
    bool isMappingIpv6() const noexcept;
    // Before the information stand in the sub-TLV its type, its length and a byte, in the TLV its
    // type, a byte and its length.

@@ -41,7 +41,17 @@ class LspPingWalk {
       none,
    };
 
+   // What an element's length means, and how far the next one is away.
+   struct Reading {
+      U32 length;
+      U32 total;
+      bool isOther;
+   };
+
    void header();
+   bool isPlausible( LspPingContext context, Region region, U32 step ) const noexcept;
+   Reading readingOf( LspPingElementRow const & row, Region region, U32 length ) const noexcept;
+   bool comesOutAsRead( LspPingContext context, Region region ) const noexcept;
    bool comesOut( LspPingContext context, Region region, Alignment alignment ) const noexcept;
    void elements( LspPingContext context, Region region, U32 depth );
    U32 element( LspPingContext context, Region region, U32 depth, Alignment alignment );
@@ -50,10 +60,11 @@ class LspPingWalk {
    [[gnu::always_inline]] inline void judge( Data & element, LspPingElementRow const & row,
                                              LspPingVerdict verdict );
    [[gnu::cold, gnu::noinline]] void copy( Data & element, U32 size );
+   [[gnu::cold]] void unknownChoice( Data & element, LspPingElementRow const & row );
    bool lengthFits( Data const & element );
    void body( U32 index, LspPingElementRow const & row );
    void contents( U32 index, LspPingContext context, Region region );
-   void subTlvs( U32 index, Region region );
+   void counted( U32 index, LspPingContext context, Region region );
    void stackChangeFec( U32 index, Region region );
    void opaqueValues( U32 index, Region region );
    void identifiers( U32 index, Region region );

@@ -22,8 +22,9 @@ class LSPPING_EXPORT LspPingVeloraVendorPrivateTlv
    : public Kiv::Typed< LspPingVeloraVendorPrivateTlv, LspPingTlvHdr > {
  public:
    static constexpr auto element = LspPingElement::tlv( LspPingTlvType::VeloraVendorPrivate )
+                                      .whenWord( 4, LspPingVendorIana::VeloraIana )
                                       .atLeast( 4 )
-                                      .followedBy( LspPingBehind::vendorTlvs );
+                                      .followedBy< LspPingVeloraVendorPrivateType >();
 
    /// IANA Private Enterprise Number of the vendor that defines what follows.
    constexpr U32 vendorIana() const noexcept { return vendorIana_.value(); }

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <span>
 #include <string_view>
@@ -13,14 +14,10 @@
 
 namespace LspPing {
 
-/// The enumerations of module LspPingTypes, of which those of codes make contexts.
-template < class Codes >
-concept LspPingCodes = std::is_enum_v< Codes > && LspPingTypesTypes::contains< Codes >;
-
-/// What an element stands in, which says what its code means: the codes' enumeration, by its place
-/// in module LspPingTypes. These have names; every other enumeration makes a context as well.
-/// Errored TLVs hold TLVs as a message does, and a FEC stack change holds a FEC as the stack does
-/// (RFC 8029 sections 3.8 and 3.4.1.3).
+/// What an element stands in, which says what its code means: the enumeration of the codes, by its
+/// place in module LspPingTypes, or behind those by its place in another module. These have names;
+/// every other enumeration makes a context as well. Errored TLVs hold TLVs as a message does, and a
+/// FEC stack change holds a FEC as the stack does (RFC 8029 sections 3.8 and 3.4.1.3).
 enum class LspPingContext : U8 {
    message = LspPingTypesTypes::indexOf< LspPingTlvType >(),
    targetFec = LspPingTypesTypes::indexOf< LspPingTargetFecSubTlvType >(),
@@ -30,11 +27,26 @@ enum class LspPingContext : U8 {
    /// Type and length take three bytes, not four.
    opaqueValue = LspPingTypesTypes::indexOf< LspPingP2mpFecStackSubTlvType >(),
 };
-inline constexpr std::size_t lspPingContextCount = LspPingTypesTypes::size;
+
+template < class Codes >
+requires LspPingTypesTypes::contains< Codes >
+constexpr LspPingContext lspPingContext( Kiv::Of< Codes > ) noexcept {
+   return static_cast< LspPingContext >( LspPingTypesTypes::indexOf< Codes >() );
+}
+
+/// An enumeration of codes. Other modules say of theirs which context they make, or which they add
+/// codes to.
+template < class Codes >
+concept LspPingCodes = std::is_enum_v< Codes > && requires {
+   lspPingContext( Kiv::Of< Codes >{} );
+};
 
 template < LspPingCodes Codes >
-inline constexpr LspPingContext
-   lspPingContextOf = static_cast< LspPingContext >( LspPingTypesTypes::indexOf< Codes >() );
+inline constexpr LspPingContext lspPingContextOf = lspPingContext( Kiv::Of< Codes >{} );
+
+template < class Codes, LspPingContext context >
+concept LspPingCodesIn = LspPingCodes< Codes > && lspPingContextOf< Codes >
+== context;
 
 /// Bytes of the header of type and length.
 constexpr U32 lspPingHeaderSize( LspPingContext context ) noexcept {
@@ -48,10 +60,10 @@ enum class LspPingBehind : U8 {
    elements,       ///< to the end of the value, with the codes of `inside`
    tlvs,           ///< TLVs as in a message
    fecs,           ///< the stack of FECs
+   counted,        ///< with the codes of `inside`: as many bytes as the word before them says
    subTlvs,        ///< of a detailed mapping: as many bytes as the word before them says
    stackChangeFec, ///< one FEC: as many bytes as the byte at 6 says
    responderTlvs,  ///< who answers for a point-to-multipoint LSP
-   vendorTlvs,     ///< if the vendor is ours
    opaqueValues,   ///< of a multipoint LDP FEC, behind its root's address
    identifiers,    ///< the three attachment identifiers of a pseudowire
    multipath,      ///< multipath information: as many bytes as the word three bytes before it says
@@ -59,6 +71,7 @@ enum class LspPingBehind : U8 {
    protocolLabels, ///< labels with their protocols
    labelStack,     ///< label stack entries as they are sent
    padding,        ///< bytes without a meaning
+   tail,           ///< to the end of the value, what the view itself gives: lists, addresses
 };
 
 /// The facts of an element that every reader and writer needs. A class has them beside it, once:
@@ -90,6 +103,8 @@ struct LspPingElement {
    LspPingContext context = LspPingContext::message;
    std::array< U16, maxCodes > codes{};
    U8 codeCount = 0;
+   /// All codes from the first to the second, where nothing else has them.
+   bool isCodeRange = false;
    std::array< Selector, maxSelectors > selectors{};
    U8 selectorCount = 0;
    /// Where not 0, the element is the header that several views share, and the byte at this offset
@@ -102,31 +117,46 @@ struct LspPingElement {
    /// The value has just that length, or the other one where there are two.
    bool hasFixedLength = false;
    U16 otherLength = 0;
+   /// By so much the length that the RFC states differs from what it draws. It is taken for that
+   /// where the bytes say so: what follows comes out with the one and not with the other.
+   std::int8_t statedMore = 0;
+   /// No padding follows, unless the bytes say so.
+   bool isUnpadded = false;
+   /// What to say of the less usual reading: that of the stated length, of this other length, or
+   /// of padding where there should be none.
+   std::string_view otherReading;
+   U16 otherReadingLength = 0;
    /// The view is laid over the value, not over the header.
    bool isOverValue = false;
    LspPingBehind behind = LspPingBehind::nothing;
-   /// Of `LspPingBehind::elements`.
+   /// Of `LspPingBehind::elements` and `counted`.
    LspPingContext inside = LspPingContext::message;
    /// The code as people say it, where `message/LspPingWords.cpp` does not.
    std::string_view words;
 
-   static constexpr LspPingElement tlv( LspPingTlvType code ) {
-      return of( LspPingContext::message, static_cast< U32 >( code ) );
+   template < LspPingCodesIn< LspPingContext::message > Code >
+   static constexpr LspPingElement tlv( Code code ) {
+      return subTlv( code );
    }
-   static constexpr LspPingElement targetFec( LspPingTargetFecSubTlvType code ) {
-      return of( LspPingContext::targetFec, static_cast< U32 >( code ) );
+   template < LspPingCodesIn< LspPingContext::targetFec > Code >
+   static constexpr LspPingElement targetFec( Code code ) {
+      return subTlv( code );
    }
-   static constexpr LspPingElement ddmapSubTlv( LspPingDDMappingSubTlvType code ) {
-      return of( LspPingContext::ddmap, static_cast< U32 >( code ) );
+   template < LspPingCodesIn< LspPingContext::ddmap > Code >
+   static constexpr LspPingElement ddmapSubTlv( Code code ) {
+      return subTlv( code );
    }
-   static constexpr LspPingElement responderSubTlv( LspPingP2mpRespTlvType code ) {
-      return of( LspPingContext::p2mpResponder, static_cast< U32 >( code ) );
+   template < LspPingCodesIn< LspPingContext::p2mpResponder > Code >
+   static constexpr LspPingElement responderSubTlv( Code code ) {
+      return subTlv( code );
    }
-   static constexpr LspPingElement vendorSubTlv( LspPingVeloraVendorPrivateType code ) {
-      return of( LspPingContext::vendorPrivate, static_cast< U32 >( code ) );
+   template < LspPingCodesIn< LspPingContext::vendorPrivate > Code >
+   static constexpr LspPingElement vendorSubTlv( Code code ) {
+      return subTlv( code );
    }
-   static constexpr LspPingElement opaqueValue( LspPingP2mpFecStackSubTlvType code ) {
-      return of( LspPingContext::opaqueValue, static_cast< U32 >( code ) );
+   template < LspPingCodesIn< LspPingContext::opaqueValue > Code >
+   static constexpr LspPingElement opaqueValue( Code code ) {
+      return subTlv( code );
    }
    /// Of what is followed by elements with such codes.
    template < LspPingCodes Code >
@@ -134,6 +164,14 @@ struct LspPingElement {
       return of( lspPingContextOf< Code >, static_cast< U32 >( code ) );
    }
 
+   /// All codes in the range, as far as nothing else has them.
+   template < class Code >
+   constexpr LspPingElement upTo( Code last ) const {
+      LspPingElement more = *this;
+      more.codes[1] = static_cast< U16 >( last );
+      more.isCodeRange = true;
+      return more;
+   }
    /// A deprecated code that lives on beside the first one.
    template < class Code >
    constexpr LspPingElement also( Code code ) const {
@@ -156,6 +194,15 @@ struct LspPingElement {
          selector.values[selector.valueCount++] = static_cast< U8 >( value );
       return more;
    }
+   /// Only where the four bytes from `offset` on have the value.
+   template < class Value >
+   constexpr LspPingElement whenWord( U8 offset, Value value ) const {
+      U32 const word = static_cast< U32 >( value );
+      LspPingElement more = *this;
+      for( U8 i = 0; i < 4; ++i )
+         more = more.when( static_cast< U8 >( offset + i ), word >> ( 24 - 8 * i ) & 0xff );
+      return more;
+   }
    constexpr LspPingElement chosenBy( U8 offset, U8 otherOffset = 0 ) const {
       LspPingElement more = *this;
       more.chooser = offset;
@@ -175,6 +222,27 @@ struct LspPingElement {
    constexpr LspPingElement orLength( std::size_t bytes ) const {
       LspPingElement more = *this;
       more.otherLength = static_cast< U16 >( bytes );
+      return more;
+   }
+   /// The RFC contradicts itself and means this length, too, which is told in words.
+   constexpr LspPingElement orLength( std::size_t bytes, std::string_view reading ) const {
+      LspPingElement more = orLength( bytes );
+      more.otherReading = reading;
+      more.otherReadingLength = more.otherLength;
+      return more;
+   }
+   /// The RFC states a length that differs from its picture.
+   constexpr LspPingElement orStated( int more, std::string_view reading ) const {
+      LspPingElement with = *this;
+      with.statedMore = static_cast< std::int8_t >( more );
+      with.otherReading = reading;
+      return with;
+   }
+   /// \param reading  What to say where padding follows all the same.
+   constexpr LspPingElement unpadded( std::string_view reading ) const {
+      LspPingElement more = *this;
+      more.isUnpadded = true;
+      more.otherReading = reading;
       return more;
    }
    constexpr LspPingElement atLeast( std::size_t bytes ) const {
@@ -199,6 +267,13 @@ struct LspPingElement {
       more.inside = lspPingContextOf< Codes >;
       return more;
    }
+   /// The same, as many bytes as the word before them says.
+   template < LspPingCodes Codes >
+   constexpr LspPingElement followedByCounted() const {
+      LspPingElement more = followedBy< Codes >();
+      more.behind = LspPingBehind::counted;
+      return more;
+   }
    constexpr LspPingElement inWords( std::string_view text ) const {
       LspPingElement more = *this;
       more.words = text;
@@ -207,12 +282,18 @@ struct LspPingElement {
 
    constexpr U16 code() const noexcept { return codes[0]; }
    constexpr bool hasCode( U32 code ) const noexcept {
+      if( isCodeRange )
+         return code >= codes[0] && code <= codes[1];
       return code == codes[0] || ( codeCount > 1 && code == codes[1] );
    }
    constexpr bool hasLength( U32 length ) const noexcept {
       if( !hasFixedLength )
          return length >= leastLength;
       return length == leastLength || ( otherLength != 0 && length == otherLength );
+   }
+   /// The least one of the lengths.
+   constexpr U16 shortestLength() const noexcept {
+      return otherLength != 0 && otherLength < leastLength ? otherLength : leastLength;
    }
    /// Whether other elements stand in it.
    constexpr bool isContainer() const noexcept {

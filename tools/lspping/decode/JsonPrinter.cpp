@@ -105,14 +105,9 @@ void JsonPrinter::element( LspPing::LspPingElementRef element ) {
       writeKey( json_, "attributes" );
       writeAttributes( json_, type, object.get(),
                        { Kiv::attributeNamed( type, "stringValue" ).attribute, text_.view() } );
-      if( element.row()->isNonIp ) {
-         writeKey( json_, "nonIp" );
-         json_.StartObject();
-         for( NamedNumber const & field : nonIpFields( element ) )
-            member( field.name, field.number );
-         json_.EndObject();
-      }
    }
+   if( std::string_view const reading = element.reading(); !reading.empty() )
+      member( "reading", reading );
    if( showsBytes( element ) )
       bytesMember( "hex", element.bytes() );
    if( element.hasMultipath() )

@@ -52,24 +52,6 @@ void appendCodeName( Orlo::StringBuilder & out, LspPing::LspPingElementRef eleme
       out.appendDecimal( element.code() );
 }
 
-std::vector< NamedNumber > nonIpFields( LspPing::LspPingElementRef element ) {
-   U8 const * const at = element.bytes().data();
-   // The numbers have no alignment.
-   auto const u32 = [at]( std::size_t offset ) {
-      return reinterpret_cast< Velnet::NetU32 const * >( at + offset )->value();
-   };
-   U32 const length = reinterpret_cast< Velnet::NetU16 const * >( at + 18 )->value();
-   std::vector< NamedNumber > fields{ { "ingressIfNum", u32( 8 ) }, { "egressIfNum", u32( 12 ) } };
-   if( element.isContainer() )
-      fields.insert( fields.end(),
-                     { { "retCode", at[16] }, { "retSubcode", at[17] }, { "subTlvLen", length } } );
-   else
-      fields.insert(
-         fields.end(),
-         { { "multipathType", at[16] }, { "depthLimit", at[17] }, { "multipathLength", length } } );
-   return fields;
-}
-
 void appendProtocol( Orlo::StringBuilder & out, U8 protocol ) {
    appendText( out, static_cast< LspPing::LspPingDownstreamSignalingProtocol >( protocol ) );
 }

@@ -8,8 +8,6 @@
 
 #include <memory>
 #include <span>
-#include <string_view>
-#include <vector>
 
 // The smaller things that a message shows, for both printers.
 namespace LspPingTool {
@@ -39,14 +37,6 @@ bool showsBytes( LspPing::LspPingElementRef element ) noexcept;
 
 /// The name of the element's code, or else the number.
 void appendCodeName( Orlo::StringBuilder & out, LspPing::LspPingElementRef element );
-
-struct NamedNumber {
-   std::string_view name;
-   U32 number;
-};
-/// The fixed part of a mapping of address type 5 behind what its view has, RFC 6426 section 2.1.1.
-/// The element must have that part.
-std::vector< NamedNumber > nonIpFields( LspPing::LspPingElementRef element );
 
 /// A LspPingDownstreamSignalingProtocol by its name, or its number.
 void appendProtocol( Orlo::StringBuilder & out, U8 protocol );

@@ -108,8 +108,6 @@ void TextPrinter::elementLine( LspPing::LspPingElementRef element ) {
          appendWithoutNamespace( out_, element.type().name() );
       }
       out_.append( '\n' );
-      if( element.row()->isNonIp )
-         nonIpLine( element );
       if( showsBytes( element ) )
          bytesLine( depth + 2, element.bytes() );
    } else {
@@ -125,6 +123,12 @@ void TextPrinter::elementLine( LspPing::LspPingElementRef element ) {
       }
       out_.append( '\n' );
    }
+   if( std::string_view const reading = element.reading(); !reading.empty() ) {
+      indent( depth + 2 );
+      out_.append( "Reading( " );
+      out_.append( reading );
+      out_.append( " )\n" );
+   }
    if( element.hasMultipath() )
       multipathLine( element );
    if( element.hasLabels() )
@@ -135,19 +139,6 @@ void TextPrinter::bytesLine( U32 level, std::span< U8 const > bytes ) {
    indent( level );
    out_.append( "Bytes( " );
    out_.appendHexBytes( bytes );
-   out_.append( " )\n" );
-}
-
-void TextPrinter::nonIpLine( LspPing::LspPingElementRef element ) {
-   std::string_view separator = "NonIp( ";
-   indent( element.depth() + 2 );
-   for( NamedNumber const & field : nonIpFields( element ) ) {
-      out_.append( separator );
-      separator = ", ";
-      out_.append( field.name );
-      out_.append( ": " );
-      out_.appendDecimal( field.number );
-   }
    out_.append( " )\n" );
 }
 

@@ -26,7 +26,6 @@ class TextPrinter final : public Printer {
    void elementLine( LspPing::LspPingElementRef element );
    void labelLines( LspPing::LspPingElementRef element );
    void bytesLine( U32 level, std::span< U8 const > bytes );
-   void nonIpLine( LspPing::LspPingElementRef element );
    void multipathLine( LspPing::LspPingElementRef element );
    void recordLines( LspPing::LspPingMessage const & message );
    void problemLine( std::size_t offset, std::string_view text );
