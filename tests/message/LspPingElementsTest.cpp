@@ -1,5 +1,6 @@
 #include "MplsUtils/LspPing/message/LspPingElements.h"
 #include "MplsUtils/LspPing/LspPingHdr.h"
+#include "MplsUtils/LspPing/ext/LspPingExt.h"
 #include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +20,7 @@ TEST( LspPingElements, haveANameAndARegisteredType ) {
 TEST( LspPingElements, haveViewsThatNeedNoMoreThanThePaddedValue ) {
    for( LspPingElementRow const & row : lspPingElements() ) {
       EXPECT_LE( row.viewOffset() + row.viewSize,
-                 row.headerSize() + ( row.facts.leastLength + 3u ) / 4 * 4 )
+                 row.headerSize() + ( row.facts.shortestLength() + 3u ) / 4 * 4 )
          << row.code();
    }
 }
@@ -54,7 +55,7 @@ TEST( LspPingElements, areTheClassesOfTheList ) {
    auto const rowsOf = []( Kiv::TypeId type ) {
       std::vector< U16 > codes;
       for( LspPingElementRow const & row : lspPingElements() )
-         if( row.type == type && !row.isNonIp )
+         if( row.type == type )
             codes.push_back( row.code() );
       return codes;
    };
@@ -78,6 +79,19 @@ TEST( LspPingElements, haveTheCodesOfEveryElementThatTheyDeriveFrom ) {
       }
    }
    EXPECT_GT( derived, 8u );
+}
+
+// What vendors defined has the codes that nobody else has, or another vendor's number.
+TEST( LspPingElements, areAVendorsBehindAllOthers ) {
+   auto const typeOf = []( U32 code, std::vector< U8 > const & bytes ) {
+      return elementOf( LspPingContext::message, code, bytes )->type;
+   };
+   constexpr Kiv::TypeId anyVendors = Kiv::typeIdOf< LspPingVendorPrivateTlv >;
+   EXPECT_EQ( typeOf( 64512, {} ), anyVendors );
+   EXPECT_EQ( typeOf( 65535, {} ), anyVendors );
+   EXPECT_EQ( typeOf( 65261, { 0xfe, 0xed, 0, 4, 0, 0, 0, 9 } ), anyVendors );
+   EXPECT_EQ( typeOf( 65261, { 0xfe, 0xed, 0, 4, 0, 0, 0x7e, 0xd9 } ),
+              Kiv::typeIdOf< LspPingVeloraVendorPrivateTlv > );
 }
 
 // A node's address among the responders' TLVs has a view only where it is just that.
@@ -129,8 +143,9 @@ TEST( LspPingElements, haveTheContextOfTheirCodes ) {
 }
 
 TEST( LspPingElements, areNotFoundUnderOtherCodes ) {
-   EXPECT_EQ( elementOf( LspPingContext::message, 4, {} ), nullptr );
-   EXPECT_EQ( elementOf( LspPingContext::message, 65262, {} ), nullptr );
+   EXPECT_EQ( elementOf( LspPingContext::message, 8, {} ), nullptr );
+   EXPECT_EQ( elementOf( LspPingContext::message, 28, {} ), nullptr );
+   EXPECT_EQ( elementOf( LspPingContext::message, 64511, {} ), nullptr );
    EXPECT_EQ( elementOf( LspPingContext::targetFec, 0, {} ), nullptr );
    EXPECT_EQ( elementOf( LspPingContext::opaqueValue, 2, {} ), nullptr );
 }

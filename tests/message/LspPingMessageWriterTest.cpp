@@ -1,4 +1,5 @@
 #include "MplsUtils/LspPing/LspPingHdr.h"
+#include "MplsUtils/LspPing/ext/LspPingExt.h"
 #include "tests/WireBytes.h"
 #include "tests/message/MessageBytes.h"
 
@@ -276,11 +277,16 @@ TEST( LspPingMessageWriter, writesTheContainersThatHaveNoClass ) {
               "00 01 00 04 00 02 00 00" );
    // Another vendor's bytes are its own.
    EXPECT_EQ( written( []( Writer & writer ) {
-                 auto vendor = writer.open< LspPingVeloraVendorPrivateTlv >(
-                    []( auto & tlv ) { tlv.vendorIanaIs( 9 ); } );
+                 auto vendor = writer.open< LspPingVendorPrivateTlv >(
+                    65261, []( auto & tlv ) { tlv.enterpriseNumberIs( 9 ); } );
                  vendor.bytes( Bytes{ 1, 2, 3 } );
               } ),
               "fe ed 00 07 00 00 00 09 01 02 03 00" );
+   EXPECT_EQ( written( []( Writer & writer ) {
+                 auto vendor = writer.open< LspPingVeloraVendorPrivateTlv >(
+                    []( auto & tlv ) { tlv.vendorIanaIs( 9 ); } );
+              } ),
+              "selectorWrong at 32: " );
 }
 
 // An address type that has no view of its own, RFC 6426 section 2.1.1: the fixed part goes on.

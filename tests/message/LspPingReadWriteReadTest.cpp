@@ -35,6 +35,7 @@ constexpr bool areWritten( Kiv::TypeList< Ts... > ) {
    return ( isWritten< Ts >() && ... );
 }
 static_assert( areWritten( LspPingHdrTypes{} ) );
+static_assert( areWritten( LspPingExtTypes{} ) );
 
 // What became of the message: empty where reading, writing and reading gives the same.
 std::string differenceOf( std::span< U8 const > bytes, LspPingMessageReader & reader,

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "MplsUtils/LspPing/LspPingHdr.h"
+#include "MplsUtils/LspPing/ext/LspPingExt.h"
+#include "MplsUtils/LspPing/ext/LspPingExtModule.h"
 #include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
 
 #include <random>
@@ -55,6 +57,11 @@ class RandomMessage {
    }
    void behind( Writer & writer, Open & open, Row const & row, U32 depth );
    void multipath( Open & open );
+   // What stands behind the views that go on to the end of the value.
+   void tail( Open & open, Row const & row ) {
+      static_cast< void >( row );
+      open.bytes( some( below( 9 ) ) );
+   }
    Velnet::IpGenAddr address( bool isIpv6 ) {
       U8 const last = static_cast< U8 >( random_() );
       if( !isIpv6 )
@@ -97,13 +104,12 @@ inline void RandomMessage::element( Writer & writer, Context context, U32 depth 
 inline void RandomMessage::element( Writer & writer, Row const & row, U32 depth ) {
    if( row.type ) {
       viewedOf( LspPing::LspPingHdrTypes{}, writer, row, depth );
+      viewedOf( LspPing::LspPingExtTypes{}, writer, row, depth );
       return;
    }
    auto open = writer.open( row.facts.context, row.code() );
    U32 const least = row.facts.leastLength;
    Bytes value = some( row.facts.hasFixedLength ? least : least + below( 6 ) );
-   if( row.facts.context == Context::targetFec && row.code() == 2 )
-      value.back() = static_cast< U8 >( below( 129 ) );
    if( row.facts.behind == Behind::nothing )
       open.bytes( value );
    behind( writer, open, row, depth );
@@ -169,11 +175,6 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
             view.prefixLenIs( static_cast< U8 >( below( 8 * sizeof( view.ipPrefix() ) + 1 ) ) );
          if constexpr( requires { view.pwId(); } )
             view.mbzIs( 0 );
-         if constexpr( requires { view.vendorIana(); } ) {
-            using LspPing::LspPingVendorIana;
-            view.vendorIanaIs(
-               below( 2 ) == 0 ? 9 : static_cast< U32 >( LspPingVendorIana::VeloraIana ) );
-         }
          if( facts.otherLength != 0 && below( 2 ) == 0 )
             bytes[3] = static_cast< U8 >( facts.otherLength );
       };
@@ -195,7 +196,10 @@ inline void RandomMessage::behind( Writer & writer, Open & open, Row const & row
    case Behind::nothing:
    case Behind::padding:
       return;
+   case Behind::tail:
+      return tail( open, row );
    case Behind::elements:
+   case Behind::counted:
       return children( writer, row.facts.inside, depth + 1, 0 );
    case Behind::tlvs:
       return children( writer, Context::message, depth + 1, 1 );
@@ -212,15 +216,6 @@ inline void RandomMessage::behind( Writer & writer, Open & open, Row const & row
          return element( writer, Context::targetFec, depth + 1 );
       auto const stack = writer.open( LspPing::LspPingTlvType::TargetFecStack );
       return element( writer, Context::targetFec, depth + 2 );
-   }
-   case Behind::vendorTlvs: {
-      // Which of the two it is, the TLV says in its second word.
-      std::span< U8 const > const message = writer.bytes();
-      if( message[message.size() - 1] == 9 && message[message.size() - 2] == 0 )
-         open.bytes( some( below( 6 ) ) );
-      else
-         children( writer, Context::vendorPrivate, depth + 1, 0 );
-      return;
    }
    case Behind::opaqueValues:
       if( below( 2 ) == 0 )
