@@ -193,7 +193,8 @@ TEST( LspPingReadWriteRead, findsEachElementOfTheTable ) {
       default:
          random.elementInside( writer, row );
       }
-      ASSERT_EQ( lspPingWriteErrorName( writer.error().code ), "none" ) << row.code();
+      ASSERT_EQ( lspPingWriteErrorName( writer.error().code ), "none" )
+         << lspPingContextName( row.facts.context ) << ' ' << row.code();
       LspPingMessageReader reader;
       LspPingMessage const & message = reader.read( memory );
       EXPECT_EQ( problemOf( memory ), "" ) << row.code();

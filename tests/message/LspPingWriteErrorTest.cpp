@@ -86,7 +86,7 @@ TEST( LspPingMessageWriter, refusesWhatContradictsTheFacts ) {
    EXPECT_EQ( written( []( Writer & writer ) {
                  auto stack = writer.open( LspPingTlvType::TargetFecStack );
                  addLdp( writer );
-                 writer.add( LspPingContext::targetFec, 2, Bytes{ 1, 2 } );
+                 writer.add< LspPingVpnIpv4SubTlv >( []( auto & fec ) { fec.lengthIs( 14 ); } );
               } ),
               "lengthWrong at 48: 00 01 00 0c " + std::string( ldp ) );
    EXPECT_EQ( written( []( Writer & writer ) {

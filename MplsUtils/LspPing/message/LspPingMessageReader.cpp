@@ -188,19 +188,26 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
    return total;
 }
 
-// Whether another element of the context, or nothing, begins there.
-bool LspPingWalk::isPlausible( LspPingContext context, Region region, U32 step ) const noexcept {
+// Whether elements of the context, or nothing, begin behind as many bytes. A few are looked at, so
+// that the walk stays linear.
+bool LspPingWalk::isPlausible( LspPingContext context, Region region, U32 step,
+                               Codes codes ) const noexcept {
+   constexpr int few = 4;
    U32 const header = lspPingHeaderSize( context );
-   if( step >= region.size() )
-      return step == region.size();
-   region.begin += step;
-   if( region.size() < header )
-      return false;
-   U32 const code = header == 3 ? U32{ byte( region.begin ) } : word( region.begin );
-   U32 const length = word( region.begin + header - 2 );
-   return header + length <= region.size() &&
-          quickElementOf( context, code, bytes_.subspan( region.begin, header + length ) ) !=
-             nullptr;
+   for( int i = 0; i < few && step != region.size(); ++i ) {
+      if( step > region.size() || region.size() - step < header )
+         return false;
+      region.begin += step;
+      U32 const code = header == 3 ? U32{ byte( region.begin ) } : word( region.begin );
+      U32 const whole = header + word( region.begin + header - 2 );
+      if( whole > region.size() || code == 0 )
+         return false;
+      if( codes == Codes::known &&
+          quickElementOf( context, code, bytes_.subspan( region.begin, whole ) ) == nullptr )
+         return false;
+      step = std::min( lspPingPadded( whole ), region.size() );
+   }
+   return true;
 }
 
 // An element about which an RFC contradicts itself, as its bytes and what follows say.
@@ -213,16 +220,16 @@ LspPingWalk::Reading LspPingWalk::readingOf( LspPingElementRow const & row, Regi
                             facts.otherReadingLength != 0 && length == facts.otherReadingLength };
    if( facts.isUnpadded ) {
       U32 const whole = header + length;
-      bool const isPadded = asWritten.total != whole && asWritten.total <= region.size() &&
-                            !isPlausible( facts.context, region, whole ) &&
-                            isPlausible( facts.context, region, asWritten.total );
+      bool const isPadded = asWritten.total != whole &&
+                            !isPlausible( facts.context, region, whole, Codes::known ) &&
+                            isPlausible( facts.context, region, asWritten.total, Codes::known );
       return { length, isPadded ? asWritten.total : whole, isPadded };
    }
    U32 const other = length - static_cast< U32 >( int{ facts.statedMore } );
    if( facts.statedMore == 0 || other < facts.leastLength || other > 0xffff ||
        ( facts.hasFixedLength && other != facts.leastLength ) ||
-       isPlausible( facts.context, region, asWritten.total ) ||
-       !isPlausible( facts.context, region, stepOf( other ) ) )
+       isPlausible( facts.context, region, asWritten.total, Codes::any ) ||
+       !isPlausible( facts.context, region, stepOf( other ), Codes::known ) )
       return asWritten;
    return { other, stepOf( other ), true };
 }

@@ -286,7 +286,7 @@ Error LspPingMessageWriter::finish( Level const & level ) noexcept {
    }
    if( facts != nullptr && facts->hasFixedLength && !facts->hasLength( length ) )
       return Error::lengthWrong;
-   if( facts != nullptr && length < facts->leastLength )
+   if( facts != nullptr && length < facts->shortestLength() )
       return Error::tooShort;
    wordIs( lengthAt, length );
    // Opaque values follow each other without padding, RFC 6388 section 2.3.

@@ -49,7 +49,11 @@ class LspPingWalk {
    };
 
    void header();
-   bool isPlausible( LspPingContext context, Region region, U32 step ) const noexcept;
+   enum class Codes : U8 {
+      known,
+      any,
+   };
+   bool isPlausible( LspPingContext context, Region region, U32 step, Codes codes ) const noexcept;
    Reading readingOf( LspPingElementRow const & row, Region region, U32 length ) const noexcept;
    bool comesOutAsRead( LspPingContext context, Region region ) const noexcept;
    bool comesOut( LspPingContext context, Region region, Alignment alignment ) const noexcept;

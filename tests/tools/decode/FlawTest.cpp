@@ -16,9 +16,10 @@ std::vector< Problem > const none;
 TEST( Flaws, areLengthsThatCountThePadding ) {
    EXPECT_EQ( elementsOf( tlv( 1, tlv( 2, v6 + Bytes{ 0x80, 0, 0, 0 } ) ) ),
               "   TargetFecStack\n"
-              "      LDPIpv6( Code: 2, Length: 20, Bytes: "
-              "0002001420010db800000000000000000000000180000000 )\n"
-              "   ! offset 36: LDPIpv6: length 20 counts the padding, expected 17\n" );
+              "      Invalid LdpIpv6SubTlv\n"
+              "         Bytes( 0002001420010db800000000000000000000000180000000 )\n"
+              "   ! offset 36: LDPIpv6: length 20 counts the padding, expected 17; without it: "
+              "LdpIpv6( '2001:db8::1/128' )\n" );
    EXPECT_EQ( problemsOfFec( 8, Bytes( 16, 1 ) ),
               oneAt36( "L2VPNEndpoint: length 16 counts the padding, expected 14" ) );
    EXPECT_EQ( problemsOfFec( 10, { 10, 0, 0, 1, 10, 0, 0, 2, 0, 0, 0, 7, 0, 5, 0, 0 } ),
