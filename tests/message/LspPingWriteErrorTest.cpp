@@ -82,6 +82,20 @@ TEST( LspPingMessageWriter, refusesWhatContradictsTheFacts ) {
    EXPECT_EQ( written( []( Writer & writer ) {
                  writer.add( LspPingContext::message, 12, Bytes{ 0, 0, 0, 1 } );
               } ),
+              "00 0c 00 04 00 00 00 01" );
+   EXPECT_EQ( written( []( Writer & writer ) {
+                 writer.add( LspPingContext::message, 12, Bytes{ 0, 0, 1 } );
+              } ),
+              "lengthWrong at 32: " );
+   EXPECT_EQ(
+      written( []( Writer & writer ) { writer.add( LspPingContext::message, 20, Bytes( 16 ) ); } ),
+      "selectorWrong at 32: " );
+   EXPECT_EQ(
+      written( []( Writer & writer ) { writer.add( LspPingContext::message, 1, Bytes( 16 ) ); } ),
+      "needsClass at 32: " );
+   EXPECT_EQ( written( []( Writer & writer ) {
+                 auto element = writer.open( LspPingContext::message, 12 );
+              } ),
               "needsClass at 32: " );
    EXPECT_EQ( written( []( Writer & writer ) {
                  auto stack = writer.open( LspPingTlvType::TargetFecStack );

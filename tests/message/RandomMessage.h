@@ -4,6 +4,7 @@
 #include "MplsUtils/LspPing/ext/LspPingExt.h"
 #include "MplsUtils/LspPing/ext/LspPingExtModule.h"
 #include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
+#include "tests/Bytes.h"
 
 #include <random>
 #include <vector>

@@ -374,8 +374,27 @@ LspPingOpenElement LspPingMessageWriter::open( LspPingElementRef container ) noe
 
 bool LspPingMessageWriter::add( LspPingContext context, U32 code,
                                 std::span< U8 const > value ) noexcept {
-   LspPingOpenElement element = open( context, code );
-   element.bytes( value );
+   U32 const header = lspPingHeaderSize( context );
+   LspPingOpenElement element( *this, begin( context, nullptr, code, header, header ),
+                               LspPingBehind::nothing, header );
+   Level * const level = topOf( element.id_ );
+   if( level == nullptr || level->isTakenBack || !element.bytes( value ) )
+      return element.close();
+   LspPingElementRow const * const row =
+      elementOf( context, code, { at( level->begin ), size_ - level->begin } );
+   if( row == nullptr )
+      return element.close();
+   switch( row->facts.behind ) {
+   case LspPingBehind::nothing:
+   case LspPingBehind::padding:
+   case LspPingBehind::tail:
+      break;
+   default:
+      return takeBack( Error::needsClass );
+   }
+   if( row->facts.chooser != 0 )
+      return takeBack( Error::selectorWrong );
+   level->facts = &row->facts;
    return element.close();
 }
 

@@ -82,7 +82,8 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    /// \param code  One of those of the class.
    template < LspPingElementClass View, class Code, class Fill >
    bool add( Code code, Fill fill ) noexcept;
-   /// An element with just this value. \see open( LspPingContext, U32 )
+   /// An element with just this value, whose length and choosing bytes are those of its code.
+   /// Nothing else may stand in it.
    bool add( LspPingContext context, U32 code, std::span< U8 const > value ) noexcept;
    /// A copy of an element that was read, with all that stands in it. Its message must not lie in
    /// memory that this writer lets grow.
