@@ -84,7 +84,7 @@ Bytes unknownVersion() {
 
 Bytes unknownMessageType() {
    Bytes message = wellFormed();
-   viewAt< LspPingHdr >( message, 0 ).messageTypeIs( 3 );
+   viewAt< LspPingHdr >( message, 0 ).messageTypeIs( 6 );
    return message;
 }
 

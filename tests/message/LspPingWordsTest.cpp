@@ -43,6 +43,23 @@ TEST( LspPingWords, areThereForEveryEnumerator ) {
                                           LspPingTlvType::NotAssigned6,
                                           LspPingTlvType::NotAssigned8 } );
    expectWordsForAll< LspPingTargetFecSubTlvType >( { LspPingTargetFecSubTlvType::NotAssigned } );
+   expectWordsForAll< LspPingExtMsgType >();
+   expectWordsForAll< LspPingExtReplyMode >();
+   expectWordsForAll< LspPingExtReturnCode >();
+   expectWordsForAll< LspPingExtAddrType >();
+   expectWordsForAll< LspPingExtMultipathType >();
+   expectWordsForAll< LspPingExtDownstreamSignalingProtocol >();
+   expectWordsForAll< LspPingExtSrIgpProtocol >();
+   expectWordsForAll< LspPingSrIgpProtocol >();
+   expectWordsForAll< LspPingAdjacencyType >();
+   expectWordsForAll< LspPingReplyPathReturnCode >();
+}
+
+TEST( LspPingWords, tellWhatIsDeprecated ) {
+   EXPECT_EQ( lspPingWords( LspPingReplyMode::ReplyIpUdpRouterAlert ),
+              "reply via an IPv4/IPv6 UDP packet with router alert (deprecated)" );
+   EXPECT_EQ( lspPingWords( LspPingTlvType::DownstreamMapping ),
+              "Downstream Mapping (deprecated)" );
 }
 
 // Some have their words in a table, and some beside their class.
@@ -57,13 +74,16 @@ TEST( LspPingWords, sayAReturnCodeWithItsSubcode ) {
    EXPECT_EQ( returnCode( 0, 0 ), "no return code" );
    EXPECT_EQ( returnCode( 2, 0 ), "one or more of the TLVs was not understood" );
    EXPECT_EQ( returnCode( 5, 1 ), "downstream mapping mismatch, subcode 1" );
+   EXPECT_EQ( returnCode( 20, 0 ), "one or more TLVs not returned due to MTU size" );
+   EXPECT_EQ( returnCode( 36, 1 ), "replying router is an egress for the address in the Egress TLV "
+                                   "for the FEC at stack-depth 1" );
    EXPECT_EQ( returnCode( 200, 0 ), "return code 200" );
    EXPECT_EQ( returnCode( 200, 7 ), "return code 200, subcode 7" );
 }
 
 TEST( LspPingWords, haveADepthWhereTheRfcSaysSo ) {
    for( U32 code = 0; code < 256; ++code ) {
-      bool const hasDepth = code == 3 || code == 4 || ( code >= 8 && code <= 12 );
+      bool const hasDepth = code == 3 || code == 4 || ( code >= 8 && code <= 12 ) || code == 36;
       EXPECT_EQ( lspPingHasStackDepth( static_cast< LspPingReturnCode >( code ) ), hasDepth )
          << code;
    }

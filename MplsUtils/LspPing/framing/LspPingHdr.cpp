@@ -7,8 +7,10 @@ namespace LspPing {
 constinit Kiv::AllocationTracker LspPingHdr::memAllocationTracker_ = Kiv::trackerOf< LspPingHdr >();
 
 Orlo::String LspPingHdr::stringValue() const {
-   if( !valid() )
-      return Orlo::stringOf( "Invalid LspPingHdr" );
+   return valid() ? fieldsText() : Orlo::stringOf( "Invalid LspPingHdr" );
+}
+
+Orlo::String LspPingHdr::fieldsText() const {
    // "tsSenSeconds" is the label that log readers know.
    return Kiv::_fmt( "LspPingHdr:\tver(%d),\tflag(%d),\tmsgType(%d),\treplyMode(%d),"
                      "\treturnCode(%d),\treturnSubcode(%d),\tsenderHandle(0x%x),\tseqNum(0x%x),"

@@ -81,6 +81,8 @@ class LSPPING_EXPORT LspPingHdr : public Kiv::Typed< LspPingHdr, Kiv::NrcPtrInte
    }
    /// "LspPingHdr:" and the twelve fields, or "Invalid LspPingHdr".
    Orlo::String stringValue() const;
+   /// The same text of any header.
+   Orlo::String fieldsText() const;
 
    static consteval auto kivAttributes() {
       using Self = LspPingHdr;

@@ -1,5 +1,6 @@
 #include "MplsUtils/LspPing/message/LspPingMessage.h"
 
+#include "MplsUtils/LspPing/message/LspPingWords.h"
 #include "MplsUtils/LspPing/types/LspPingTlvTypes.h"
 
 namespace LspPing {
@@ -31,6 +32,17 @@ bool LspPingElementRef::appendText( Orlo::StringBuilder & out ) const {
       return false;
    own.row->appendText( out, at() );
    return true;
+}
+
+bool LspPingMessage::isHeaderValid() const noexcept {
+   LspPingHdr const * const found = header();
+   return found != nullptr &&
+          ( found->valid() || ( ( found->version() == 1 || found->version() == 2 ) &&
+                                !lspPingWords( LspPingMsgType{ found->messageType() } ).empty() ) );
+}
+
+void LspPingMessage::appendHeaderText( Orlo::StringBuilder & out ) const {
+   out.append( isHeaderValid() ? header()->fieldsText() : header()->stringValue() );
 }
 
 LspPingReturnCode LspPingMessage::sanity() const noexcept {

@@ -239,13 +239,20 @@ class LSPPING_MESSAGE_EXPORT LspPingMessage {
    ~LspPingMessage() = default;
 
    std::span< U8 const > bytes() const noexcept { return bytes_; }
-   /// Null when 32 bytes are not there. Whether it is valid, the header says.
+   /// Null when 32 bytes are not there. Of the registered message types, it takes requests and
+   /// replies for valid and no others.
    LspPingHdr const * header() const noexcept {
       // The bytes are there, and the view has no alignment.
       return bytes_.size() >= sizeof( LspPingHdr )
                 ? reinterpret_cast< LspPingHdr const * >( bytes_.data() )
                 : nullptr;
    }
+
+   /// Whether there is a header of a registered message type (RFC 8029 section 3, RFC 7555 section 3,
+   /// RFC 7743 section 3.1).
+   bool isHeaderValid() const noexcept;
+   /// Its text; there must be one.
+   void appendHeaderText( Orlo::StringBuilder & out ) const;
 
    /// The top-level TLVs, in the order of the bytes.
    LspPingElementRange elements() const noexcept {

@@ -37,7 +37,7 @@ void LspPingWalk::header() {
    LspPingHdr const * const header = message_.header();
    if( header == nullptr )
       problem( Code::headerCut, 0, { headerLength, static_cast< U32 >( bytes_.size() ) } );
-   else if( !header->valid() )
+   else if( !message_.isHeaderValid() )
       problem( Code::headerInvalid, 0, { header->version(), header->messageType() } );
    else if( header->version() != 1 )
       problem( Code::versionUnknown, 0, { header->version(), 1 } );

@@ -1,5 +1,6 @@
 #include "MplsUtils/LspPing/message/LspPingWords.h"
 
+#include "MplsUtils/LspPing/ext/LspPingExt.h"
 #include "MplsUtils/LspPing/message/LspPingElements.h"
 
 #include <array>
@@ -10,22 +11,28 @@ namespace LspPing {
 
 namespace {
 
-template < class E >
+// Of an enumerator, be it one of module LspPingTypes or of those that module LspPingExt adds.
 struct Words {
-   E value;
+   template < class E >
+   constexpr Words( E code, std::string_view text ) noexcept
+      : value( static_cast< U32 >( code ) ),
+        words( text ) {}
+
+   U32 value;
    std::string_view words;
 };
 
-template < class E, std::size_t n >
-constexpr std::string_view wordsOf( std::array< Words< E >, n > const & table, E value ) noexcept {
-   for( Words< E > const & row : table )
-      if( row.value == value )
+template < std::size_t n, class E >
+constexpr std::string_view wordsOf( std::array< Words, n > const & table, E value ) noexcept {
+   for( Words const & row : table )
+      if( row.value == static_cast< U32 >( value ) )
          return row.words;
    return {};
 }
 
 using Code = LspPingReturnCode;
-constexpr auto returnCodes = std::to_array< Words< Code > >( {
+using More = LspPingExtReturnCode;
+constexpr auto returnCodes = std::to_array< Words >( {
    { Code::noRetCode, "no return code" },
    { Code::malFormEchoRequest, "malformed echo request received" },
    { Code::tlvNotUnderstood, "one or more of the TLVs was not understood" },
@@ -43,44 +50,85 @@ constexpr auto returnCodes = std::to_array< Words< Code > >( {
      "premature termination of ping due to label stack shrinking to a single label" },
    { Code::seeDdmTlv, "see DDMAP TLV for meaning of return code and return subcode" },
    { Code::lblSwitchedFecChange, "label switched with FEC change" },
+   { More::proxyNotAuthorized, "proxy ping not authorized" },
+   { More::proxyParamsNeedChange, "proxy ping parameters need to be modified" },
+   { More::echoRequestNotSent, "MPLS echo request could not be sent" },
+   { More::hasMappingForTopmostFec, "replying router has FEC mapping for topmost FEC" },
+   { More::tlvsNotReturnedMtu, "one or more TLVs not returned due to MTU size" },
+   { More::bfdVersionUnsupported, "OAM problem: unsupported BFD version" },
+   { More::bfdEncapsulationUnsupported, "OAM problem: unsupported BFD encapsulation format" },
+   { More::bfdAuthTypeUnsupported, "OAM problem: unsupported BFD authentication type" },
+   { More::bfdAuthKeyMismatch, "OAM problem: mismatch of BFD authentication key ID" },
+   { More::timestampFormatUnsupported, "OAM problem: unsupported timestamp format" },
+   { More::delayModeUnsupported, "OAM problem: unsupported delay mode" },
+   { More::lossModeUnsupported, "OAM problem: unsupported loss mode" },
+   { More::delayVariationUnsupported, "OAM problem: delay variation unsupported" },
+   { More::dyadicModeUnsupported, "OAM problem: dyadic mode unsupported" },
+   { More::loopbackModeUnsupported, "OAM problem: loopback mode unsupported" },
+   { More::combinedModeUnsupported, "OAM problem: combined mode unsupported" },
+   { More::faultSignalingUnsupported, "OAM problem: fault management signaling unsupported" },
+   { More::faultAssociationNotCreated,
+     "OAM problem: unable to create fault management association" },
+   { More::pmConfigurationError, "OAM problem: PM configuration error" },
+   { More::fecNotOfIncomingIntf,
+     "mapping for this FEC is not associated with the incoming interface" },
+   { More::repRouterEgressForAddress, "replying router is an egress for the address in the Egress "
+                                      "TLV for the FEC at stack-depth" },
+   { More::egressBumDropped, "replying router is egress for the FEC, and drops BUM packets because "
+                             "of split horizon group filtering" },
+   { More::egressBumForwarded, "replying router is egress for the FEC, and forwards BUM packets "
+                               "because there is no such Ethernet segment" },
+   { More::inappropriateFec, "inappropriate Target FEC Stack sub-TLV present" },
+   { More::reversePathNotFound,
+     "failed to establish the BFD session: the specified reverse path was not found" },
 } );
 
 using Mode = LspPingReplyMode;
-constexpr auto replyModes = std::to_array< Words< Mode > >( {
+constexpr auto replyModes = std::to_array< Words >( {
    { Mode::DontReply, "do not reply" },
    { Mode::ReplyIpUdp, "reply via an IPv4/IPv6 UDP packet" },
-   { Mode::ReplyIpUdpRouterAlert, "reply via an IPv4/IPv6 UDP packet with router alert" },
+   { Mode::ReplyIpUdpRouterAlert,
+     "reply via an IPv4/IPv6 UDP packet with router alert (deprecated)" },
    { Mode::ReplyViaAppCtrlChannel, "reply via application-level control channel" },
+   { LspPingExtReplyMode::ReplyViaSpecifiedPath, "reply via specified path" },
 } );
 
-constexpr auto messageTypes = std::to_array< Words< LspPingMsgType > >( {
+constexpr auto messageTypes = std::to_array< Words >( {
    { LspPingMsgType::MplsEchoRequest, "MPLS echo request" },
    { LspPingMsgType::MplsEchoReply, "MPLS echo reply" },
+   { LspPingExtMsgType::MplsProxyPingRequest, "MPLS proxy ping request" },
+   { LspPingExtMsgType::MplsProxyPingReply, "MPLS proxy ping reply" },
+   { LspPingExtMsgType::MplsRelayedEchoReply, "MPLS relayed echo reply" },
 } );
 
-constexpr auto addressTypes = std::to_array< Words< LspPingAddrType > >( {
+constexpr auto addressTypes = std::to_array< Words >( {
    { LspPingAddrType::ipv4Numbered, "IPv4 numbered" },
    { LspPingAddrType::ipv4Unnumbered, "IPv4 unnumbered" },
    { LspPingAddrType::ipv6Numbered, "IPv6 numbered" },
    { LspPingAddrType::ipv6Unnumbered, "IPv6 unnumbered" },
+   { LspPingExtAddrType::noAddress, "no address" },
+   { LspPingExtAddrType::nonIp, "non-IP" },
+   { LspPingExtAddrType::ipv4ProtocolAdj, "IPv4 protocol adjacency" },
+   { LspPingExtAddrType::ipv6ProtocolAdj, "IPv6 protocol adjacency" },
 } );
 
 using Multipath = LspPingMultipathType;
-constexpr auto multipathTypes = std::to_array< Words< Multipath > >( {
+constexpr auto multipathTypes = std::to_array< Words >( {
    { Multipath::noMultipath, "no multipath" },
    { Multipath::ipMultipath, "IP address" },
    { Multipath::ipRangeMultipath, "IP address range" },
    { Multipath::maskedIpSetMultipath, "bit-masked IP address set" },
    { Multipath::maskedLabelSetMultipath, "bit-masked label set" },
+   { LspPingExtMultipathType::ipAndLabelSetMultipath, "IP and label set" },
 } );
 
-constexpr auto padTypes = std::to_array< Words< LspPingPadType > >( {
+constexpr auto padTypes = std::to_array< Words >( {
    { LspPingPadType::dropPadding, "drop Pad TLV from reply" },
    { LspPingPadType::copyPadding, "copy Pad TLV to reply" },
 } );
 
 using Protocol = LspPingDownstreamSignalingProtocol;
-constexpr auto protocols = std::to_array< Words< Protocol > >( {
+constexpr auto protocols = std::to_array< Words >( {
    { Protocol::dsInfoSignalingProtocolUnknown, "unknown" },
    { Protocol::dsInfoSignalingProtocolStatic, "static" },
    { Protocol::dsInfoSignalingProtocolBgp, "BGP" },
@@ -88,16 +136,49 @@ constexpr auto protocols = std::to_array< Words< Protocol > >( {
    { Protocol::dsInfoSignalingProtocolRsvpTe, "RSVP-TE" },
    { Protocol::dsInfoSignalingProtocolOspf, "OSPF" },
    { Protocol::dsInfoSignalingProtocolIsis, "IS-IS" },
+   { LspPingExtDownstreamSignalingProtocol::dsInfoSignalingProtocolOspfv3, "OSPFv3" },
+} );
+
+using ReplyPath = LspPingReplyPathReturnCode;
+constexpr auto replyPathReturnCodes = std::to_array< Words >( {
+   { ReplyPath::noReplyPathReturnCode, "no return code" },
+   { ReplyPath::malformedReplyPath, "malformed Reply Path TLV was received" },
+   { ReplyPath::replyPathSubTlvNotUnderstood,
+     "one or more of the sub-TLVs in the Reply Path TLV were not understood" },
+   { ReplyPath::sentViaReplyPath,
+     "the echo reply was sent successfully using the specified reply path" },
+   { ReplyPath::sentViaOtherLsp,
+     "the specified reply path was not found, the echo reply was sent via another LSP" },
+   { ReplyPath::sentViaIp, "the specified reply path was not found, the echo reply was sent via "
+                           "pure IP forwarding (non-MPLS) path" },
+   { ReplyPath::useReplyPathFromReply,
+     "use Reply Path TLV from this echo reply for building the next echo request" },
+   { ReplyPath::dynamicReplyPathNotAllowed,
+     "local policy does not allow dynamic return path building" },
+} );
+
+constexpr auto igpProtocols = std::to_array< Words >( {
+   { LspPingExtSrIgpProtocol::srIgpAny, "any IGP" },
+   { LspPingSrIgpProtocol{ 1 }, "OSPF" },
+   { LspPingSrIgpProtocol{ 2 }, "IS-IS" },
+   { LspPingExtSrIgpProtocol::srIgpOspfv3, "OSPFv3" },
+} );
+
+constexpr auto adjacencies = std::to_array< Words >( {
+   { LspPingAdjacencyType::unnumberedAdjacency, "unnumbered interface adjacency" },
+   { LspPingAdjacencyType::parallelAdjacency, "parallel adjacency" },
+   { LspPingAdjacencyType::ipv4Adjacency, "IPv4, non-parallel adjacency" },
+   { LspPingAdjacencyType::ipv6Adjacency, "IPv6, non-parallel adjacency" },
 } );
 
 using Operation = LspPingFecStackChangeSubTlvOperType;
-constexpr auto operations = std::to_array< Words< Operation > >( {
+constexpr auto operations = std::to_array< Words >( {
    { Operation::Push, "push" },
    { Operation::Pop, "pop" },
 } );
 
 using Tlv = LspPingTlvType;
-constexpr auto tlvs = std::to_array< Words< Tlv > >( {
+constexpr auto tlvs = std::to_array< Words >( {
    { Tlv::TargetFecStack, "Target FEC Stack" },
    { Tlv::DownstreamMapping, "Downstream Mapping (deprecated)" },
    { Tlv::Pad, "Pad" },
@@ -111,7 +192,7 @@ constexpr auto tlvs = std::to_array< Words< Tlv > >( {
 } );
 
 using Fec = LspPingTargetFecSubTlvType;
-constexpr auto fecs = std::to_array< Words< Fec > >( {
+constexpr auto fecs = std::to_array< Words >( {
    { Fec::LDPIpv4, "LDP IPv4 prefix" },
    { Fec::LDPIpv6, "LDP IPv6 prefix" },
    { Fec::RSVPIpv4Lsp, "RSVP IPv4 LSP" },
@@ -136,7 +217,7 @@ constexpr auto fecs = std::to_array< Words< Fec > >( {
 } );
 
 using SubTlv = LspPingDDMappingSubTlvType;
-constexpr auto subTlvs = std::to_array< Words< SubTlv > >( {
+constexpr auto subTlvs = std::to_array< Words >( {
    { SubTlv::MultipathData, "Multipath Data" },
    { SubTlv::LabelStack, "Label Stack" },
    { SubTlv::FecStackChange, "FEC Stack Change" },
@@ -189,6 +270,15 @@ std::string_view lspPingWords( LspPingDownstreamSignalingProtocol protocol ) noe
 }
 std::string_view lspPingWords( LspPingFecStackChangeSubTlvOperType operation ) noexcept {
    return wordsOf( operations, operation );
+}
+std::string_view lspPingWords( LspPingReplyPathReturnCode code ) noexcept {
+   return wordsOf( replyPathReturnCodes, code );
+}
+std::string_view lspPingWords( LspPingSrIgpProtocol protocol ) noexcept {
+   return wordsOf( igpProtocols, protocol );
+}
+std::string_view lspPingWords( LspPingAdjacencyType type ) noexcept {
+   return wordsOf( adjacencies, type );
 }
 std::string_view lspPingWords( LspPingTlvType code ) noexcept {
    return orOfElement( wordsOf( tlvs, code ), code );

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MplsUtils/LspPing/LspPingTypes.h"
+#include "MplsUtils/LspPing/ext/LspPingExtModule.h"
 #include "MplsUtils/LspPing/framing/NtpTime.h"
 #include "MplsUtils/LspPing/message/Export.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
@@ -9,7 +10,9 @@
 #include <string_view>
 
 // Codes as people say them, beside the enumerators' names: mostly the words of the RFC that assigns
-// them. Empty for a value without words; the value itself is what a reader should see then.
+// them, with "(deprecated)" behind those that are. Empty for a value without words; the value
+// itself is what a reader should see then. An enumeration of module LspPingTypes stands for all
+// values of its registry, those too whose enumerators module LspPingExt adds.
 namespace LspPing {
 
 LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingMsgType type ) noexcept;
@@ -24,9 +27,45 @@ LSPPING_MESSAGE_EXPORT std::string_view
 lspPingWords( LspPingDownstreamSignalingProtocol protocol ) noexcept;
 LSPPING_MESSAGE_EXPORT std::string_view
 lspPingWords( LspPingFecStackChangeSubTlvOperType operation ) noexcept;
+/// Of the Reply Path TLV, RFC 7110 section 4.2.
+LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingReplyPathReturnCode code ) noexcept;
+LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingSrIgpProtocol protocol ) noexcept;
+LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingAdjacencyType type ) noexcept;
 LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingTlvType code ) noexcept;
 LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingTargetFecSubTlvType code ) noexcept;
 LSPPING_MESSAGE_EXPORT std::string_view lspPingWords( LspPingDDMappingSubTlvType code ) noexcept;
+
+// The same under the names that module LspPingExt has for them.
+inline std::string_view lspPingWords( LspPingExtMsgType type ) noexcept {
+   return lspPingWords( static_cast< LspPingMsgType >( type ) );
+}
+inline std::string_view lspPingWords( LspPingExtReplyMode mode ) noexcept {
+   return lspPingWords( static_cast< LspPingReplyMode >( mode ) );
+}
+inline std::string_view lspPingWords( LspPingExtReturnCode code ) noexcept {
+   return lspPingWords( static_cast< LspPingReturnCode >( code ) );
+}
+inline std::string_view lspPingWords( LspPingExtAddrType type ) noexcept {
+   return lspPingWords( static_cast< LspPingAddrType >( type ) );
+}
+inline std::string_view lspPingWords( LspPingExtMultipathType type ) noexcept {
+   return lspPingWords( static_cast< LspPingMultipathType >( type ) );
+}
+inline std::string_view lspPingWords( LspPingExtDownstreamSignalingProtocol protocol ) noexcept {
+   return lspPingWords( static_cast< LspPingDownstreamSignalingProtocol >( protocol ) );
+}
+inline std::string_view lspPingWords( LspPingExtSrIgpProtocol protocol ) noexcept {
+   return lspPingWords( static_cast< LspPingSrIgpProtocol >( protocol ) );
+}
+inline std::string_view lspPingWords( LspPingExtTlvType code ) noexcept {
+   return lspPingWords( static_cast< LspPingTlvType >( code ) );
+}
+inline std::string_view lspPingWords( LspPingExtTargetFecSubTlvType code ) noexcept {
+   return lspPingWords( static_cast< LspPingTargetFecSubTlvType >( code ) );
+}
+inline std::string_view lspPingWords( LspPingExtDDMappingSubTlvType code ) noexcept {
+   return lspPingWords( static_cast< LspPingDDMappingSubTlvType >( code ) );
+}
 
 /// Whether the return subcode of that code is a depth in the label stack.
 LSPPING_MESSAGE_EXPORT bool lspPingHasStackDepth( LspPingReturnCode code ) noexcept;

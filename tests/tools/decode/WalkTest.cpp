@@ -32,13 +32,25 @@ TEST( Walk, saysWhatIsMissingOfTheHeader ) {
 }
 
 TEST( Walk, takesTheTlvsBehindAHeaderThatIsNotValid ) {
-   Bytes proxy = request;
-   proxy[4] = 3;
-   EXPECT_EQ( Decoded( proxy + tlv( 1, ldp ) ).text(),
+   Bytes unknown = request;
+   unknown[4] = 6;
+   EXPECT_EQ( Decoded( unknown + tlv( 1, ldp ) ).text(),
               "1 Invalid LspPingHdr\n"
               "   TargetFecStack\n"
               "      LdpIpv4( '10.1.2.0/24' )\n"
-              "   ! offset 0: header: not valid, version 1, message type 3\n" );
+              "   ! offset 0: header: not valid, version 1, message type 6\n" );
+}
+
+// RFC 7555 section 3: the header is that of an echo request.
+TEST( Walk, takesTheHeaderOfAProxyPingForOne ) {
+   Bytes proxy = request;
+   proxy[4] = 3;
+   Decoded const decoded( proxy + tlv( 1, ldp ) );
+   EXPECT_TRUE( decoded.problems().empty() );
+   EXPECT_THAT( decoded.text(), testing::StartsWith( "1 LspPingHdr:\tver(1),\tflag(0),"
+                                                     "\tmsgType(3),\treplyMode(2)," ) );
+   EXPECT_THAT( decoded.json(),
+                testing::HasSubstr( R"("valid":true,"text":"LspPingHdr:\tver(1))" ) );
 }
 
 TEST( Walk, takesNoTlvsBehindAnotherVersionUnlessTheyComeOut ) {

@@ -64,12 +64,16 @@ void JsonPrinter::header( LspPing::LspPingMessage const & message ) {
       member( "offset", 0 );
       member( "length", sizeof( *header ) );
       writeKey( json_, "valid" );
-      json_.Bool( header->valid() );
-      Orlo::String const text = header->stringValue();
-      member( "text", text );
+      json_.Bool( message.isHeaderValid() );
+      text_.clear();
+      message.appendHeaderText( text_ );
+      member( "text", text_.view() );
       writeKey( json_, "attributes" );
-      writeAttributes( json_, type, header,
-                       { Kiv::attributeNamed( type, "stringValue" ).attribute, text } );
+      if( header->valid() )
+         writeAttributes( json_, type, header,
+                          { Kiv::attributeNamed( type, "stringValue" ).attribute, text_.view() } );
+      else
+         writeAttributes( json_, type, header );
    } else {
       member( "offset", 0 );
       member( "length", message.bytes().size() );

@@ -71,8 +71,8 @@ void TextPrinter::messageLine( EchoPacket const & packet,
       out_.appendHex( static_cast< U16 >( *packet.channelType ), false );
       out_.append( ' ' );
    }
-   if( LspPing::LspPingHdr const * header = message.header() ) {
-      out_.append( header->stringValue() );
+   if( message.header() != nullptr ) {
+      message.appendHeaderText( out_ );
    } else {
       out_.append( "no LspPingHdr( Bytes: " );
       out_.appendHexBytes( message.bytes() );
