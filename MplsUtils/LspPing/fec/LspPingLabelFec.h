@@ -130,8 +130,9 @@ class LspPingLabelSubTlv : public LspPingTlvHdr {
 class LSPPING_EXPORT LspPingNilFecSubTlv
    : public Kiv::Typed< LspPingNilFecSubTlv, LspPingLabelSubTlv< LspPingNilFecSubTlvLabel > > {
  public:
-   static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::NilFec ).length( 4 );
+   static constexpr auto element = LspPingElement::targetFec( LspPingTargetFecSubTlvType::NilFec )
+                                      .length( 4 )
+                                      .definedIn( "RFC 8029 section 3.2.17" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );
@@ -150,7 +151,9 @@ class LSPPING_EXPORT LspPingEntropyLabelFecSubTlv
                         LspPingLabelSubTlv< LspPingEntropyLabelFecSubTlvLabel > > {
  public:
    static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::EntropyLabel ).length( 4 );
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::EntropyLabel )
+         .length( 4 )
+         .definedIn( "RFC 8012 section 4" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );

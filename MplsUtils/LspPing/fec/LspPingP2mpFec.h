@@ -28,7 +28,8 @@ class LSPPING_EXPORT LspPingP2mpFecStackSubTlv
  public:
    static constexpr auto element = LspPingElement::targetFec( LspPingTargetFecSubTlvType::P2mpFec )
                                       .atLeast( 9 )
-                                      .followedBy( LspPingBehind::opaqueValues );
+                                      .followedBy( LspPingBehind::opaqueValues )
+                                      .definedIn( "RFC 6425 section 3.1.2.1" );
 
    /// Address family number of the root.
    constexpr U16 family() const noexcept { return family_.value(); }
@@ -115,7 +116,9 @@ class LSPPING_EXPORT LspPingOpaqueValGenSubTlv
    : public Kiv::Typed< LspPingOpaqueValGenSubTlv, LspPingOpaqueValSubTlv > {
  public:
    static constexpr auto element =
-      LspPingElement::opaqueValue( LspPingP2mpFecStackSubTlvType::GenericLsp ).length( 4 );
+      LspPingElement::opaqueValue( LspPingP2mpFecStackSubTlvType::GenericLsp )
+         .length( 4 )
+         .definedIn( "RFC 6388 section 2.3.1" );
 
    constexpr U32 lspId() const noexcept { return lspId_.value(); }
    constexpr void lspIdIs( U32 id ) noexcept { lspId_.valueIs( id ); }
@@ -155,7 +158,9 @@ class LSPPING_EXPORT LspPingOpaqueValSGSubTlv
    : public Kiv::Typed< LspPingOpaqueValSGSubTlv, LspPingOpaqueValSubTlv > {
  public:
    static constexpr auto element =
-      LspPingElement::opaqueValue( LspPingP2mpFecStackSubTlvType::SGIpv4 ).length( 8 );
+      LspPingElement::opaqueValue( LspPingP2mpFecStackSubTlvType::SGIpv4 )
+         .length( 8 )
+         .definedIn( "RFC 6826 section 3.1" );
 
    constexpr Velnet::IpAddr sourceAddr() const noexcept { return sourceAddr_; }
    constexpr void sourceAddrIs( Velnet::IpAddr address ) noexcept { sourceAddr_ = address; }
@@ -206,7 +211,8 @@ class LSPPING_EXPORT LspPingNodeAddrSubTlv
                                       .when( 6, 0 )
                                       .when( 7, 4 )
                                       .atLeast( 8 )
-                                      .followedBy( LspPingBehind::responderTlvs );
+                                      .followedBy( LspPingBehind::responderTlvs )
+                                      .definedIn( "RFC 6425 section 3.2.2" );
 
    /// LspPingP2mpRespTlvType.
    constexpr U16 subType() const noexcept { return subType_.value(); }

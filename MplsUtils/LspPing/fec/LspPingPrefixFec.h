@@ -63,8 +63,9 @@ class LspPingPrefixSubTlv : public LspPingTlvHdr {
 class LSPPING_EXPORT LspPingLdpIpv4SubTlv
    : public Kiv::Typed< LspPingLdpIpv4SubTlv, LspPingPrefixSubTlv< Velnet::IpAddr > > {
  public:
-   static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::LDPIpv4 ).length( valueLength );
+   static constexpr auto element = LspPingElement::targetFec( LspPingTargetFecSubTlvType::LDPIpv4 )
+                                      .length( valueLength )
+                                      .definedIn( "RFC 8029 section 3.2.1" );
 
    /// Looks at the length only, neither at the type nor at the prefix length.
    constexpr bool valid() const noexcept { return element.hasLength( length() ); }
@@ -81,7 +82,9 @@ class LSPPING_EXPORT LspPingGenericIpv4SubTlv
    : public Kiv::Typed< LspPingGenericIpv4SubTlv, LspPingPrefixSubTlv< Velnet::IpAddr > > {
  public:
    static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::GenericIpv4 ).length( valueLength );
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::GenericIpv4 )
+         .length( valueLength )
+         .definedIn( "RFC 8029 section 3.2.15" );
 
    /// Looks at the length only, neither at the type nor at the prefix length.
    constexpr bool valid() const noexcept { return element.hasLength( length() ); }
@@ -98,7 +101,9 @@ class LSPPING_EXPORT LspPingGenericIpv6SubTlv
    : public Kiv::Typed< LspPingGenericIpv6SubTlv, LspPingPrefixSubTlv< Velnet::Ip6Addr > > {
  public:
    static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::GenericIpv6 ).length( valueLength );
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::GenericIpv6 )
+         .length( valueLength )
+         .definedIn( "RFC 8029 section 3.2.16" );
 
    /// Looks at the length only, neither at the type nor at the prefix length.
    constexpr bool valid() const noexcept { return element.hasLength( length() ); }
@@ -115,7 +120,9 @@ class LSPPING_EXPORT LspPingBgpLuIpv4SubTlv
    : public Kiv::Typed< LspPingBgpLuIpv4SubTlv, LspPingPrefixSubTlv< Velnet::IpAddr > > {
  public:
    static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::BGPLabeledIpv4 ).length( valueLength );
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::BGPLabeledIpv4 )
+         .length( valueLength )
+         .definedIn( "RFC 8029 section 3.2.13" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && prefixLen() <= 32;
@@ -133,7 +140,9 @@ class LSPPING_EXPORT LspPingBgpLuIpv6SubTlv
    : public Kiv::Typed< LspPingBgpLuIpv6SubTlv, LspPingPrefixSubTlv< Velnet::Ip6Addr > > {
  public:
    static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::BGPLabeledIpv6 ).length( valueLength );
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::BGPLabeledIpv6 )
+         .length( valueLength )
+         .definedIn( "RFC 8029 section 3.2.14" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && prefixLen() <= 128;

@@ -59,7 +59,9 @@ class LSPPING_EXPORT LspPingFec128Ipv4SubTlv
    : public Kiv::Typed< LspPingFec128Ipv4SubTlv, LspPingPseudowireSubTlv > {
  public:
    static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::FEC128Pseudowire ).length( 14 );
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::FEC128Pseudowire )
+         .length( 14 )
+         .definedIn( "RFC 8029 section 3.2.9" );
 
    constexpr U32 pwId() const noexcept { return pwId_.value(); }
    constexpr void pwIdIs( U32 id ) noexcept { pwId_.valueIs( id ); }
@@ -120,7 +122,8 @@ class LSPPING_EXPORT LspPingFec129Ipv4SubTlv
    static constexpr auto element =
       LspPingElement::targetFec( LspPingTargetFecSubTlvType::FEC129Pseudowire )
          .atLeast( 16 )
-         .followedBy( LspPingBehind::identifiers );
+         .followedBy( LspPingBehind::identifiers )
+         .definedIn( "RFC 8029 section 3.2.10" );
 
    /// The value's length when all three identifiers are empty.
    static constexpr U16 minTlvLength = 16;

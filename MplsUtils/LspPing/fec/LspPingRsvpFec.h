@@ -76,7 +76,9 @@ class LSPPING_EXPORT LspPingRsvpIpv4SubTlv
    : public Kiv::Typed< LspPingRsvpIpv4SubTlv, LspPingRsvpSubTlv< Velnet::IpAddr > > {
  public:
    static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::RSVPIpv4Lsp ).length( 20 );
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::RSVPIpv4Lsp )
+         .length( 20 )
+         .definedIn( "RFC 8029 section 3.2.3" );
 
    /// The tunnel's end point.
    constexpr Velnet::IpAddr destination() const noexcept { return session(); }
@@ -103,7 +105,9 @@ class LSPPING_EXPORT LspPingRsvpP2mpIpv4SubTlv
    : public Kiv::Typed< LspPingRsvpP2mpIpv4SubTlv, LspPingRsvpSubTlv< Velnet::NetU32 > > {
  public:
    static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::RSVPP2MPIpv4 ).length( 20 );
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::RSVPP2MPIpv4 )
+         .length( 20 )
+         .definedIn( "RFC 6425 section 3.1.1.1" );
 
    constexpr U32 p2mpId() const noexcept { return session().value(); }
    constexpr void p2mpIdIs( U32 id ) noexcept { sessionIs( Velnet::NetU32( id ) ); }

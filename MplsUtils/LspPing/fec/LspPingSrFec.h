@@ -70,7 +70,8 @@ class LSPPING_EXPORT LspPingSrIpv4SubTlv
    static constexpr auto element = LspPingElement::targetFec( LspPingTargetFecSubTlvType::SRIpv4 )
                                       .also( LspPingTargetFecSubTlvType::SRIpv4Deprecated )
                                       .length( shortLength )
-                                      .orLength( longLength );
+                                      .orLength( longLength )
+                                      .definedIn( "RFC 8287 section 5.1" );
 
    /// Takes the assigned type and the one that was used before it was assigned.
    constexpr bool valid() const noexcept {
@@ -91,7 +92,8 @@ class LSPPING_EXPORT LspPingSrIpv6SubTlv
    static constexpr auto element = LspPingElement::targetFec( LspPingTargetFecSubTlvType::SRIpv6 )
                                       .also( LspPingTargetFecSubTlvType::SRIpv6Deprecated )
                                       .length( shortLength )
-                                      .orLength( longLength );
+                                      .orLength( longLength )
+                                      .definedIn( "RFC 8287 section 5.2" );
 
    /// Takes the assigned type and the one that was used before it was assigned.
    constexpr bool valid() const noexcept {

@@ -66,8 +66,9 @@ class LspPingVpnSubTlv : public LspPingTlvHdr {
 class LSPPING_EXPORT LspPingVpnIpv4SubTlv
    : public Kiv::Typed< LspPingVpnIpv4SubTlv, LspPingVpnSubTlv< Velnet::IpAddr > > {
  public:
-   static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::VPNIpv4 ).length( 13 );
+   static constexpr auto element = LspPingElement::targetFec( LspPingTargetFecSubTlvType::VPNIpv4 )
+                                      .length( 13 )
+                                      .definedIn( "RFC 8029 section 3.2.5" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && prefixLen() <= 32;
@@ -84,8 +85,9 @@ static_assert( Kiv::isWireView< LspPingVpnIpv4SubTlv, 20 > );
 class LSPPING_EXPORT LspPingVpnIpv6SubTlv
    : public Kiv::Typed< LspPingVpnIpv6SubTlv, LspPingVpnSubTlv< Velnet::Ip6Addr > > {
  public:
-   static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::VPNIpv6 ).length( 25 );
+   static constexpr auto element = LspPingElement::targetFec( LspPingTargetFecSubTlvType::VPNIpv6 )
+                                      .length( 25 )
+                                      .definedIn( "RFC 8029 section 3.2.6" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && prefixLen() <= 128;

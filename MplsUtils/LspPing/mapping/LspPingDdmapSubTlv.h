@@ -25,7 +25,8 @@ class LSPPING_EXPORT LspPingMultipathSubTlv
    static constexpr auto element =
       LspPingElement::ddmapSubTlv( LspPingDDMappingSubTlvType::MultipathData )
          .atLeast( 4 )
-         .followedBy( LspPingBehind::multipath );
+         .followedBy( LspPingBehind::multipath )
+         .definedIn( "RFC 8029 section 3.4.1.1" );
 
    /// LspPingMultipathType.
    constexpr U8 multipathType() const noexcept { return multipathType_; }
@@ -71,7 +72,8 @@ class LSPPING_EXPORT LspPingFecStackChangeSubTlv
    static constexpr auto element =
       LspPingElement::ddmapSubTlv( LspPingDDMappingSubTlvType::FecStackChange )
          .chosenBy( 5 )
-         .atLeast( 4 );
+         .atLeast( 4 )
+         .definedIn( "RFC 8029 section 3.4.1.3" );
 
    /// LspPingFecStackChangeSubTlvOperType.
    constexpr U8 operType() const noexcept { return operType_; }

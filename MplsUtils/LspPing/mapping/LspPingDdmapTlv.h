@@ -21,8 +21,10 @@ namespace LspPing {
 // +-------------------------------+---------------+---------------+
 class LSPPING_EXPORT LspPingDdmapHdr : public Kiv::Typed< LspPingDdmapHdr, LspPingTlvHdr > {
  public:
-   static constexpr auto element =
-      LspPingElement::tlv( LspPingTlvType::DownstreamDetailedMapping ).chosenBy( 6 ).atLeast( 4 );
+   static constexpr auto element = LspPingElement::tlv( LspPingTlvType::DownstreamDetailedMapping )
+                                      .chosenBy( 6 )
+                                      .atLeast( 4 )
+                                      .definedIn( "RFC 8029 section 3.4" );
 
    /// Of the downstream link, in bytes.
    constexpr U16 mtu() const noexcept { return mtu_.value(); }

@@ -30,7 +30,8 @@ class LSPPING_EXPORT LspPingDownstreamMappingHdr
    static constexpr auto element = LspPingElement::tlv( LspPingTlvType::DownstreamMapping )
                                       .chosenBy( 6 )
                                       .atLeast( 4 )
-                                      .overValue();
+                                      .overValue()
+                                      .definedIn( "RFC 8029 appendix A.2" );
 
    /// Of the downstream link, in bytes.
    constexpr Velnet::NetU16 mtu() const noexcept { return mtu_; }

@@ -30,7 +30,8 @@ class LSPPING_EXPORT LspPingIntfAndLabelStackHdr
    static constexpr auto element = LspPingElement::tlv( LspPingTlvType::IntfAndLabelStack )
                                       .chosenBy( 4 )
                                       .atLeast( 4 )
-                                      .overValue();
+                                      .overValue()
+                                      .definedIn( "RFC 8029 section 3.7" );
 
    /// LspPingAddrType: which of the four views describes the rest.
    constexpr U8 addrType() const noexcept { return addrType_; }

@@ -19,8 +19,10 @@ namespace LspPing {
 class LSPPING_EXPORT LspPingEchoJitterTlv
    : public Kiv::Typed< LspPingEchoJitterTlv, LspPingTlvHdr > {
  public:
-   static constexpr auto element =
-      LspPingElement::tlv( LspPingTlvType::EchoJitter ).length( 4 ).inWords( "Echo Jitter" );
+   static constexpr auto element = LspPingElement::tlv( LspPingTlvType::EchoJitter )
+                                      .length( 4 )
+                                      .inWords( "Echo Jitter" )
+                                      .definedIn( "RFC 6425 section 3.3" );
 
    /// The time over which the responders spread their replies, in milliseconds.
    constexpr U32 jitter() const noexcept { return jitter_.value(); }

@@ -25,8 +25,10 @@ namespace LspPing {
 // +---------------+-----------------------------------------------+
 class LSPPING_EXPORT LspPingPadTlv : public Kiv::Typed< LspPingPadTlv, LspPingTlvHdr > {
  public:
-   static constexpr auto element =
-      LspPingElement::tlv( LspPingTlvType::Pad ).atLeast( 1 ).followedBy( LspPingBehind::padding );
+   static constexpr auto element = LspPingElement::tlv( LspPingTlvType::Pad )
+                                      .atLeast( 1 )
+                                      .followedBy( LspPingBehind::padding )
+                                      .definedIn( "RFC 8029 section 3.5" );
 
    /// The bytes behind the pad type, the first of them at index 0.
    using KivPadding = Kiv::DynArray< U8 >;

@@ -18,7 +18,9 @@ namespace LspPing {
 // +---------------+---------------+-------------------------------+
 class LSPPING_EXPORT LspPingReplyTosTlv : public Kiv::Typed< LspPingReplyTosTlv, LspPingTlvHdr > {
  public:
-   static constexpr auto element = LspPingElement::tlv( LspPingTlvType::ReplyTosByte ).length( 4 );
+   static constexpr auto element = LspPingElement::tlv( LspPingTlvType::ReplyTosByte )
+                                      .length( 4 )
+                                      .definedIn( "RFC 8029 section 3.9" );
 
    /// The type-of-service byte that the responder is asked to send its reply with.
    constexpr U8 tos() const noexcept { return tos_; }

@@ -24,7 +24,8 @@ class LSPPING_EXPORT LspPingVeloraVendorPrivateTlv
    static constexpr auto element = LspPingElement::tlv( LspPingTlvType::VeloraVendorPrivate )
                                       .whenWord( 4, LspPingVendorIana::VeloraIana )
                                       .atLeast( 4 )
-                                      .followedBy< LspPingVeloraVendorPrivateType >();
+                                      .followedBy< LspPingVeloraVendorPrivateType >()
+                                      .definedIn( "RFC 8029 section 6.2.2" );
 
    /// IANA Private Enterprise Number of the vendor that defines what follows.
    constexpr U32 vendorIana() const noexcept { return vendorIana_.value(); }

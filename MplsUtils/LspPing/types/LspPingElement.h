@@ -133,6 +133,8 @@ struct LspPingElement {
    LspPingContext inside = LspPingContext::message;
    /// The code as people say it, where `message/LspPingWords.cpp` does not.
    std::string_view words;
+   /// Where it is defined: "RFC 8029 section 3.2.1".
+   std::string_view rfc;
 
    template < LspPingCodesIn< LspPingContext::message > Code >
    static constexpr LspPingElement tlv( Code code ) {
@@ -274,6 +276,11 @@ struct LspPingElement {
       more.behind = LspPingBehind::counted;
       return more;
    }
+   constexpr LspPingElement definedIn( std::string_view source ) const {
+      LspPingElement more = *this;
+      more.rfc = source;
+      return more;
+   }
    constexpr LspPingElement inWords( std::string_view text ) const {
       LspPingElement more = *this;
       more.words = text;
@@ -298,6 +305,25 @@ struct LspPingElement {
    /// Whether other elements stand in it.
    constexpr bool isContainer() const noexcept {
       return behind >= LspPingBehind::elements && behind <= LspPingBehind::opaqueValues;
+   }
+   /// What stands in it, of a container.
+   constexpr LspPingContext content() const noexcept {
+      switch( behind ) {
+      case LspPingBehind::fecs:
+      case LspPingBehind::stackChangeFec:
+         return LspPingContext::targetFec;
+      case LspPingBehind::subTlvs:
+         return LspPingContext::ddmap;
+      case LspPingBehind::responderTlvs:
+         return LspPingContext::p2mpResponder;
+      case LspPingBehind::opaqueValues:
+         return LspPingContext::opaqueValue;
+      case LspPingBehind::elements:
+      case LspPingBehind::counted:
+         return inside;
+      default:
+         return LspPingContext::message;
+      }
    }
    /// Whether the selecting bytes are there and have their values. `bytes` are the element's.
    constexpr bool isSelectedBy( std::span< U8 const > bytes ) const noexcept {

@@ -100,13 +100,20 @@ TEST( Types, refusesNamesThatAreNotRegistered ) {
 
 // The enterprise number is a choice of the build; the reference was made with the usual one.
 #if LSPPING_VENDOR_IANA == 32473
-TEST( Types, printsTheReferenceThatIsKept ) {
-   std::ifstream file( LSPPING_TYPES_REFERENCE );
-   ASSERT_TRUE( file.is_open() );
-   std::ostringstream kept;
-   kept << file.rdbuf();
-   EXPECT_EQ( runTypes( "", false, true ).out, kept.str() )
+std::string kept( std::string const & path ) {
+   std::ifstream file( path );
+   EXPECT_TRUE( file.is_open() ) << path;
+   std::ostringstream text;
+   text << file.rdbuf();
+   return text.str();
+}
+
+TEST( Types, printsTheReferencesThatAreKept ) {
+   EXPECT_EQ( runTypes( "", false, true ).out, kept( LSPPING_DOCS "/types.md" ) )
       << "docs/types.md is not current: build the target types-reference";
+   EXPECT_EQ( run( &LspPingTool::runTypes, LspPingTool::TypesOptions{ .elements = true } ).out,
+              kept( LSPPING_DOCS "/elements.md" ) )
+      << "docs/elements.md is not current: build the target types-reference";
 }
 #endif
 

@@ -23,6 +23,7 @@ void addTypes( CLI::App & app, Output & output, int & status ) {
    command->add_option( "NAME", options->name, "A type or a module; all of them without it" );
    command->add_flag( "--json", options->json, "The registry as one JSON object" );
    command->add_flag( "--markdown", options->markdown, "The reference documentation" );
+   command->add_flag( "--elements", options->elements, "What can stand in a message, as Markdown" );
    command->callback( [options, &output, &status] { status = runTypes( *options, output ); } );
 }
 

@@ -14,6 +14,7 @@ struct TypesOptions {
    std::string name; ///< one type or one module; empty for all of them
    bool json = false;
    bool markdown = false;
+   bool elements = false; ///< what can stand in a message, in place of the types
 };
 /// The registry: modules, types, attributes, enumerators.
 int runTypes( TypesOptions const & options, Output & output );

@@ -33,4 +33,7 @@ std::string typeText( Kiv::BufferType type );
 /// The reference of everything registered, as Markdown.
 std::string registryMarkdown( std::vector< ModuleShown > const & modules );
 
+/// The reference of all elements that can stand in a message, as Markdown.
+std::string elementsMarkdown();
+
 } // namespace LspPingTool

@@ -86,7 +86,8 @@ void writeElement( JsonWriter & json, Kiv::TypeId type ) {
    }
    json.EndArray();
    writeNamed( json, "behind", LspPing::lspPingBehindName( element->behind ) );
-   if( element->behind == LspPing::LspPingBehind::elements )
+   if( element->behind == LspPing::LspPingBehind::elements ||
+       element->behind == LspPing::LspPingBehind::counted )
       writeNamed( json, "inside", LspPing::lspPingContextName( element->inside ) );
    json.EndObject();
 }
@@ -197,10 +198,14 @@ std::string registryText( std::vector< ModuleShown > const & modules, bool detai
 } // namespace
 
 int runTypes( TypesOptions const & options, Output & output ) {
+   if( options.elements && !options.name.empty() )
+      throw UsageError( "--elements takes no NAME" );
    std::vector< ModuleShown > const modules = modulesShown( options.name );
    std::string text;
    if( options.json )
       text = registryJson( modules );
+   else if( options.elements )
+      text = elementsMarkdown();
    else if( options.markdown )
       text = registryMarkdown( modules );
    else

@@ -9,8 +9,9 @@ namespace LspPing {
 class LSPPING_EXT_EXPORT LspPingLdpIpv6SubTlv
    : public Kiv::Typed< LspPingLdpIpv6SubTlv, LspPingPrefixSubTlv< Velnet::Ip6Addr > > {
  public:
-   static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::LDPIpv6 ).length( valueLength );
+   static constexpr auto element = LspPingElement::targetFec( LspPingTargetFecSubTlvType::LDPIpv6 )
+                                      .length( valueLength )
+                                      .definedIn( "RFC 8029 section 3.2.2" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );
@@ -81,7 +82,8 @@ class LSPPING_EXT_EXPORT LspPingMtLdpIpv4SubTlv
    : public Kiv::Typed< LspPingMtLdpIpv4SubTlv, LspPingMtPrefixSubTlv< Velnet::IpAddr > > {
  public:
    static constexpr auto element = elementOf( LspPingExtTargetFecSubTlvType::MTLDPIpv4 )
-                                      .inWords( "Multi-Topology LDP IPv4 prefix" );
+                                      .inWords( "Multi-Topology LDP IPv4 prefix" )
+                                      .definedIn( "RFC 7307 section 4.3.2" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );
@@ -99,7 +101,8 @@ class LSPPING_EXT_EXPORT LspPingMtLdpIpv6SubTlv
    : public Kiv::Typed< LspPingMtLdpIpv6SubTlv, LspPingMtPrefixSubTlv< Velnet::Ip6Addr > > {
  public:
    static constexpr auto element = elementOf( LspPingExtTargetFecSubTlvType::MTLDPIpv6 )
-                                      .inWords( "Multi-Topology LDP IPv6 prefix" );
+                                      .inWords( "Multi-Topology LDP IPv6 prefix" )
+                                      .definedIn( "RFC 7307 section 4.3.3" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );

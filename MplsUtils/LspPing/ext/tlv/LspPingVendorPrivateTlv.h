@@ -26,7 +26,8 @@ class LSPPING_EXT_EXPORT LspPingVendorPrivateTlv
                                       .upTo( 65535 )
                                       .atLeast( 4 )
                                       .followedBy( LspPingBehind::tail )
-                                      .inWords( "vendor private" );
+                                      .inWords( "vendor private" )
+                                      .definedIn( "RFC 8029 section 6.2.3" );
 
    /// IANA Private Enterprise Number.
    constexpr U32 enterpriseNumber() const noexcept { return enterpriseNumber_.value(); }
