@@ -30,4 +30,26 @@ inline LspPingElementRow const * quickElementOf( LspPingContext context, U32 cod
    return elementOf( context, code, bytes );
 }
 
+/// As `elementOf`, for a header of four bytes and a value that is there; null where the row does
+/// not say all of the fixed part.
+inline LspPingElementRow const * usualElementOf( LspPingContext context, U32 code, U32 length,
+                                                 U8 const * element ) noexcept {
+   if( code >= lspPingSmallCodes )
+      return nullptr;
+   U8 const first = lspPingSmallCodeRows[static_cast< std::size_t >( context )][code];
+   if( first == lspPingNoRow )
+      return nullptr;
+   LspPingElementRow const * row = &lspPingRows[first];
+   if( length < row->facts.leastLength )
+      return nullptr;
+   if( element[row->usual.selectorAt] != row->usual.selectorValue )
+      row = elementOf( context, code, { element, 4 + length } );
+   LspPingUsualElement const & usual = row->usual;
+   // All lengths below the least are beyond the count.
+   return length - usual.leastLength < usual.lengthCount &&
+                element[usual.prefixAt] <= usual.longestPrefix
+             ? row
+             : nullptr;
+}
+
 } // namespace LspPing

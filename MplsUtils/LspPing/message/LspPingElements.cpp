@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 
 namespace LspPing {
@@ -26,12 +27,17 @@ View const & laid( U8 const * element ) noexcept {
 // The views that are laid over the value have containers that decide; they take what has enough
 // bytes for its address type. That of the Interface and Label Stack takes no unknown one.
 template < class View >
-bool validOf( U8 const * element, U32 length ) noexcept {
-   if constexpr( requires( View const & view ) { view.valid(); } )
-      return laid< View >( element ).valid();
+constexpr bool isValid( View const & view, U32 length ) noexcept {
+   if constexpr( requires { view.valid(); } )
+      return view.valid();
    else
       return length >= View::element.leastLength &&
              !std::is_same_v< View, LspPingIntfAndLabelStackHdr >;
+}
+
+template < class View >
+bool validOf( U8 const * element, U32 length ) noexcept {
+   return isValid( laid< View >( element ), length );
 }
 
 // The Pad TLV's class holds a copy of the value; this asks the same of the bytes.
@@ -46,7 +52,7 @@ constexpr Flaw prefixFlaw( U32 bits, U32 longest ) noexcept {
 
 // What contradicts the RFC that defines the element. Most say no more than the view does.
 template < class View >
-Flaw flawIn( View const & view, bool isValid ) noexcept {
+constexpr Flaw flawIn( View const & view, bool isValid ) noexcept {
    if constexpr( requires { view.prefixLen(); } ) {
       if( Flaw const flaw = prefixFlaw( view.prefixLen(), 8 * sizeof( view.ipPrefix() ) ) )
          return flaw;
@@ -60,7 +66,7 @@ Flaw flawIn( LspPingVeloraVendorPrivateTlv const &, bool ) noexcept {
 }
 
 // RFC 8029 section 3.2.9 has a place for more pseudowires than the view.
-Flaw flawIn( LspPingFec128Ipv4SubTlv const & fec, bool ) noexcept {
+constexpr Flaw flawIn( LspPingFec128Ipv4SubTlv const & fec, bool ) noexcept {
    constexpr U32 mbzSize = sizeof( fec.mbz() );
    return fec.mbz() == 0 ? Flaw{} : Flaw{ { Code::notZero }, sizeof( fec ) - mbzSize, mbzSize };
 }
@@ -107,9 +113,95 @@ void appendTextOf( Orlo::StringBuilder & out, U8 const * element ) {
    out.append( laid< View >( element ).stringValue() );
 }
 
+// What the reader's quick walk knows how to read behind a fixed part.
+constexpr bool isUsual( LspPingBehind behind ) noexcept {
+   using Behind = LspPingBehind;
+   switch( behind ) {
+   case Behind::nothing:
+   case Behind::elements:
+   case Behind::tlvs:
+   case Behind::fecs:
+   case Behind::subTlvs:
+   case Behind::multipath:
+   case Behind::mappingLabels:
+   case Behind::protocolLabels:
+   case Behind::labelStack:
+      return true;
+   default:
+      return false;
+   }
+}
+
+constexpr LspPingUsualElement usualOf( LspPingElementRow const & row ) noexcept {
+   LspPingElement const & facts = row.facts;
+   U32 const most = facts.hasFixedLength ? facts.leastLength : 0xffffu;
+   LspPingUsualElement usual;
+   if( !isUsual( facts.behind ) || facts.chooser != 0 || facts.selectorCount > 1 ||
+       facts.context == LspPingContext::opaqueValue || row.fixedSize() > 0xff ||
+       row.viewOffset() + row.viewSize > lspPingPadded( row.fixedSize() ) )
+      return usual;
+   usual.lengthCount = most - facts.leastLength + 1;
+   usual.leastLength = facts.leastLength;
+   usual.fixedSize = static_cast< U8 >( row.fixedSize() );
+   usual.behind = facts.behind;
+   usual.flags.isContainer = facts.isContainer();
+   usual.flags.isViewed = usual.flags.isValid = row.isDescribed();
+   usual.inside = facts.behind == LspPingBehind::fecs      ? LspPingContext::targetFec
+                  : facts.behind == LspPingBehind::subTlvs ? LspPingContext::ddmap
+                                                           : facts.inside;
+   if( facts.selectorCount > 0 ) {
+      usual.selectorAt = facts.selectors[0].offset;
+      usual.selectorValue = facts.selectors[0].values[0];
+   }
+   return usual;
+}
+
+// A view's bytes as the facts have them, and this in all others.
+template < class View >
+constexpr auto filledWith( U8 byte, LspPingElement const & facts ) noexcept {
+   std::array< U8, sizeof( View ) > bytes;
+   bytes.fill( byte );
+   U32 const offset = facts.isOverValue ? sizeof( LspPingTlvHdr ) : 0;
+   if( offset == 0 ) {
+      bytes[0] = 0;
+      bytes[1] = static_cast< U8 >( facts.code() );
+      bytes[2] = 0;
+      bytes[3] = static_cast< U8 >( facts.leastLength );
+   }
+   for( std::size_t i = 0; i < facts.selectorCount; ++i )
+      bytes[facts.selectors[i].offset - offset] = facts.selectors[i].values[0];
+   return bytes;
+}
+
+// The views of most elements say no more than their facts and a prefix length do. It is found here
+// where that is, and two fillings tell whether there is more to ask; a test holds this against the
+// views with all values of each byte.
+template < class View >
+constexpr LspPingUsualElement usualOf( LspPingElementRow const & row ) noexcept {
+   LspPingUsualElement usual = usualOf( row );
+   std::array< U8, sizeof( View ) > const zeros = filledWith< View >( 0, row.facts );
+   std::array< U8, sizeof( View ) > ones = filledWith< View >( 0xff, row.facts );
+   if constexpr( requires( View const & view ) { view.prefixLen(); } ) {
+      for( U8 at = sizeof( LspPingTlvHdr ); usual.prefixAt == 0; ++at ) {
+         std::array< U8, sizeof( View ) > probe = zeros;
+         probe[at] = 1;
+         if( std::bit_cast< View >( probe ).prefixLen() == 1 )
+            usual.prefixAt = at;
+      }
+      usual.longestPrefix = 8 * sizeof( std::bit_cast< View >( zeros ).ipPrefix() );
+      ones[usual.prefixAt] = 0;
+   }
+   for( auto const & bytes : { zeros, ones } ) {
+      View const view = std::bit_cast< View >( bytes );
+      if( !isValid( view, row.facts.leastLength ) || flawIn( view, true ) )
+         usual.lengthCount = 0;
+   }
+   return usual;
+}
+
 template < class View >
 constexpr LspPingElementRow rowOf( LspPingElement facts ) noexcept {
-   LspPingElementRow row{ facts, Kiv::typeIdOf< View > };
+   LspPingElementRow row{ .facts = facts, .type = Kiv::typeIdOf< View > };
    if constexpr( requires { View::kivCopyOf; } ) {
       row.verdict = []( U8 const * element, U32 length ) noexcept -> LspPingVerdict {
          bool const isValid = padValid( element, length );
@@ -123,6 +215,8 @@ constexpr LspPingElementRow rowOf( LspPingElement facts ) noexcept {
       row.readsValue = facts.behind == LspPingBehind::identifiers;
       row.verdict = &verdictOf< View >;
       row.flaw = &flawOf< View >;
+      if constexpr( isUsual( View::element.behind ) )
+         row.usual = usualOf< View >( row );
       if constexpr( requires( View const & view ) { view.stringValue(); } )
          row.appendText = &appendTextOf< View >;
    }
@@ -130,7 +224,9 @@ constexpr LspPingElementRow rowOf( LspPingElement facts ) noexcept {
 }
 
 constexpr LspPingElementRow unviewed( LspPingElement facts ) noexcept {
-   return { facts, {} };
+   LspPingElementRow row{ .facts = facts };
+   row.usual = usualOf( row );
+   return row;
 }
 
 Flaw ldpIpv6Flaw( U8 const * element, U32 ) noexcept {
@@ -145,6 +241,7 @@ constexpr LspPingElementRow nonIp( LspPingBehind behind ) noexcept {
    row.facts.leastLength = 16;
    row.facts.behind = behind;
    row.isNonIp = true;
+   row.usual = {};
    return row;
 }
 
@@ -155,6 +252,7 @@ constexpr auto unviewedRows = [] {
    using Fec = LspPingTargetFecSubTlvType;
    using Responder = LspPingP2mpRespTlvType;
    LspPingElementRow ldpIpv6 = unviewed( Element::targetFec( Fec::LDPIpv6 ).length( 17 ) );
+   ldpIpv6.usual = {};
    ldpIpv6.flaw = &ldpIpv6Flaw;
    ldpIpv6.verdict = []( U8 const * element, U32 length ) noexcept -> LspPingVerdict {
       return { false, static_cast< bool >( ldpIpv6Flaw( element, length ) ) };

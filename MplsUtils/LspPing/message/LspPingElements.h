@@ -16,13 +16,51 @@ struct LspPingVerdict {
    bool isFlawed = false;
 };
 
+/// What a reader says of an element besides its place. One store writes them all.
+struct LspPingElementFlags {
+   /// The class that describes it lies over its bytes, and what that says of itself.
+   bool isViewed = false;
+   bool isValid = false;
+   /// Other elements stand in it, be there any or none.
+   bool isContainer = false;
+   /// The bytes are a copy, with padding that is not there.
+   bool isCopied = false;
+   bool hidesBytes = false;
+   bool hasMultipath = false;
+   bool isMultipathIpv6 = false;
+   bool hasLabels = false;
+};
+static_assert( sizeof( LspPingElementFlags ) == 8 );
+
+/// What the reader compares of a usual element, gathered from its row. Where all that holds, the
+/// element is what `flags` say and nothing is wrong with its fixed part; else there is more to ask.
+/// Offsets count from the element's first byte.
+struct LspPingUsualElement {
+   LspPingElementFlags flags;
+   /// Of so many lengths, `leastLength` is the first; of none, where there is always more to ask.
+   U32 lengthCount = 0;
+   U16 leastLength = 0;
+   /// Up to what stands behind the fixed part.
+   U8 fixedSize = 0;
+   LspPingBehind behind = LspPingBehind::nothing;
+   /// Of elements behind it.
+   LspPingContext inside = LspPingContext::message;
+   /// The byte that selects the row: without one the first byte of the code, which is 0.
+   U8 selectorAt = 0;
+   U8 selectorValue = 0;
+   /// A prefix is not longer: without one, whatever the first byte of the code is.
+   U8 prefixAt = 0;
+   U8 longestPrefix = 0xff;
+};
+
 /// An element that can stand in a message, as the table has it: its facts, which stand beside its
 /// class, and the view. Elements with several codes have a row for each.
 struct LspPingElementRow {
    /// With one code, the row's.
    LspPingElement facts;
+   LspPingUsualElement usual{};
    /// None where no class describes the element.
-   Kiv::TypeId type;
+   Kiv::TypeId type{};
    /// Bytes of the view; 0 without one, and for the Pad TLV, whose class holds a copy of the value.
    U16 viewSize = 0;
    /// The view's operations take all that the length covers, not only the view's own size.

@@ -83,14 +83,14 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
    LspPingElementRow const * row() const noexcept { return data().row; }
    /// The class that describes the element; none where there is none or its bytes are missing.
    Kiv::TypeRef type() const noexcept {
-      return data().isViewed ? Kiv::TypeRef( data().row->type ) : Kiv::TypeRef();
+      return data().flags.isViewed ? Kiv::TypeRef( data().row->type ) : Kiv::TypeRef();
    }
    /// Whether it has a type().
-   bool isDescribed() const noexcept { return data().isViewed; }
+   bool isDescribed() const noexcept { return data().flags.isViewed; }
    /// What the class says of itself: false without one.
-   bool isValid() const noexcept { return data().isValid; }
+   bool isValid() const noexcept { return data().flags.isValid; }
    /// Bytes of it are shown neither by its class nor by what it contains.
-   bool hidesBytes() const noexcept { return data().hidesBytes; }
+   bool hidesBytes() const noexcept { return data().flags.hidesBytes; }
 
    /// The view, where it describes this element and lies there whole; null otherwise. A base of
    /// the view will do, such as LspPingDdmapHdr for a mapping of any address type.
@@ -127,11 +127,11 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
    /// What stands in it, in the order of the bytes.
    LspPingElementRange elements() const noexcept;
    /// Whether it is one that other elements stand in, be there any or none.
-   bool isContainer() const noexcept { return data().isContainer; }
+   bool isContainer() const noexcept { return data().flags.isContainer; }
 
-   bool hasMultipath() const noexcept { return data().hasMultipath; }
+   bool hasMultipath() const noexcept { return data().flags.hasMultipath; }
    LspPingMultipath multipath() const noexcept;
-   bool hasLabels() const noexcept { return data().hasLabels; }
+   bool hasLabels() const noexcept { return data().flags.hasLabels; }
    LspPingLabels labels() const noexcept;
 
  private:
@@ -140,31 +140,24 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
    friend class LspPingWalk;
    struct Data {
       LspPingElementRow const * row = nullptr;
+      LspPingElementFlags flags;
       U32 offset = 0;
       U32 length = 0;
-      U32 code = 0;
       // Of header and value; with the padding that is there.
       U32 present = 0;
       U32 occupied = 0;
-      // Its descendants are the elements from the next one up to here.
-      U32 after = 0;
-      // Where a zero-padded copy begins for a view that takes padding which is not there.
-      U32 copy = 0;
+      U16 code = 0;
+      LspPingContext context = LspPingContext::message;
+      U8 depth = 0;
+      // So many elements on stands the next one that is not in it.
+      U32 span = 1;
       U32 multipathOffset = 0;
       U32 multipathLength = 0;
       U32 labelsOffset = 0;
       U32 labelsLength = 0;
-      LspPingContext context = LspPingContext::message;
-      U8 depth = 0;
-      U8 multipathType = 0;
-      bool isViewed = false;
-      bool isValid = false;
-      bool isCopied = false;
-      bool hidesBytes = false;
-      bool isContainer = false;
-      bool isMappingIpv6 = false;
-      bool hasMultipath = false;
-      bool hasLabels = false;
+      // Where a zero-padded copy begins for a view that takes padding which is not there.
+      U32 copy = 0;
+      LspPingMultipathType multipathType = LspPingMultipathType::noMultipath;
    };
    static_assert( sizeof( Data ) == 64 );
 
@@ -239,14 +232,14 @@ class LSPPING_MESSAGE_EXPORT LspPingMessage {
 
    /// The top-level TLVs, in the order of the bytes.
    LspPingElementRange elements() const noexcept {
-      return { *this, elements_.data(), elements_.data() + elements_.size() };
+      return { *this, elements_.data(), elements_.data() + count_ };
    }
    /// What a receiver of the request says of it before it looks at its sense, RFC 8029 section 4.4
    /// step 1: `malFormEchoRequest`, `tlvNotUnderstood`, or `noRetCode` for a good one.
    LspPingReturnCode sanity() const noexcept;
 
    /// All elements, each in front of what it contains.
-   U32 elementCount() const noexcept { return static_cast< U32 >( elements_.size() ); }
+   U32 elementCount() const noexcept { return count_; }
    LspPingElementRef element( U32 index ) const noexcept {
       return { *this, elements_.data() + index };
    }
@@ -268,7 +261,9 @@ class LSPPING_MESSAGE_EXPORT LspPingMessage {
    friend class LspPingWalk;
 
    std::span< U8 const > bytes_;
+   // The first `count_` are the message's: the others have been those of longer ones.
    std::vector< LspPingElementRef::Data > elements_;
+   U32 count_ = 0;
    std::vector< LspPingProblem > problems_;
    std::vector< U8 > copies_;
 };
@@ -278,16 +273,16 @@ inline U32 LspPingElementRef::index() const noexcept {
 }
 inline U8 const * LspPingElementRef::at() const noexcept {
    Data const & own = data();
-   return own.isCopied ? message_->copies_.data() + own.copy : message_->bytes_.data() + own.offset;
+   return own.flags.isCopied ? message_->copies_.data() + own.copy
+                             : message_->bytes_.data() + own.offset;
 }
 inline std::span< U8 const > LspPingElementRef::bytes() const noexcept {
    return message_->bytes_.subspan( data().offset, data().present );
 }
 inline LspPingMultipath LspPingElementRef::multipath() const noexcept {
    Data const & own = data();
-   return { static_cast< LspPingMultipathType >( own.multipathType ),
-            message_->bytes_.subspan( own.multipathOffset, own.multipathLength ),
-            own.isMappingIpv6 };
+   return { own.multipathType, message_->bytes_.subspan( own.multipathOffset, own.multipathLength ),
+            own.flags.isMultipathIpv6, LspPingMultipath::FamilyKnown{} };
 }
 inline LspPingLabels LspPingElementRef::labels() const noexcept {
    Data const & own = data();
@@ -295,10 +290,10 @@ inline LspPingLabels LspPingElementRef::labels() const noexcept {
             own.row != nullptr && own.row->facts.behind != LspPingBehind::labelStack };
 }
 inline LspPingElementRange LspPingElementRef::elements() const noexcept {
-   return { *message_, data_ + 1, message_->elements_.data() + data().after };
+   return { *message_, data_ + 1, data_ + data().span };
 }
 inline LspPingElementRange::Iterator & LspPingElementRange::Iterator::operator++() noexcept {
-   data_ = message_->elements_.data() + data_->after;
+   data_ += data_->span;
    return *this;
 }
 

@@ -30,6 +30,13 @@ void LspPingWalk::message() {
                tlvs.size() );
       return;
    }
+   std::size_t const problemCount = message_.problems_.size();
+   if( !isCut_ && quickElements( LspPingContext::message, tlvs, 0 ) ) [[likely]]
+      return;
+   message_.count_ = 0;
+   message_.problems_.resize( problemCount );
+   message_.copies_.clear();
+   isMappingIpv6_ = false;
    elements( LspPingContext::message, tlvs, 0 );
 }
 
@@ -41,6 +48,10 @@ void LspPingWalk::header() {
       problem( Code::headerInvalid, 0, { header->version(), header->messageType() } );
    else if( header->version() != 1 )
       problem( Code::versionUnknown, 0, { header->version(), 1 } );
+}
+
+void LspPingWalk::grow() {
+   message_.elements_.resize( std::max< std::size_t >( 16, 2 * message_.elements_.size() ) );
 }
 
 // The last element's padding may be missing.
@@ -123,14 +134,14 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
       quickElementOf( context, code, bytes_.subspan( region.begin, present ) );
 
    U32 const index = message_.elementCount();
-   Data & element = message_.elements_.emplace_back();
+   Data & element = added();
+   element = {};
    element.row = row;
    element.offset = region.begin;
    element.length = length;
-   element.code = code;
+   element.code = static_cast< U16 >( code );
    element.present = present;
    element.occupied = alignment == Alignment::none ? present : std::min( left, total );
-   element.after = index + 1;
    element.context = context;
    element.depth = static_cast< U8 >( depth );
 
@@ -141,7 +152,7 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
       view( element, *row );
       if( row->facts.behind != LspPingBehind::nothing ) {
          body( index, *row );
-         at( index ).after = message_.elementCount();
+         at( index ).span = message_.elementCount() - index;
       }
    }
    if( isCut )
@@ -165,21 +176,22 @@ void LspPingWalk::view( Data & element, LspPingElementRow const & row ) {
       if( U32 const size = row.viewOffset() + row.viewSize; size > element.occupied )
          copy( element, size );
       // The Pad TLV's object is a copy of all the value.
-      element.isViewed = row.viewSize != 0 || element.present == row.headerSize() + element.length;
-      if( !element.isViewed )
+      element.flags.isViewed =
+         row.viewSize != 0 || element.present == row.headerSize() + element.length;
+      if( !element.flags.isViewed )
          return;
    }
    LspPingVerdict verdict;
    if( row.verdict != nullptr ) {
       verdict = row.verdict( begin( element ), element.length );
-      element.isValid = verdict.isValid;
+      element.flags.isValid = verdict.isValid;
    }
    if( verdict.isFlawed || row.facts.chooser != 0 || row.facts.hasFixedLength )
       judge( element, row, verdict );
 }
 
 void LspPingWalk::copy( Data & element, U32 size ) {
-   element.isCopied = true;
+   element.flags.isCopied = true;
    element.copy = static_cast< U32 >( message_.copies_.size() );
    message_.copies_.resize( message_.copies_.size() + size );
    std::memcpy( message_.copies_.data() + element.copy, bytes_.data() + element.offset,
@@ -193,7 +205,7 @@ void LspPingWalk::judge( Data & element, LspPingElementRow const & row, LspPingV
                     { byte( element.offset + row.facts.chooser ) } );
       else
          problemOf( element, Code::notValid );
-      element.hidesBytes = true;
+      element.flags.hidesBytes = true;
       return;
    }
    if( !lengthFits( element ) || !verdict.isFlawed )
@@ -201,7 +213,7 @@ void LspPingWalk::judge( Data & element, LspPingElementRow const & row, LspPingV
    LspPingFlaw const flaw = row.flaw( begin( element ), element.length );
    problem( flaw.code, element.offset + flaw.place, flaw.numbers, indexOf( element ),
             std::min( flaw.placeBytes, element.occupied - flaw.place ) );
-   element.hidesBytes = true;
+   element.flags.hidesBytes = true;
 }
 
 bool LspPingWalk::lengthFits( Data const & element ) {
@@ -222,8 +234,8 @@ void LspPingWalk::body( U32 index, LspPingElementRow const & row ) {
    // Of a FEC 129 the identifiers are part of what has to be there.
    U32 const fixed =
       row.facts.behind == LspPingBehind::identifiers ? row.viewSize : row.fixedSize();
-   element.isContainer = row.facts.isContainer();
-   if( element.present < fixed || ( row.isDescribed() && !element.isViewed ) )
+   element.flags.isContainer = row.facts.isContainer();
+   if( element.present < fixed || ( row.isDescribed() && !element.flags.isViewed ) )
       return;
    U32 const begin = element.offset + fixed;
    Region const region{ begin, element.offset + element.present,
@@ -246,7 +258,7 @@ void LspPingWalk::body( U32 index, LspPingElementRow const & row ) {
       elements( LspPingContext::p2mpResponder, region, element.depth + 1u );
       return;
    case LspPingBehind::vendorTlvs:
-      if( element.isValid )
+      if( element.flags.isValid )
          elements( LspPingContext::vendorPrivate, region, element.depth + 1u );
       return;
    case LspPingBehind::subTlvs:
@@ -335,7 +347,7 @@ void LspPingWalk::opaqueValues( U32 index, Region region ) {
    U32 const begin = rootLengthAt + 3 + rootLength;
    // The view shows an address of IPv4, whatever there is.
    if( rootLength != 4 || begin > region.end )
-      element.hidesBytes = true;
+      element.flags.hidesBytes = true;
    if( begin > region.end ) {
       problem( Code::rootDoesNotFit, rootLengthAt, { rootLength }, index );
       return;
@@ -379,21 +391,23 @@ U32 LspPingWalk::multipath( U32 index, Region region, U8 type, U32 length ) {
    if( length == 0 )
       return region.begin;
    Data & element = at( index );
-   element.hasMultipath = true;
-   element.multipathType = type;
+   element.flags.hasMultipath = true;
+   element.multipathType = static_cast< LspPingMultipathType >( type );
    element.multipathOffset = region.begin;
    element.multipathLength = length;
-   element.isMappingIpv6 = isMappingIpv6_;
+   LspPingMultipath const multipath( element.multipathType, bytes_.subspan( region.begin, length ),
+                                     isMappingIpv6_ );
+   element.flags.isMultipathIpv6 = multipath.isIpv6();
    if( type == 0 )
       problem( Code::multipathWithoutType, region.begin, { length }, index );
-   else if( !message_.element( index ).multipath().isWellFormed() )
+   else if( !multipath.isWellFormed() )
       problem( Code::multipathLengthWrong, region.begin, { length, type }, index, length );
    return region.begin + length;
 }
 
 void LspPingWalk::labels( U32 index, Region region ) {
    Data & element = at( index );
-   element.hasLabels = true;
+   element.flags.hasLabels = true;
    element.labelsOffset = region.begin;
    element.labelsLength = region.size() & ~U32{ 3 };
    leftOver( index, { region.begin + element.labelsLength, region.end } );
@@ -418,7 +432,7 @@ bool LspPingWalk::isZero( Region region ) noexcept {
 LspPingMessage const & LspPingMessageReader::read( std::span< U8 const > bytes,
                                                    LspPingMessageEnd end ) noexcept {
    message_.bytes_ = bytes;
-   message_.elements_.clear();
+   message_.count_ = 0;
    message_.problems_.clear();
    message_.copies_.clear();
    Kiv::orOutOfMemory( "LspPing::LspPingMessageReader",

@@ -43,14 +43,6 @@ U32 LspPingMultipath::baseLabel() const noexcept {
    return reinterpret_cast< Velnet::NetU32 const * >( bytes_.data() )->value();
 }
 
-Velnet::IpGenAddr LspPingMultipath::address( std::size_t i ) const noexcept {
-   U8 const * const at = bytes_.data() + i * unit();
-   // An address of that family is there, and the types have no alignment.
-   if( isIpv6_ )
-      return *reinterpret_cast< Velnet::Ip6Addr const * >( at );
-   return *reinterpret_cast< Velnet::IpAddr const * >( at );
-}
-
 // The base moved on.
 Velnet::IpGenAddr LspPingMultipath::member( std::size_t bit ) const noexcept {
    std::array< U8, sizeof( Velnet::Ip6Addr ) > bytes;

@@ -33,6 +33,14 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
         isIpv6_( information.size() >= sizeof( Velnet::Ip6Addr ) && !isLabels() &&
                  isAddressIpv6( isMappingIpv6 ) ) {}
 
+   struct FamilyKnown {};
+   /// As it was read before.
+   LspPingMultipath( LspPingMultipathType type, std::span< U8 const > information, bool isIpv6,
+                     FamilyKnown ) noexcept
+      : bytes_( information ),
+        type_( type ),
+        isIpv6_( isIpv6 ) {}
+
    LspPingMultipathType type() const noexcept { return type_; }
    /// As it was sent.
    std::span< U8 const > bytes() const noexcept { return bytes_; }
@@ -61,7 +69,13 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
 
    /// Of a list: how many addresses there are, two for each range, and one of them.
    std::size_t addressCount() const noexcept { return bytes_.size() / unit(); }
-   Velnet::IpGenAddr address( std::size_t i ) const noexcept;
+   Velnet::IpGenAddr address( std::size_t i ) const noexcept {
+      U8 const * const at = bytes_.data() + i * unit();
+      // An address of that family is there, and the types have no alignment.
+      if( isIpv6_ )
+         return *reinterpret_cast< Velnet::Ip6Addr const * >( at );
+      return *reinterpret_cast< Velnet::IpAddr const * >( at );
+   }
 
    /// The addresses and ranges of a list, or the runs of bits that are set.
    Iterator begin() const noexcept;

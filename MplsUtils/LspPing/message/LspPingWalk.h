@@ -43,6 +43,8 @@ class LspPingWalk {
 
    void header();
    bool comesOut( LspPingContext context, Region region, Alignment alignment ) const noexcept;
+   bool quickElements( LspPingContext context, Region region, U32 depth );
+   bool quickInside( U32 index, LspPingElementRow const & row );
    void elements( LspPingContext context, Region region, U32 depth );
    U32 element( LspPingContext context, Region region, U32 depth, Alignment alignment );
    // These two are asked for each element, and nowhere else.
@@ -69,9 +71,15 @@ class LspPingWalk {
    }
    // Where its view lies.
    U8 const * begin( Data const & element ) const noexcept {
-      return element.isCopied ? message_.copies_.data() + element.copy
-                              : bytes_.data() + element.offset;
+      return element.flags.isCopied ? message_.copies_.data() + element.copy
+                                    : bytes_.data() + element.offset;
    }
+   Data & added() {
+      if( message_.count_ == message_.elements_.size() ) [[unlikely]]
+         grow();
+      return message_.elements_[message_.count_++];
+   }
+   [[gnu::cold, gnu::noinline]] void grow();
    Data & at( U32 index ) noexcept { return message_.elements_[index]; }
 
    // Far from the way of a well-formed message.
