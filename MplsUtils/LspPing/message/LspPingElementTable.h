@@ -12,10 +12,10 @@ inline constexpr std::size_t lspPingSmallCodes = 64;
 inline constexpr U8 lspPingNoRow = 0xff;
 
 /// By context and code: which row is the first, or `lspPingNoRow`.
-extern std::array< std::array< U8, lspPingSmallCodes >, lspPingContextCount > const
-   lspPingSmallCodeRows;
+[[gnu::visibility( "hidden" )]] extern std::array< std::array< U8, lspPingSmallCodes >,
+                                                   lspPingContextCount > const lspPingSmallCodeRows;
 /// `lspPingElements().data()`
-extern LspPingElementRow const * const lspPingRows;
+[[gnu::visibility( "hidden" )]] extern LspPingElementRow const * const lspPingRows;
 
 /// As `elementOf`, quick for an element whose code has one row.
 inline LspPingElementRow const * quickElementOf( LspPingContext context, U32 code,
@@ -39,17 +39,19 @@ inline LspPingElementRow const * usualElementOf( LspPingContext context, U32 cod
    U8 const first = lspPingSmallCodeRows[static_cast< std::size_t >( context )][code];
    if( first == lspPingNoRow )
       return nullptr;
-   LspPingElementRow const * row = &lspPingRows[first];
-   if( length < row->facts.leastLength )
-      return nullptr;
-   if( element[row->usual.selectorAt] != row->usual.selectorValue )
-      row = elementOf( context, code, { element, 4 + length } );
-   LspPingUsualElement const & usual = row->usual;
    // All lengths below the least are beyond the count.
-   return length - usual.leastLength < usual.lengthCount &&
-                element[usual.prefixAt] <= usual.longestPrefix
-             ? row
-             : nullptr;
+   auto const hasLength = [length]( LspPingUsualElement const & usual ) {
+      return length - usual.leastLength < usual.lengthCount;
+   };
+   LspPingElementRow const * row = &lspPingRows[first];
+   if( !hasLength( row->usual ) )
+      return nullptr;
+   if( element[row->usual.selectorAt] != row->usual.selectorValue ) {
+      row = elementOf( context, code, { element, 4 + length } );
+      if( row == nullptr || !hasLength( row->usual ) )
+         return nullptr;
+   }
+   return element[row->usual.prefixAt] <= row->usual.longestPrefix ? row : nullptr;
 }
 
 } // namespace LspPing

@@ -55,10 +55,11 @@ struct LspPingUsualElement {
 
 /// An element that can stand in a message, as the table has it: its facts, which stand beside its
 /// class, and the view. Elements with several codes have a row for each.
-struct LspPingElementRow {
+/// What is asked of each stands first, and in one line of the processor's cache.
+struct alignas( 64 ) LspPingElementRow {
+   LspPingUsualElement usual{};
    /// With one code, the row's.
    LspPingElement facts;
-   LspPingUsualElement usual{};
    /// None where no class describes the element.
    Kiv::TypeId type{};
    /// Bytes of the view; 0 without one, and for the Pad TLV, whose class holds a copy of the value.

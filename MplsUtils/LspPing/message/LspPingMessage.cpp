@@ -11,10 +11,10 @@ std::span< U8 const > LspPingElementRef::paddedBytes() const noexcept {
    return { at(), std::size_t{ own.row->viewOffset() } + own.row->viewSize };
 }
 
-void const * LspPingElementRef::viewAs( Kiv::TypeRef wanted ) const noexcept {
-   void const * const own = view();
+void const * LspPingElementRef::viewAs( LspPingElementRef element, Kiv::TypeRef wanted ) noexcept {
+   void const * const own = element.view();
    // A derived view begins with its base.
-   return own != nullptr && type().isA( wanted ) ? own : nullptr;
+   return own != nullptr && element.type().isA( wanted ) ? own : nullptr;
 }
 
 bool LspPingElementRef::isUnderstood() const noexcept {

@@ -104,15 +104,15 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
       } else {
          // Quick for what it mostly is: that view, or one that has nothing to do with it. What
          // derives from an element's class is an element of the same codes.
-         if( !isDescribed() )
-            return nullptr;
-         if( row()->type == Kiv::typeIdOf< View > )
-            return static_cast< View const * >( view() );
          if constexpr( requires { View::element; } ) {
             if( !View::element.hasCode( code() ) || View::element.context != context() )
                return nullptr;
+            constexpr U32 header = lspPingHeaderSize( View::element.context );
+            constexpr U32 offset = View::element.isOverValue ? header : 0;
+            if( isDescribed() && row()->type == Kiv::typeIdOf< View > ) [[likely]]
+               return reinterpret_cast< View const * >( at() + offset );
          }
-         return static_cast< View const * >( viewAs( Kiv::typeOf< View >() ) );
+         return static_cast< View const * >( viewAs( *this, Kiv::typeOf< View >() ) );
       }
    }
    /// The object of `type()`: the view, or null for the Pad TLV, whose class is a copy of its
@@ -138,26 +138,28 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
    friend class LspPingMessage;
    friend class LspPingElementRange;
    friend class LspPingWalk;
+   // Numbers that the reader stores one by one do not stand side by side: g++ would collect them
+   // first.
    struct Data {
       LspPingElementRow const * row = nullptr;
       LspPingElementFlags flags;
       U32 offset = 0;
-      U32 length = 0;
-      // Of header and value; with the padding that is there.
-      U32 present = 0;
-      U32 occupied = 0;
       U16 code = 0;
       LspPingContext context = LspPingContext::message;
       U8 depth = 0;
+      U32 length = 0;
       // So many elements on stands the next one that is not in it.
       U32 span = 1;
+      // Of header and value; with the padding that is there.
+      U32 present = 0;
+      LspPingMultipathType multipathType = LspPingMultipathType::noMultipath;
+      U32 occupied = 0;
+      // Where a zero-padded copy begins for a view that takes padding which is not there.
+      U32 copy = 0;
       U32 multipathOffset = 0;
       U32 multipathLength = 0;
       U32 labelsOffset = 0;
       U32 labelsLength = 0;
-      // Where a zero-padded copy begins for a view that takes padding which is not there.
-      U32 copy = 0;
-      LspPingMultipathType multipathType = LspPingMultipathType::noMultipath;
    };
    static_assert( sizeof( Data ) == 64 );
 
@@ -166,7 +168,8 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
         data_( data ) {}
    Data const & data() const noexcept { return *data_; }
    U8 const * at() const noexcept;
-   void const * viewAs( Kiv::TypeRef wanted ) const noexcept;
+   // Takes no handle by its address, so that the compiler can keep it in registers.
+   static void const * viewAs( LspPingElementRef element, Kiv::TypeRef wanted ) noexcept;
 
    LspPingMessage const * message_;
    Data const * data_;

@@ -17,6 +17,17 @@ constexpr U32 beyondAll = 0xffffffff;
 } // namespace
 
 void LspPingWalk::message() {
+   if( !quickMessage() ) {
+      message_.problems_.clear();
+      message_.copies_.clear();
+      next_ = message_.elements_.data();
+      isMappingIpv6_ = false;
+      slowMessage();
+   }
+   message_.count_ = count();
+}
+
+void LspPingWalk::slowMessage() {
    U32 const size = static_cast< U32 >( bytes_.size() );
    header();
    if( size <= headerLength )
@@ -30,13 +41,6 @@ void LspPingWalk::message() {
                tlvs.size() );
       return;
    }
-   std::size_t const problemCount = message_.problems_.size();
-   if( !isCut_ && quickElements( LspPingContext::message, tlvs, 0 ) ) [[likely]]
-      return;
-   message_.count_ = 0;
-   message_.problems_.resize( problemCount );
-   message_.copies_.clear();
-   isMappingIpv6_ = false;
    elements( LspPingContext::message, tlvs, 0 );
 }
 
@@ -51,7 +55,11 @@ void LspPingWalk::header() {
 }
 
 void LspPingWalk::grow() {
-   message_.elements_.resize( std::max< std::size_t >( 16, 2 * message_.elements_.size() ) );
+   constexpr std::size_t fewest = 16;
+   std::size_t const size = message_.elements_.size();
+   message_.elements_.resize( std::max( fewest, 2 * size ) );
+   next_ = message_.elements_.data() + size;
+   end_ = message_.elements_.data() + message_.elements_.size();
 }
 
 // The last element's padding may be missing.
@@ -133,7 +141,7 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
    LspPingElementRow const * const row =
       quickElementOf( context, code, bytes_.subspan( region.begin, present ) );
 
-   U32 const index = message_.elementCount();
+   U32 const index = count();
    Data & element = added();
    element = {};
    element.row = row;
@@ -152,7 +160,7 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
       view( element, *row );
       if( row->facts.behind != LspPingBehind::nothing ) {
          body( index, *row );
-         at( index ).span = message_.elementCount() - index;
+         at( index ).span = count() - index;
       }
    }
    if( isCut )

@@ -7,35 +7,9 @@
 
 namespace LspPing {
 
-namespace {
-
-bool isMapped( std::span< U8 const > bytes ) noexcept {
+bool LspPingMultipath::isMapped( U8 const * address ) noexcept {
    constexpr std::array< U8, 12 > mapped{ 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff };
-   return std::memcmp( bytes.data(), mapped.data(), mapped.size() ) == 0;
-}
-
-} // namespace
-
-bool LspPingMultipath::isAddressIpv6( bool isMappingIpv6 ) const noexcept {
-   return isMapped( bytes_ ) || ( isMappingIpv6 && bytes_[0] != 127 );
-}
-
-bool LspPingMultipath::isWellFormed() const noexcept {
-   std::size_t const size = bytes_.size();
-   if( size == 0 )
-      return true;
-   switch( type_ ) {
-   case LspPingMultipathType::noMultipath:
-      return false;
-   case LspPingMultipathType::ipMultipath:
-      return size % unit() == 0;
-   case LspPingMultipathType::ipRangeMultipath:
-      return size % ( 2 * unit() ) == 0;
-   case LspPingMultipathType::maskedIpSetMultipath:
-   case LspPingMultipathType::maskedLabelSetMultipath:
-      return size % 4 == 0 && size > unit();
-   }
-   return size % 4 == 0;
+   return std::memcmp( address, mapped.data(), mapped.size() ) == 0;
 }
 
 U32 LspPingMultipath::baseLabel() const noexcept {

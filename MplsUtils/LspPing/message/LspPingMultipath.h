@@ -83,8 +83,12 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
 
  private:
    friend class Iterator;
-   // Of at least one address of IPv6.
-   bool isAddressIpv6( bool isMappingIpv6 ) const noexcept;
+   // Of at least one address of IPv6. What is mapped begins with zeros.
+   bool isAddressIpv6( bool isMappingIpv6 ) const noexcept {
+      return ( bytes_[0] == 0 && isMapped( bytes_.data() ) ) ||
+             ( isMappingIpv6 && bytes_[0] != 127 );
+   }
+   static bool isMapped( U8 const * address ) noexcept;
    std::size_t unit() const noexcept { return isIpv6_ ? 16 : 4; }
    bool contains( std::size_t bit ) const noexcept {
       return ( bytes_[unit() + bit / 8] >> ( 7 - bit % 8 ) & 1 ) != 0;
@@ -116,6 +120,24 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath::Iterator {
    std::size_t first_ = 0;
    std::size_t last_ = 0;
 };
+
+inline bool LspPingMultipath::isWellFormed() const noexcept {
+   std::size_t const size = bytes_.size();
+   if( size == 0 )
+      return true;
+   switch( type_ ) {
+   case LspPingMultipathType::noMultipath:
+      return false;
+   case LspPingMultipathType::ipMultipath:
+      return size % unit() == 0;
+   case LspPingMultipathType::ipRangeMultipath:
+      return size % ( 2 * unit() ) == 0;
+   case LspPingMultipathType::maskedIpSetMultipath:
+   case LspPingMultipathType::maskedLabelSetMultipath:
+      return size % 4 == 0 && size > unit();
+   }
+   return size % 4 == 0;
+}
 
 inline LspPingMultipath::Iterator LspPingMultipath::begin() const noexcept {
    return Iterator( *this );

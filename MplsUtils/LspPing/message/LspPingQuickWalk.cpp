@@ -1,100 +1,117 @@
 #include "MplsUtils/LspPing/message/LspPingElementTable.h"
 #include "MplsUtils/LspPing/message/LspPingWalk.h"
 
+#include <algorithm>
+
 namespace LspPing {
 
-// As `elements`, for a region that is read with alignment. False where that does not come out: then
-// the message is to be read again from its first TLV, which takes no longer than once more. What is
-// not usual is asked of the general functions, an element or what is in it at a time.
-bool LspPingWalk::quickElements( LspPingContext context, Region region, U32 depth ) {
-   bool const isLast = context == LspPingContext::message && region.end == bytes_.size();
+// A message of version 1 with all its bytes. What is read a second time takes no longer than twice.
+bool LspPingWalk::quickMessage() {
+   LspPingHdr const * const header = message_.header();
+   return header != nullptr && header->version() == 1 && header->valid() && !isCut_ &&
+          quickElements( LspPingContext::message, sizeof( LspPingHdr ),
+                         static_cast< U32 >( bytes_.size() ), 0 );
+}
+
+// As `elements`, for a region that is read with alignment. False where that does not come out. What
+// is not usual is asked of the general functions, an element or what is in it at a time.
+bool LspPingWalk::quickElements( LspPingContext context, U32 begin, U32 end, U32 depth ) {
+   bool const isLast = context == LspPingContext::message && end == bytes_.size();
    U32 const link = isLast ? padding_ : 0;
-   while( region.size() > link ) {
-      U32 const left = region.size();
-      if( left < sizeof( LspPingTlvHdr ) )
-         return false;
-      U8 const * const bytes = bytes_.data() + region.begin;
+   U32 const least = std::max< U32 >( sizeof( LspPingTlvHdr ), link + 1 );
+   U32 left = end - begin;
+   while( left >= least ) {
+      U8 const * const bytes = bytes_.data() + begin;
       // The four bytes are there, and a NetU32 has no alignment.
       U32 const header = reinterpret_cast< Velnet::NetU32 const * >( bytes )->value();
       U32 const length = header & 0xffff;
-      U32 const whole = sizeof( LspPingTlvHdr ) + length;
-      U32 const total = lspPingPadded( whole );
-      // Zeros may be left over, all of them.
-      if( whole > left || header == 0 )
-         return false;
+      U32 const total = lspPingPadded( sizeof( LspPingTlvHdr ) + length );
       LspPingElementRow const * const row =
          total <= left ? usualElementOf( context, header >> 16, length, bytes ) : nullptr;
-      if( row == nullptr ) {
-         element( context, region, depth, Alignment::four );
+      if( row == nullptr ) [[unlikely]] {
+         if( !quickUnusual( context, begin, end, depth ) )
+            return false;
          if( total >= left )
             return true;
       } else {
-         U32 const index = message_.elementCount();
-         added() = { .row = row,
-                     .flags = row->usual.flags,
-                     .offset = region.begin,
-                     .length = length,
-                     .present = whole,
-                     .occupied = total,
-                     .code = static_cast< U16 >( header >> 16 ),
-                     .context = context,
-                     .depth = static_cast< U8 >( depth ) };
-         if( row->usual.behind != LspPingBehind::nothing && !quickInside( index, *row ) )
+         Data & added = this->added();
+         added = { .row = row,
+                   .flags = row->usual.flags,
+                   .offset = begin,
+                   .code = static_cast< U16 >( header >> 16 ),
+                   .context = context,
+                   .depth = static_cast< U8 >( depth ),
+                   .length = length,
+                   .present = static_cast< U32 >( sizeof( LspPingTlvHdr ) ) + length,
+                   .occupied = total };
+         if( row->usual.behind != LspPingBehind::nothing && !quickInside( added, row->usual ) )
             return false;
       }
-      region.begin += total;
+      begin += total;
+      left -= total;
    }
-   return true;
+   return left <= link;
 }
 
 // What stands behind the fixed part of a usual element.
-bool LspPingWalk::quickInside( U32 index, LspPingElementRow const & row ) {
-   Data & element = at( index );
-   LspPingUsualElement const & usual = row.usual;
-   Region const region{ element.offset + usual.fixedSize, element.offset + element.present };
+bool LspPingWalk::quickInside( Data & element, LspPingUsualElement const & usual ) {
+   U32 const begin = element.offset + usual.fixedSize;
+   U32 const size = element.present - usual.fixedSize;
    switch( usual.behind ) {
    case LspPingBehind::protocolLabels:
    case LspPingBehind::labelStack:
-      if( region.size() % 4 != 0 )
+      if( size % 4 != 0 )
          break;
       element.flags.hasLabels = true;
-      element.labelsOffset = region.begin;
-      element.labelsLength = region.size();
+      element.labelsOffset = begin;
+      element.labelsLength = size;
       return true;
    case LspPingBehind::multipath: {
-      auto const type = static_cast< LspPingMultipathType >( byte( region.begin - 4 ) );
-      LspPingMultipath const multipath( type, bytes_.subspan( region.begin, region.size() ),
-                                        isMappingIpv6_ );
-      if( region.size() == 0 || word( region.begin - 3 ) != region.size() ||
-          !multipath.isWellFormed() )
+      auto const type = static_cast< LspPingMultipathType >( byte( begin - 4 ) );
+      LspPingMultipath const information( type, bytes_.subspan( begin, size ), isMappingIpv6_ );
+      if( size == 0 || word( begin - 3 ) != size || !information.isWellFormed() )
          break;
       element.flags.hasMultipath = true;
-      element.flags.isMultipathIpv6 = multipath.isIpv6();
+      element.flags.isMultipathIpv6 = information.isIpv6();
       element.multipathType = type;
-      element.multipathOffset = region.begin;
-      element.multipathLength = region.size();
+      element.multipathOffset = begin;
+      element.multipathLength = size;
       return true;
    }
+   case LspPingBehind::subTlvs:
+      if( word( begin - 2 ) != size )
+         break;
+      isMappingIpv6_ = byte( element.offset + 6 ) == 3 || byte( element.offset + 6 ) == 4;
+      [[fallthrough]];
    case LspPingBehind::elements:
    case LspPingBehind::tlvs:
-   case LspPingBehind::fecs:
-   case LspPingBehind::subTlvs:
-      if( region.size() == 0 || element.depth >= LspPingMessageReader::deepest )
+   case LspPingBehind::fecs: {
+      if( size == 0 || element.depth >= LspPingMessageReader::deepest )
          break;
-      if( usual.behind == LspPingBehind::subTlvs ) {
-         if( word( region.begin - 2 ) != region.size() )
-            break;
-         isMappingIpv6_ = byte( element.offset + 6 ) == 3 || byte( element.offset + 6 ) == 4;
-      }
-      if( !quickElements( usual.inside, region, element.depth + 1u ) )
+      // Memory for more elements may be elsewhere.
+      U32 const index = indexOf( element );
+      if( !quickElements( usual.inside, begin, begin + size, element.depth + 1u ) )
          return false;
-      at( index ).span = message_.elementCount() - index;
+      at( index ).span = count() - index;
       return true;
+   }
    default:
       break;
    }
-   body( index, row );
-   at( index ).span = message_.elementCount() - index;
+   U32 const index = indexOf( element );
+   body( index, *element.row );
+   at( index ).span = count() - index;
+   return true;
+}
+
+// One element of which there is more to ask. False where its region does not come out, or may be
+// nothing but zeros from here on.
+bool LspPingWalk::quickUnusual( LspPingContext context, U32 begin, U32 end, U32 depth ) {
+   U32 const code = word( begin );
+   U32 const length = word( begin + 2 );
+   if( length > end - begin - sizeof( LspPingTlvHdr ) || ( code == 0 && length == 0 ) )
+      return false;
+   element( context, { begin, end }, depth, Alignment::four );
    return true;
 }
 

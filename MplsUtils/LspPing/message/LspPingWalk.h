@@ -14,6 +14,8 @@ class LspPingWalk {
  public:
    LspPingWalk( LspPingMessageEnd end, LspPingMessage & message ) noexcept
       : message_( message ),
+        next_( message.elements_.data() ),
+        end_( next_ + message.elements_.size() ),
         bytes_( message.bytes_ ),
         padding_( static_cast< U32 >( end.possiblePadding ) ),
         isCut_( end.isCut ) {}
@@ -41,10 +43,17 @@ class LspPingWalk {
       none,
    };
 
+   [[gnu::noinline]] void slowMessage();
    void header();
    bool comesOut( LspPingContext context, Region region, Alignment alignment ) const noexcept;
-   bool quickElements( LspPingContext context, Region region, U32 depth );
-   bool quickInside( U32 index, LspPingElementRow const & row );
+   // Of LspPingQuickWalk.cpp. These go through a message of which little is to be asked, from its
+   // first byte to its last, and answer false where it is to be gone through in full.
+   bool quickMessage();
+   bool quickElements( LspPingContext context, U32 begin, U32 end, U32 depth );
+   [[gnu::always_inline]] inline bool quickInside( Data & element,
+                                                   LspPingUsualElement const & usual );
+   [[gnu::noinline]] bool quickUnusual( LspPingContext context, U32 begin, U32 end, U32 depth );
+
    void elements( LspPingContext context, Region region, U32 depth );
    U32 element( LspPingContext context, Region region, U32 depth, Alignment alignment );
    // These two are asked for each element, and nowhere else.
@@ -75,10 +84,11 @@ class LspPingWalk {
                                     : bytes_.data() + element.offset;
    }
    Data & added() {
-      if( message_.count_ == message_.elements_.size() ) [[unlikely]]
+      if( next_ == end_ ) [[unlikely]]
          grow();
-      return message_.elements_[message_.count_++];
+      return *next_++;
    }
+   U32 count() const noexcept { return static_cast< U32 >( next_ - message_.elements_.data() ); }
    [[gnu::cold, gnu::noinline]] void grow();
    Data & at( U32 index ) noexcept { return message_.elements_[index]; }
 
@@ -101,6 +111,9 @@ class LspPingWalk {
    }
 
    LspPingMessage & message_;
+   // Of its elements: where the next one goes, and behind the last for which there is memory.
+   Data * next_;
+   Data * end_;
    std::span< U8 const > bytes_;
    U32 padding_;
    bool isCut_;
