@@ -382,7 +382,7 @@ static_assert( behindNames.size() == static_cast< std::size_t >( LspPingBehind::
 
 LspPingElementRow const * firstRow( LspPingContext context, U32 code ) noexcept {
    LspPingElementRow const * const end = rows.data() + rows.size();
-   if( code < lspPingSmallCodes ) {
+   if( code < lspPingSmallCodeCount ) {
       U8 const first = lspPingSmallCodeRows[static_cast< std::size_t >( context )][code];
       return first != lspPingNoRow ? rows.data() + first : end;
    }
@@ -400,13 +400,13 @@ bool isFallback( LspPingElementRow const & row ) noexcept {
 } // namespace
 
 static_assert( rows.size() < lspPingNoRow );
-constexpr std::array< std::array< U8, lspPingSmallCodes >, lspPingContextCount >
+constexpr std::array< std::array< U8, lspPingSmallCodeCount >, lspPingContextCount >
    lspPingSmallCodeRows = [] {
-      std::array< std::array< U8, lspPingSmallCodes >, lspPingContextCount > first{};
+      std::array< std::array< U8, lspPingSmallCodeCount >, lspPingContextCount > first{};
       for( auto & codes : first )
          codes.fill( lspPingNoRow );
       for( std::size_t i = rows.size(); i-- > 0; )
-         if( rows[i].code() < lspPingSmallCodes )
+         if( rows[i].code() < lspPingSmallCodeCount )
             first[static_cast< std::size_t >( rows[i].facts.context )][rows[i].code()] =
                static_cast< U8 >( i );
       return first;

@@ -16,35 +16,43 @@ bool LspPingWalk::quickMessage() {
 // As `elements`, for a region that is read with alignment. False where that does not come out. What
 // is not usual is asked of the general functions, an element or what is in it at a time.
 bool LspPingWalk::quickElements( LspPingContext context, U32 begin, U32 end, U32 depth ) {
+   constexpr U32 header = sizeof( LspPingTlvHdr );
+   LspPingSmallCodes const & codes = lspPingSmallCodeRows[static_cast< std::size_t >( context )];
    bool const isLast = context == LspPingContext::message && end == bytes_.size();
-   U32 const link = isLast ? padding_ : 0;
-   U32 const least = std::max< U32 >( sizeof( LspPingTlvHdr ), link + 1 );
+   U32 const link = isLast ? std::min( padding_, end ) : 0;
+   U32 const least = std::max( header, link + 1 );
    U32 left = end - begin;
    while( left >= least ) {
       U8 const * const bytes = bytes_.data() + begin;
       // The four bytes are there, and a NetU32 has no alignment.
-      U32 const header = reinterpret_cast< Velnet::NetU32 const * >( bytes )->value();
-      U32 const length = header & 0xffff;
-      U32 const total = lspPingPadded( sizeof( LspPingTlvHdr ) + length );
-      LspPingElementRow const * const row =
-         total <= left ? usualElementOf( context, header >> 16, length, bytes ) : nullptr;
-      if( row == nullptr ) [[unlikely]] {
-         if( !quickUnusual( context, begin, end, depth ) )
+      U32 const codeAndLength = reinterpret_cast< Velnet::NetU32 const * >( bytes )->value();
+      U32 const code = codeAndLength >> 16;
+      U32 const length = codeAndLength & 0xffff;
+      U32 const total = lspPingPadded( header + length );
+      if( total > left ) [[unlikely]] {
+         if( header + length > left )
             return false;
-         if( total >= left )
-            return true;
+         element( context, { begin, end }, depth, Alignment::four );
+         return true;
+      }
+      LspPingElementRow const * const row = usualElementOf( context, codes, code, length, bytes );
+      if( row == nullptr ) [[unlikely]] {
+         // There may be nothing but zeros from here on.
+         if( codeAndLength == 0 )
+            return false;
+         element( context, { begin, end }, depth, Alignment::four );
       } else {
-         Data & added = this->added();
-         added = { .row = row,
+         Data & found = added();
+         found = { .row = row,
                    .flags = row->usual.flags,
                    .offset = begin,
-                   .code = static_cast< U16 >( header >> 16 ),
+                   .code = static_cast< U16 >( code ),
                    .context = context,
                    .depth = static_cast< U8 >( depth ),
                    .length = length,
-                   .present = static_cast< U32 >( sizeof( LspPingTlvHdr ) ) + length,
+                   .present = header + length,
                    .occupied = total };
-         if( row->usual.behind != LspPingBehind::nothing && !quickInside( added, row->usual ) )
+         if( row->usual.behind != LspPingBehind::nothing && !quickInside( found, row->usual ) )
             return false;
       }
       begin += total;
@@ -101,17 +109,6 @@ bool LspPingWalk::quickInside( Data & element, LspPingUsualElement const & usual
    U32 const index = indexOf( element );
    body( index, *element.row );
    at( index ).span = count() - index;
-   return true;
-}
-
-// One element of which there is more to ask. False where its region does not come out, or may be
-// nothing but zeros from here on.
-bool LspPingWalk::quickUnusual( LspPingContext context, U32 begin, U32 end, U32 depth ) {
-   U32 const code = word( begin );
-   U32 const length = word( begin + 2 );
-   if( length > end - begin - sizeof( LspPingTlvHdr ) || ( code == 0 && length == 0 ) )
-      return false;
-   element( context, { begin, end }, depth, Alignment::four );
    return true;
 }
 

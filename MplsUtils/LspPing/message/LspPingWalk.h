@@ -52,7 +52,6 @@ class LspPingWalk {
    bool quickElements( LspPingContext context, U32 begin, U32 end, U32 depth );
    [[gnu::always_inline]] inline bool quickInside( Data & element,
                                                    LspPingUsualElement const & usual );
-   [[gnu::noinline]] bool quickUnusual( LspPingContext context, U32 begin, U32 end, U32 depth );
 
    void elements( LspPingContext context, Region region, U32 depth );
    U32 element( LspPingContext context, Region region, U32 depth, Alignment alignment );
