@@ -444,7 +444,7 @@ LspPingMessage const & LspPingMessageReader::read( std::span< U8 const > bytes,
    message_.problems_.clear();
    message_.copies_.clear();
    Kiv::orOutOfMemory( "LspPing::LspPingMessageReader",
-                       [&] { LspPingWalk( end, message_ ).message(); } );
+                       [&] { LspPingWalk( bytes, end, message_ ).message(); } );
    return message_;
 }
 

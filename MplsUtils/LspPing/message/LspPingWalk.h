@@ -12,11 +12,13 @@ namespace LspPing {
 // subtraction, so that no length can lead out of them.
 class LspPingWalk {
  public:
-   LspPingWalk( LspPingMessageEnd end, LspPingMessage & message ) noexcept
+   // The bytes are the message's: whoever has just stored them there has them at hand.
+   LspPingWalk( std::span< U8 const > bytes, LspPingMessageEnd end,
+                LspPingMessage & message ) noexcept
       : message_( message ),
         next_( message.elements_.data() ),
         end_( next_ + message.elements_.size() ),
-        bytes_( message.bytes_ ),
+        bytes_( bytes ),
         padding_( static_cast< U32 >( end.possiblePadding ) ),
         isCut_( end.isCut ) {}
 
@@ -49,9 +51,9 @@ class LspPingWalk {
    // Of LspPingQuickWalk.cpp. These go through a message of which little is to be asked, from its
    // first byte to its last, and answer false where it is to be gone through in full.
    bool quickMessage();
-   bool quickElements( LspPingContext context, U32 begin, U32 end, U32 depth );
-   [[gnu::always_inline]] inline bool quickInside( Data & element,
-                                                   LspPingUsualElement const & usual );
+   bool quickElements( LspPingContext context, U8 const * next, U32 left, U32 depth );
+   [[gnu::always_inline]] inline bool
+   quickInside( Data & element, LspPingUsualElement const & usual, U8 const * own );
 
    void elements( LspPingContext context, Region region, U32 depth );
    U32 element( LspPingContext context, Region region, U32 depth, Alignment alignment );
@@ -73,9 +75,14 @@ class LspPingWalk {
    bool isZero( Region region ) noexcept;
 
    U8 byte( U32 offset ) const noexcept { return bytes_[offset]; }
-   U32 word( U32 offset ) const noexcept {
+   U32 word( U32 offset ) const noexcept { return wordAt( bytes_.data() + offset ); }
+   static U32 wordAt( U8 const * at ) noexcept {
       // The two bytes are there, and a NetU16 has no alignment.
-      return reinterpret_cast< Velnet::NetU16 const * >( bytes_.data() + offset )->value();
+      return reinterpret_cast< Velnet::NetU16 const * >( at )->value();
+   }
+   U32 offsetOf( U8 const * at ) const noexcept { return static_cast< U32 >( at - bytes_.data() ); }
+   Region regionOf( U8 const * at, U32 size ) const noexcept {
+      return { offsetOf( at ), offsetOf( at ) + size };
    }
    // Where its view lies.
    U8 const * begin( Data const & element ) const noexcept {
