@@ -258,17 +258,16 @@ constexpr auto unviewedRows = [] {
       return { false, static_cast< bool >( ldpIpv6Flaw( element, length ) ) };
    };
    return std::to_array< LspPingElementRow >( {
-      unviewed( Element::tlv( Tlv::TargetFecStack ).followedBy( LspPingBehind::fecs ) ),
+      unviewed( LspPingUnviewed::fecStack ),
       unviewed( Element::tlv( Tlv::VendorEnterpriseNum ).atLeast( 4 ) ),
-      unviewed( Element::tlv( Tlv::ErrorTlv ).followedBy( LspPingBehind::tlvs ) ),
-      unviewed( Element::tlv( Tlv::P2mpRespId ).followedBy( LspPingBehind::responderTlvs ) ),
+      unviewed( LspPingUnviewed::erroredTlvs ),
+      unviewed( LspPingUnviewed::responders ),
       nonIp< LspPingDownstreamMappingHdr >( LspPingBehind::mappingLabels ),
       nonIp< LspPingDdmapHdr >( LspPingBehind::subTlvs ),
       ldpIpv6,
       unviewed( Element::targetFec( Fec::RSVPIpv6Lsp ).length( 56 ) ),
       unviewed( Element::targetFec( Fec::L2VPNEndpoint ).length( 14 ) ),
-      unviewed( Element::ddmapSubTlv( LspPingDDMappingSubTlvType::LabelStack )
-                   .followedBy( LspPingBehind::protocolLabels ) ),
+      unviewed( LspPingUnviewed::labelStack ),
       unviewed( Element::responderSubTlv( Responder::EgrAddr4 ).length( 4 ) ),
       unviewed( Element::responderSubTlv( Responder::EgrAddr6 ).length( 16 ) ),
       unviewed( Element::responderSubTlv( Responder::NodeAddr4 ).length( 4 ) ),

@@ -88,6 +88,27 @@ struct alignas( 64 ) LspPingElementRow {
    constexpr U32 fixedSize() const noexcept { return headerSize() + facts.leastLength; }
 };
 
+/// The containers and labels that no class describes. A writer opens them by their codes alone.
+struct LspPingUnviewed {
+   static constexpr LspPingElement fecStack =
+      LspPingElement::tlv( LspPingTlvType::TargetFecStack ).followedBy( LspPingBehind::fecs );
+   static constexpr LspPingElement erroredTlvs =
+      LspPingElement::tlv( LspPingTlvType::ErrorTlv ).followedBy( LspPingBehind::tlvs );
+   static constexpr LspPingElement responders =
+      LspPingElement::tlv( LspPingTlvType::P2mpRespId ).followedBy( LspPingBehind::responderTlvs );
+   static constexpr LspPingElement labelStack =
+      LspPingElement::ddmapSubTlv( LspPingDDMappingSubTlvType::LabelStack )
+         .followedBy( LspPingBehind::protocolLabels );
+
+   /// The one with that code; null for any other.
+   static constexpr LspPingElement const * of( LspPingContext context, U32 code ) noexcept {
+      for( LspPingElement const * facts : { &fecStack, &erroredTlvs, &responders, &labelStack } )
+         if( facts->context == context && facts->code() == code )
+            return facts;
+      return nullptr;
+   }
+};
+
 /// The row of an element, null for one that is not known. `bytes` are those of the element that
 /// are there, header first: where a selecting byte is missing, the row that needs none is taken.
 LSPPING_MESSAGE_EXPORT LspPingElementRow const * elementOf( LspPingContext context, U32 code,

@@ -343,8 +343,8 @@ bool LspPingMessageWriter::addFilled( LspPingElement const & facts, U32 begin,
    return closeTop();
 }
 
-U32 LspPingMessageWriter::openCode( LspPingContext context, U32 code,
-                                    LspPingElementRow const * row ) noexcept {
+U32 LspPingMessageWriter::openCode( LspPingContext context, U32 code ) noexcept {
+   LspPingElementRow const * const row = elementOf( context, code, {} );
    U32 const header = lspPingHeaderSize( context );
    U32 const id = begin( context, row != nullptr ? &row->facts : nullptr, code, header, header );
    // The Pad TLV's class is no view.

@@ -103,9 +103,10 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    template < LspPingElementClass View, class Code, class Fill >
    [[nodiscard]] LspPingOpenElement open( Code code, Fill fill ) noexcept;
    /// One that no class describes, be its code known or not.
-   [[nodiscard]] inline LspPingOpenElement open( LspPingContext context, U32 code ) noexcept;
+   [[nodiscard]] [[gnu::always_inline]] inline LspPingOpenElement open( LspPingContext context,
+                                                                        U32 code ) noexcept;
    template < LspPingCodes Code >
-   [[nodiscard]] LspPingOpenElement open( Code code ) noexcept {
+   [[nodiscard]] [[gnu::always_inline]] LspPingOpenElement open( Code code ) noexcept {
       return open( lspPingContextOf< Code >, static_cast< U32 >( code ) );
    }
    /// A container like one that was read: the fixed part is as it was, and nothing in it yet.
@@ -232,7 +233,7 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    void beginView( Level & level ) noexcept;
    void filled() noexcept;
    bool addFilled( LspPingElement const & facts, U32 begin, U32 content ) noexcept;
-   U32 openCode( LspPingContext context, U32 code, LspPingElementRow const * row ) noexcept;
+   U32 openCode( LspPingContext context, U32 code ) noexcept;
    bool takeBack( Error why ) noexcept;
    Error finish( Level const & level ) noexcept;
    bool closeTop() noexcept;
@@ -261,11 +262,24 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    }
    // Whether an element is what its surroundings take, and there is room.
    bool isQuickPlace( LspPingContext context, std::size_t size ) const noexcept {
-      return top_->takes == quickPlaceOf( context ) && hasQuickRoom( size );
+      bool const hasPlace = top_->takes == quickPlaceOf( context );
+      bool const hasRoom = hasQuickRoom( size );
+      return hasPlace && hasRoom;
+   }
+   // Where the writer stands. The compiler takes it that bytes which are written could be these, so
+   // they are stored again behind them and stay in registers.
+   struct Place {
+      std::size_t limit;
+      U32 size;
+      Level * top;
+   };
+   void placeIs( Place const & place ) noexcept {
+      limit_ = place.limit;
+      size_ = place.size;
+      top_ = place.top;
    }
    // Whether something may stand in what is opened next.
    bool mayGoDeeper() const noexcept { return top_ < &levels_[deepestQuick]; }
-   static bool isQuickToOpen( LspPingElementRow const & row ) noexcept;
    U32 nextId() noexcept { return lastId_ = ( lastId_ + 1 ) & ~slowly; }
    U32 pushQuickly( LspPingElement const & facts, LspPingContext context, U32 fixed,
                     bool isView ) noexcept;

@@ -112,14 +112,14 @@ template < class View, class Fill >
 bool LspPingMessageWriter::fillQuickly( U32 begin, U32 code, Fill & fill ) noexcept {
    using Shape = LspPingViewShape< View >;
    U8 * const element = place_.data() + begin;
-   std::size_t const limit = limit_;
-   size_ = begin + Shape::size;
+   Place const place{ limit_, begin + Shape::size, top_ };
+   size_ = place.size;
    limit_ = 0;
    Shape::begin( element, code );
    // The bytes are there, and views have no alignment.
    fill( *reinterpret_cast< View * >( element + Shape::offset ) );
    bool const isAsBegun = Shape::isAsBegun( element, code );
-   limit_ = limit;
+   placeIs( place );
    return isAsBegun;
 }
 
@@ -161,28 +161,17 @@ inline U32 LspPingMessageWriter::pushQuickly( LspPingElement const & facts, LspP
    return id;
 }
 
-// Containers and labels that no class describes are the ones that are opened by their codes.
-inline bool LspPingMessageWriter::isQuickToOpen( LspPingElementRow const & row ) noexcept {
-   constexpr U32 quick = 1u << static_cast< U32 >( LspPingBehind::tlvs ) |
-                         1u << static_cast< U32 >( LspPingBehind::fecs ) |
-                         1u << static_cast< U32 >( LspPingBehind::responderTlvs ) |
-                         1u << static_cast< U32 >( LspPingBehind::protocolLabels );
-   return ( quick >> static_cast< U32 >( row.facts.behind ) & 1 ) != 0 &&
-          row.facts.leastLength == 0 && row.viewSize == 0;
-}
-
 inline LspPingOpenElement LspPingMessageWriter::open( LspPingContext context, U32 code ) noexcept {
    constexpr U32 header = sizeof( LspPingTlvHdr );
-   LspPingElementRow const * const row = elementOf( context, code, {} );
+   LspPingElement const * const facts = LspPingUnviewed::of( context, code );
    U32 id;
-   if( row != nullptr && isQuickToOpen( *row ) && isQuickPlace( context, header ) && mayGoDeeper() )
-      [[likely]] {
+   if( facts != nullptr && isQuickPlace( context, header ) && mayGoDeeper() ) [[likely]] {
       U8 * const element = place_.data() + size_;
-      id = pushQuickly( row->facts, context, header, false );
+      id = pushQuickly( *facts, context, header, false );
       size_ += header;
       headerIs( element, code, 0 );
    } else {
-      id = openCode( context, code, row );
+      id = openCode( context, code );
    }
    return { *this, id, LspPingBehind::nothing, header };
 }
