@@ -183,8 +183,8 @@ U32 LspPingMessageWriter::begin( LspPingContext context, LspPingElement const * 
              .takes = LspPingBehind::nothing,
              .isView = false,
              .hasMultipath = false,
-             .content = size_ + content,
              .isTakenBack = false,
+             .content = size_ + content,
              .id = id | slowly };
    U32 const header = lspPingHeaderSize( context );
    if( !isPlace )
@@ -336,8 +336,8 @@ bool LspPingMessageWriter::addFilled( LspPingElement const & facts, U32 begin,
                .takes = LspPingBehind::nothing,
                .isView = true,
                .hasMultipath = false,
-               .content = content,
                .isTakenBack = false,
+               .content = content,
                .id = nextId() | slowly };
    filled();
    return closeTop();

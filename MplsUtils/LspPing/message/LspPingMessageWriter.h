@@ -140,12 +140,12 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
       // the header.
       LspPingBehind takes;
       // The fixed part is a view's.
-      bool isView;
-      bool hasMultipath;
+      bool isView : 1;
+      bool hasMultipath : 1;
+      // It was taken back, and nothing is written until it is closed.
+      bool isTakenBack : 1;
       // What stands behind the fixed part.
       U32 content;
-      // It was taken back, and nothing is written until it is closed.
-      bool isTakenBack;
       // With `slowly`, only the general functions write to it and close it.
       U32 id;
 
@@ -154,15 +154,16 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
       }
    };
    static constexpr U32 noId = 0;
-   static constexpr U32 slowly = 0x80000000;
+   // The others are even.
+   static constexpr U32 slowly = 1;
    static constexpr Level messageLevel{ .facts = nullptr,
                                         .begin = 0,
                                         .context = LspPingContext::message,
                                         .takes = LspPingBehind::nothing,
                                         .isView = false,
                                         .hasMultipath = false,
-                                        .content = sizeof( LspPingHdr ),
                                         .isTakenBack = false,
+                                        .content = sizeof( LspPingHdr ),
                                         .id = slowly };
    // Fewer bytes than anything takes.
    static constexpr std::size_t noQuickRoom = 1;
@@ -266,23 +267,24 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
       bool const hasRoom = hasQuickRoom( size );
       return hasPlace && hasRoom;
    }
-   // Where the writer stands. The compiler takes it that bytes which are written could be these, so
-   // they are stored again behind them and stay in registers.
+   // Where the writer stands. For all that the compiler knows, bytes that are written could be
+   // these: stored again behind them, they stay in registers from one function to the next.
    struct Place {
       std::size_t limit;
       U32 size;
       Level * top;
    };
-   void placeIs( Place const & place ) noexcept {
-      limit_ = place.limit;
-      size_ = place.size;
-      top_ = place.top;
+   Place place() const noexcept { return { limit_, size_, top_ }; }
+   void placeIs( std::size_t limit, U32 size, Level * top ) noexcept {
+      limit_ = limit;
+      size_ = size;
+      top_ = top;
    }
    // Whether something may stand in what is opened next.
    bool mayGoDeeper() const noexcept { return top_ < &levels_[deepestQuick]; }
-   U32 nextId() noexcept { return lastId_ = ( lastId_ + 1 ) & ~slowly; }
-   U32 pushQuickly( LspPingElement const & facts, LspPingContext context, U32 fixed,
-                    bool isView ) noexcept;
+   U32 nextId() noexcept { return lastId_ += 2; }
+   U32 pushQuickly( Place const & own, LspPingElement const & facts, LspPingContext context,
+                    U32 fixed, bool isView ) noexcept;
    template < class View, class Fill >
    bool fillQuickly( U32 begin, U32 code, Fill & fill ) noexcept;
    template < class View, class Fill >
@@ -290,8 +292,8 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    template < class View, class Fill >
    bool addQuickly( U32 code, Fill & fill ) noexcept;
    bool closeQuickly( U32 id, LspPingBehind behind, U32 fixed ) noexcept;
-   bool labelQuickly( U32 id, Velnet::MplsLabelEntry entry ) noexcept;
-   bool multipathSetQuickly( U32 id, LspPingBehind behind, Velnet::IpGenAddr const & base,
+   bool labelQuickly( U32 id, LspPingBehind behind, Velnet::MplsLabelEntry entry ) noexcept;
+   bool multipathSetQuickly( U32 id, LspPingBehind behind, Velnet::IpAddr base,
                              std::span< U8 const > mask ) noexcept;
 
    std::span< U8 > place_;
