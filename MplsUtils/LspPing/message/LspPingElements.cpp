@@ -3,6 +3,7 @@
 #include "MplsUtils/LspPing/LspPingHdr.h"
 #include "MplsUtils/LspPing/LspPingTypes.h"
 #include "MplsUtils/LspPing/message/LspPingElementTable.h"
+#include "MplsUtils/LspPing/message/LspPingUsualElements.h"
 #include "MplsUtils/LspPing/platform/Kiv/EnumType.h"
 
 #include <algorithm>
@@ -113,74 +114,14 @@ void appendTextOf( Orlo::StringBuilder & out, U8 const * element ) {
    out.append( laid< View >( element ).stringValue() );
 }
 
-// What the reader's quick walk knows how to read behind a fixed part.
-constexpr bool isUsual( LspPingBehind behind ) noexcept {
-   using Behind = LspPingBehind;
-   switch( behind ) {
-   case Behind::nothing:
-   case Behind::elements:
-   case Behind::tlvs:
-   case Behind::fecs:
-   case Behind::subTlvs:
-   case Behind::multipath:
-   case Behind::mappingLabels:
-   case Behind::protocolLabels:
-   case Behind::labelStack:
-      return true;
-   default:
-      return false;
-   }
-}
-
-constexpr LspPingUsualElement usualOf( LspPingElementRow const & row ) noexcept {
-   LspPingElement const & facts = row.facts;
-   U32 const most = facts.hasFixedLength ? facts.leastLength : 0xffffu;
-   LspPingUsualElement usual;
-   if( !isUsual( facts.behind ) || facts.chooser != 0 || facts.selectorCount > 1 ||
-       facts.context == LspPingContext::opaqueValue || row.fixedSize() > 0xff ||
-       row.viewOffset() + row.viewSize > lspPingPadded( row.fixedSize() ) )
-      return usual;
-   usual.lengthCount = most - facts.leastLength + 1;
-   usual.leastLength = facts.leastLength;
-   usual.fixedSize = static_cast< U8 >( row.fixedSize() );
-   usual.behind = facts.behind;
-   usual.flags.isContainer = facts.isContainer();
-   usual.flags.isViewed = usual.flags.isValid = row.isDescribed();
-   usual.inside = facts.behind == LspPingBehind::fecs      ? LspPingContext::targetFec
-                  : facts.behind == LspPingBehind::subTlvs ? LspPingContext::ddmap
-                                                           : facts.inside;
-   if( facts.selectorCount > 0 ) {
-      usual.selectorAt = facts.selectors[0].offset;
-      usual.selectorValue = facts.selectors[0].values[0];
-   }
-   return usual;
-}
-
-// A view's bytes as the facts have them, and this in all others.
-template < class View >
-constexpr auto filledWith( U8 byte, LspPingElement const & facts ) noexcept {
-   std::array< U8, sizeof( View ) > bytes;
-   bytes.fill( byte );
-   U32 const offset = facts.isOverValue ? sizeof( LspPingTlvHdr ) : 0;
-   if( offset == 0 ) {
-      bytes[0] = 0;
-      bytes[1] = static_cast< U8 >( facts.code() );
-      bytes[2] = 0;
-      bytes[3] = static_cast< U8 >( facts.leastLength );
-   }
-   for( std::size_t i = 0; i < facts.selectorCount; ++i )
-      bytes[facts.selectors[i].offset - offset] = facts.selectors[i].values[0];
-   return bytes;
-}
-
 // The views of most elements say no more than their facts and a prefix length do. It is found here
 // where that is, and two fillings tell whether there is more to ask; a test holds this against the
 // views with all values of each byte.
 template < class View >
 constexpr LspPingUsualElement usualOf( LspPingElementRow const & row ) noexcept {
-   LspPingUsualElement usual = usualOf( row );
-   std::array< U8, sizeof( View ) > const zeros = filledWith< View >( 0, row.facts );
-   std::array< U8, sizeof( View ) > ones = filledWith< View >( 0xff, row.facts );
+   LspPingUsualElement usual = lspPingUsualOf( row );
+   std::array< U8, sizeof( View ) > const zeros = lspPingFilledWith< View >( 0, row.facts );
+   std::array< U8, sizeof( View ) > ones = lspPingFilledWith< View >( 0xff, row.facts );
    if constexpr( requires( View const & view ) { view.prefixLen(); } ) {
       for( U8 at = sizeof( LspPingTlvHdr ); usual.prefixAt == 0; ++at ) {
          std::array< U8, sizeof( View ) > probe = zeros;
@@ -215,7 +156,7 @@ constexpr LspPingElementRow rowOf( LspPingElement facts ) noexcept {
       row.readsValue = facts.behind == LspPingBehind::identifiers;
       row.verdict = &verdictOf< View >;
       row.flaw = &flawOf< View >;
-      if constexpr( isUsual( View::element.behind ) )
+      if constexpr( lspPingIsUsual( View::element.behind ) )
          row.usual = usualOf< View >( row );
       if constexpr( requires( View const & view ) { view.stringValue(); } )
          row.appendText = &appendTextOf< View >;
@@ -225,7 +166,7 @@ constexpr LspPingElementRow rowOf( LspPingElement facts ) noexcept {
 
 constexpr LspPingElementRow unviewed( LspPingElement facts ) noexcept {
    LspPingElementRow row{ .facts = facts };
-   row.usual = usualOf( row );
+   row.usual = lspPingUsualOf( row );
    return row;
 }
 
