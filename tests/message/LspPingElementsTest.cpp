@@ -50,6 +50,45 @@ TEST( LspPingElements, areFoundByTheirSelectors ) {
    }
 }
 
+// What is gathered for the quick walk, against what the views say: all values of each byte, among
+// zeros and among others.
+TEST( LspPingElements, areUsualOnlyWhereTheirViewsHaveNoMoreToSay ) {
+   unsigned usualRows = 0;
+   for( LspPingElementRow const & row : lspPingElements() ) {
+      LspPingUsualElement const & usual = row.usual;
+      if( usual.lengthCount == 0 )
+         continue;
+      ++usualRows;
+      EXPECT_EQ( usual.fixedSize, row.fixedSize() ) << row.code();
+      for( U8 const filler : { U8{ 0 }, U8{ 0x5a }, U8{ 0xff } } ) {
+         for( std::size_t at = row.headerSize(); at < row.fixedSize(); ++at ) {
+            for( unsigned value = 0; value < 256; ++value ) {
+               std::vector< U8 > bytes( ( row.fixedSize() + 3u ) / 4 * 4, filler );
+               bytes[0] = 0;
+               bytes[1] = static_cast< U8 >( row.code() );
+               bytes[2] = 0;
+               bytes[3] = static_cast< U8 >( row.facts.leastLength );
+               if( usual.prefixAt != 0 )
+                  bytes[usual.prefixAt] = usual.longestPrefix;
+               bytes[at] = static_cast< U8 >( value );
+               for( std::size_t i = 0; i < row.facts.selectorCount; ++i )
+                  bytes[row.facts.selectors[i].offset] = row.facts.selectors[i].values[0];
+               LspPingVerdict verdict;
+               if( row.verdict != nullptr )
+                  verdict = row.verdict( bytes.data(), row.facts.leastLength );
+               bool const isUsual = bytes[usual.prefixAt] <= usual.longestPrefix;
+               EXPECT_EQ( verdict.isFlawed, !isUsual ) << row.code() << ", byte " << at;
+               if( isUsual ) {
+                  EXPECT_EQ( verdict.isValid, usual.flags.isValid )
+                     << row.code() << ", byte " << at;
+               }
+            }
+         }
+      }
+   }
+   EXPECT_GE( usualRows, 30u );
+}
+
 // Every class with the facts beside it, under each of its codes.
 TEST( LspPingElements, areTheClassesOfTheList ) {
    auto const rowsOf = []( Kiv::TypeId type ) {

@@ -5,10 +5,12 @@
 #include "MplsUtils/LspPing/ext/LspPingExt.h"
 #include "MplsUtils/LspPing/ext/LspPingExtModule.h"
 #include "MplsUtils/LspPing/message/LspPingElementTable.h"
+#include "MplsUtils/LspPing/message/LspPingUsualElements.h"
 #include "MplsUtils/LspPing/platform/Kiv/EnumType.h"
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 
 namespace LspPing {
@@ -28,12 +30,17 @@ View const & laid( U8 const * element ) noexcept {
 // The views that are laid over the value have containers that decide; they take what has enough
 // bytes for its address type. That of the Interface and Label Stack takes no unknown one.
 template < class View >
-bool validOf( U8 const * element, U32 length ) noexcept {
-   if constexpr( requires( View const & view ) { view.valid(); } )
-      return laid< View >( element ).valid();
+constexpr bool isValid( View const & view, U32 length ) noexcept {
+   if constexpr( requires { view.valid(); } )
+      return view.valid();
    else
       return length >= View::element.leastLength &&
              !std::is_same_v< View, LspPingIntfAndLabelStackHdr >;
+}
+
+template < class View >
+bool validOf( U8 const * element, U32 length ) noexcept {
+   return isValid( laid< View >( element ), length );
 }
 
 // The Pad TLV's class holds a copy of the value; this asks the same of the bytes.
@@ -48,7 +55,7 @@ constexpr Flaw prefixFlaw( U32 bits, U32 longest ) noexcept {
 
 // What contradicts the RFC that defines the element. Most say no more than the view does.
 template < class View >
-Flaw flawIn( View const & view, bool isValid ) noexcept {
+constexpr Flaw flawIn( View const & view, bool isValid ) noexcept {
    if constexpr( requires { view.prefixLen(); } ) {
       if( Flaw const flaw = prefixFlaw( view.prefixLen(), 8 * sizeof( view.ipPrefix() ) ) )
          return flaw;
@@ -57,7 +64,7 @@ Flaw flawIn( View const & view, bool isValid ) noexcept {
 }
 
 // RFC 8029 section 3.2.9 has a place for more pseudowires than the view.
-Flaw flawIn( LspPingFec128Ipv4SubTlv const & fec, bool ) noexcept {
+constexpr Flaw flawIn( LspPingFec128Ipv4SubTlv const & fec, bool ) noexcept {
    constexpr U32 mbzSize = sizeof( fec.mbz() );
    return fec.mbz() == 0 ? Flaw{} : Flaw{ { Code::notZero }, sizeof( fec ) - mbzSize, mbzSize };
 }
@@ -105,9 +112,35 @@ void appendTextOf( Orlo::StringBuilder & out, U8 const * element ) {
    out.append( laid< View >( element ).stringValue() );
 }
 
+// The views of most elements say no more than their facts and a prefix length do. It is found here
+// where that is, and two fillings tell whether there is more to ask; a test holds this against the
+// views with all values of each byte.
+template < class View >
+constexpr LspPingUsualElement usualOf( LspPingElementRow const & row ) noexcept {
+   LspPingUsualElement usual = lspPingUsualOf( row );
+   std::array< U8, sizeof( View ) > const zeros = lspPingFilledWith< View >( 0, row.facts );
+   std::array< U8, sizeof( View ) > ones = lspPingFilledWith< View >( 0xff, row.facts );
+   if constexpr( requires( View const & view ) { view.prefixLen(); } ) {
+      for( U8 at = sizeof( LspPingTlvHdr ); usual.prefixAt == 0; ++at ) {
+         std::array< U8, sizeof( View ) > probe = zeros;
+         probe[at] = 1;
+         if( std::bit_cast< View >( probe ).prefixLen() == 1 )
+            usual.prefixAt = at;
+      }
+      usual.longestPrefix = 8 * sizeof( std::bit_cast< View >( zeros ).ipPrefix() );
+      ones[usual.prefixAt] = 0;
+   }
+   for( auto const & bytes : { zeros, ones } ) {
+      View const view = std::bit_cast< View >( bytes );
+      if( !isValid( view, row.facts.leastLength ) || flawIn( view, true ) )
+         usual.lengthCount = 0;
+   }
+   return usual;
+}
+
 template < class View >
 constexpr LspPingElementRow rowOf( LspPingElement facts ) noexcept {
-   LspPingElementRow row{ facts, Kiv::typeIdOf< View > };
+   LspPingElementRow row{ .facts = facts, .type = Kiv::typeIdOf< View > };
    if constexpr( requires { View::kivCopyOf; } ) {
       row.verdict = []( U8 const * element, U32 length ) noexcept -> LspPingVerdict {
          bool const isValid = padValid( element, length );
@@ -122,6 +155,8 @@ constexpr LspPingElementRow rowOf( LspPingElement facts ) noexcept {
          facts.behind == LspPingBehind::identifiers || facts.behind == LspPingBehind::tail;
       row.verdict = &verdictOf< View >;
       row.flaw = &flawOf< View >;
+      if constexpr( lspPingIsUsual( View::element.behind ) )
+         row.usual = usualOf< View >( row );
       if constexpr( requires( View const & view ) { view.stringValue(); } )
          row.appendText = &appendTextOf< View >;
    }
@@ -129,7 +164,9 @@ constexpr LspPingElementRow rowOf( LspPingElement facts ) noexcept {
 }
 
 constexpr LspPingElementRow unviewed( LspPingElement facts ) noexcept {
-   return { facts, {} };
+   LspPingElementRow row{ .facts = facts };
+   row.usual = lspPingUsualOf( row );
+   return row;
 }
 
 // Elements that no class describes.
@@ -139,14 +176,13 @@ constexpr auto unviewedRows = [] {
    using Fec = LspPingTargetFecSubTlvType;
    using Responder = LspPingP2mpRespTlvType;
    return std::to_array< LspPingElementRow >( {
-      unviewed( Element::tlv( Tlv::TargetFecStack ).followedBy( LspPingBehind::fecs ) ),
+      unviewed( LspPingUnviewed::fecStack ),
       unviewed( Element::tlv( Tlv::VendorEnterpriseNum ).atLeast( 4 ) ),
-      unviewed( Element::tlv( Tlv::ErrorTlv ).followedBy( LspPingBehind::tlvs ) ),
-      unviewed( Element::tlv( Tlv::P2mpRespId ).followedBy( LspPingBehind::responderTlvs ) ),
+      unviewed( LspPingUnviewed::erroredTlvs ),
+      unviewed( LspPingUnviewed::responders ),
       unviewed( Element::targetFec( Fec::RSVPIpv6Lsp ).length( 56 ) ),
       unviewed( Element::targetFec( Fec::L2VPNEndpoint ).length( 14 ) ),
-      unviewed( Element::ddmapSubTlv( LspPingDDMappingSubTlvType::LabelStack )
-                   .followedBy( LspPingBehind::protocolLabels ) ),
+      unviewed( LspPingUnviewed::labelStack ),
       unviewed( Element::responderSubTlv( Responder::EgrAddr4 ).length( 4 ) ),
       unviewed( Element::responderSubTlv( Responder::EgrAddr6 ).length( 16 ) ),
       unviewed( Element::responderSubTlv( Responder::NodeAddr4 ).length( 4 ) ),
@@ -331,7 +367,7 @@ static_assert( behindNames.size() == static_cast< std::size_t >( LspPingBehind::
 
 LspPingElementRow const * firstRow( LspPingContext context, U32 code ) noexcept {
    LspPingElementRow const * const end = rows.data() + rows.size();
-   if( code < lspPingSmallCodes ) {
+   if( code < lspPingSmallCodeCount ) {
       U8 const first = lspPingSmallCodeRows[static_cast< std::size_t >( context )][code];
       return first != lspPingNoRow ? rows.data() + first : end;
    }
@@ -364,13 +400,13 @@ bool isFallback( LspPingElementRow const & row ) noexcept {
 } // namespace
 
 static_assert( rows.size() < lspPingNoRow );
-constexpr std::array< std::array< U8, lspPingSmallCodes >, lspPingContextCount >
+constexpr std::array< std::array< U8, lspPingSmallCodeCount >, lspPingContextCount >
    lspPingSmallCodeRows = [] {
-      std::array< std::array< U8, lspPingSmallCodes >, lspPingContextCount > first{};
+      std::array< std::array< U8, lspPingSmallCodeCount >, lspPingContextCount > first{};
       for( auto & codes : first )
          codes.fill( lspPingNoRow );
       for( std::size_t i = rows.size(); i-- > 0; )
-         if( rows[i].code() < lspPingSmallCodes )
+         if( rows[i].code() < lspPingSmallCodeCount )
             first[static_cast< std::size_t >( rows[i].facts.context )][rows[i].code()] =
                static_cast< U8 >( i );
       return first;

@@ -16,13 +16,54 @@ struct LspPingVerdict {
    bool isFlawed = false;
 };
 
+/// What a reader says of an element besides its place. One store writes them all.
+struct LspPingElementFlags {
+   /// The class that describes it lies over its bytes, and what that says of itself.
+   bool isViewed = false;
+   bool isValid = false;
+   /// Other elements stand in it, be there any or none.
+   bool isContainer = false;
+   /// The bytes are a copy, with padding that is not there.
+   bool isCopied = false;
+   bool hidesBytes = false;
+   bool hasMultipath = false;
+   bool hasLabels = false;
+   bool isMultipathIpv6 : 1 = false;
+   /// An RFC contradicts itself about the element, and the less usual reading was taken.
+   bool isOtherReading : 1 = false;
+};
+static_assert( sizeof( LspPingElementFlags ) == 8 );
+
+/// What the reader compares of a usual element, gathered from its row. Where all that holds, the
+/// element is what `flags` say and nothing is wrong with its fixed part; else there is more to ask.
+/// Offsets count from the element's first byte.
+struct LspPingUsualElement {
+   LspPingElementFlags flags;
+   /// Of so many lengths, `leastLength` is the first; of none, where there is always more to ask.
+   U32 lengthCount = 0;
+   U16 leastLength = 0;
+   /// Up to what stands behind the fixed part.
+   U8 fixedSize = 0;
+   LspPingBehind behind = LspPingBehind::nothing;
+   /// Of elements behind it.
+   LspPingContext inside = LspPingContext::message;
+   /// The byte that selects the row: without one the first byte of the code, which is 0.
+   U8 selectorAt = 0;
+   U8 selectorValue = 0;
+   /// A prefix is not longer: without one, whatever the first byte of the code is.
+   U8 prefixAt = 0;
+   U8 longestPrefix = 0xff;
+};
+
 /// An element that can stand in a message, as the table has it: its facts, which stand beside its
 /// class, and the view. Elements with several codes have a row for each.
-struct LspPingElementRow {
+/// What is asked of each stands first, and in one line of the processor's cache.
+struct alignas( 64 ) LspPingElementRow {
+   LspPingUsualElement usual{};
    /// With one code, the row's.
    LspPingElement facts;
    /// None where no class describes the element.
-   Kiv::TypeId type;
+   Kiv::TypeId type{};
    /// Bytes of the view; 0 without one, and for the Pad TLV, whose class holds a copy of the value.
    U16 viewSize = 0;
    /// The view's operations take all that the length covers, not only the view's own size.
@@ -46,6 +87,27 @@ struct LspPingElementRow {
    constexpr U32 fixedSize() const noexcept { return headerSize() + facts.leastLength; }
    /// Fewer bytes of header and value say nothing.
    constexpr U32 shortestSize() const noexcept { return headerSize() + facts.shortestLength(); }
+};
+
+/// The containers and labels that no class describes. A writer opens them by their codes alone.
+struct LspPingUnviewed {
+   static constexpr LspPingElement fecStack =
+      LspPingElement::tlv( LspPingTlvType::TargetFecStack ).followedBy( LspPingBehind::fecs );
+   static constexpr LspPingElement erroredTlvs =
+      LspPingElement::tlv( LspPingTlvType::ErrorTlv ).followedBy( LspPingBehind::tlvs );
+   static constexpr LspPingElement responders =
+      LspPingElement::tlv( LspPingTlvType::P2mpRespId ).followedBy( LspPingBehind::responderTlvs );
+   static constexpr LspPingElement labelStack =
+      LspPingElement::ddmapSubTlv( LspPingDDMappingSubTlvType::LabelStack )
+         .followedBy( LspPingBehind::protocolLabels );
+
+   /// The one with that code; null for any other.
+   static constexpr LspPingElement const * of( LspPingContext context, U32 code ) noexcept {
+      for( LspPingElement const * facts : { &fecStack, &erroredTlvs, &responders, &labelStack } )
+         if( facts->context == context && facts->code() == code )
+            return facts;
+      return nullptr;
+   }
 };
 
 /// The row of an element, null for one that is not known. `bytes` are those of the element that

@@ -7,28 +7,27 @@ namespace LspPing {
 
 std::span< U8 const > LspPingElementRef::paddedBytes() const noexcept {
    Data const & own = data();
-   if( !own.isCopied )
+   if( !own.flags.isCopied )
       return message_->bytes_.subspan( own.offset, own.occupied );
    return { at(), std::size_t{ own.row->viewOffset() } + own.row->viewSize };
 }
 
-void const * LspPingElementRef::viewAs( Kiv::TypeRef wanted ) const noexcept {
-   void const * const own = view();
+void const * LspPingElementRef::viewAs( LspPingElementRef element, Kiv::TypeRef wanted ) noexcept {
+   void const * const own = element.view();
    // A derived view begins with its base.
-   return own != nullptr && type().isA( wanted ) ? own : nullptr;
+   return own != nullptr && element.type().isA( wanted ) ? own : nullptr;
 }
 
 bool LspPingElementRef::isUnderstood() const noexcept {
    constexpr U32 firstIgnored = 0x8000;
-   auto const * const end = message_->elements_.data() + data().after;
-   return std::all_of( data_, end, []( Data const & element ) {
+   return std::all_of( data_, data_ + data().span, []( Data const & element ) {
       return element.row != nullptr || element.code >= firstIgnored;
    } );
 }
 
 bool LspPingElementRef::appendText( Orlo::StringBuilder & out ) const {
    Data const & own = data();
-   if( !own.isViewed || own.row->appendText == nullptr )
+   if( !own.flags.isViewed || own.row->appendText == nullptr )
       return false;
    own.row->appendText( out, at() );
    return true;

@@ -64,11 +64,11 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
    }
    /// No padding is sent behind it, RFC 7737 section 3.2.
    bool isUnpadded() const noexcept {
-      return data().row != nullptr && data().row->facts.isUnpadded && !data().isOtherReading;
+      return data().row != nullptr && data().row->facts.isUnpadded && !data().flags.isOtherReading;
    }
    /// Which one of an RFC's contradicting readings was taken, in words; empty for the usual one.
    std::string_view reading() const noexcept {
-      return data().isOtherReading ? row()->facts.otherReading : std::string_view();
+      return data().flags.isOtherReading ? row()->facts.otherReading : std::string_view();
    }
    /// How deep it stands: 0 in the message itself.
    U32 depth() const noexcept { return data().depth; }
@@ -92,14 +92,14 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
    LspPingElementRow const * row() const noexcept { return data().row; }
    /// The class that describes the element; none where there is none or its bytes are missing.
    Kiv::TypeRef type() const noexcept {
-      return data().isViewed ? Kiv::TypeRef( data().row->type ) : Kiv::TypeRef();
+      return data().flags.isViewed ? Kiv::TypeRef( data().row->type ) : Kiv::TypeRef();
    }
    /// Whether it has a type().
-   bool isDescribed() const noexcept { return data().isViewed; }
+   bool isDescribed() const noexcept { return data().flags.isViewed; }
    /// What the class says of itself: false without one.
-   bool isValid() const noexcept { return data().isValid; }
+   bool isValid() const noexcept { return data().flags.isValid; }
    /// Bytes of it are shown neither by its class nor by what it contains.
-   bool hidesBytes() const noexcept { return data().hidesBytes; }
+   bool hidesBytes() const noexcept { return data().flags.hidesBytes; }
 
    /// The view, where it describes this element and lies there whole; null otherwise. A base of
    /// the view will do, such as LspPingDdmapHdr for a mapping of any address type.
@@ -113,15 +113,15 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
       } else {
          // Quick for what it mostly is: that view, or one that has nothing to do with it. What
          // derives from an element's class is an element of the same codes.
-         if( !isDescribed() )
-            return nullptr;
-         if( row()->type == Kiv::typeIdOf< View > )
-            return static_cast< View const * >( view() );
          if constexpr( requires { View::element; } ) {
             if( !View::element.hasCode( code() ) || View::element.context != context() )
                return nullptr;
+            constexpr U32 header = lspPingHeaderSize( View::element.context );
+            constexpr U32 offset = View::element.isOverValue ? header : 0;
+            if( isDescribed() && row()->type == Kiv::typeIdOf< View > ) [[likely]]
+               return reinterpret_cast< View const * >( at() + offset );
          }
-         return static_cast< View const * >( viewAs( Kiv::typeOf< View >() ) );
+         return static_cast< View const * >( viewAs( *this, Kiv::typeOf< View >() ) );
       }
    }
    /// The object of `type()`: the view, or null for the Pad TLV, whose class is a copy of its
@@ -136,45 +136,39 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
    /// What stands in it, in the order of the bytes.
    LspPingElementRange elements() const noexcept;
    /// Whether it is one that other elements stand in, be there any or none.
-   bool isContainer() const noexcept { return data().isContainer; }
+   bool isContainer() const noexcept { return data().flags.isContainer; }
 
-   bool hasMultipath() const noexcept { return data().hasMultipath; }
+   bool hasMultipath() const noexcept { return data().flags.hasMultipath; }
    LspPingMultipath multipath() const noexcept;
-   bool hasLabels() const noexcept { return data().hasLabels; }
+   bool hasLabels() const noexcept { return data().flags.hasLabels; }
    LspPingLabels labels() const noexcept;
 
  private:
    friend class LspPingMessage;
    friend class LspPingElementRange;
    friend class LspPingWalk;
+   // Numbers that the reader stores one by one do not stand side by side: g++ would collect them
+   // first.
    struct Data {
       LspPingElementRow const * row = nullptr;
+      LspPingElementFlags flags;
       U32 offset = 0;
+      U16 code = 0;
+      LspPingContext context = LspPingContext::message;
+      U8 depth = 0;
       U32 length = 0;
-      U32 code = 0;
+      // So many elements on stands the next one that is not in it.
+      U32 span = 1;
       // Of header and value; with the padding that is there.
       U32 present = 0;
+      LspPingMultipathType multipathType = LspPingMultipathType::noMultipath;
       U32 occupied = 0;
-      // Its descendants are the elements from the next one up to here.
-      U32 after = 0;
       // Where a zero-padded copy begins for a view that takes padding which is not there.
       U32 copy = 0;
       U32 multipathOffset = 0;
       U32 multipathLength = 0;
       U32 labelsOffset = 0;
       U32 labelsLength = 0;
-      LspPingContext context = LspPingContext::message;
-      U8 depth = 0;
-      U8 multipathType = 0;
-      bool isViewed = false;
-      bool isValid = false;
-      bool isCopied = false;
-      bool hidesBytes = false;
-      bool isContainer = false;
-      bool isMappingIpv6 = false;
-      bool hasMultipath = false;
-      bool hasLabels = false;
-      bool isOtherReading = false;
    };
    static_assert( sizeof( Data ) == 64 );
 
@@ -183,7 +177,8 @@ class LSPPING_MESSAGE_EXPORT LspPingElementRef {
         data_( data ) {}
    Data const & data() const noexcept { return *data_; }
    U8 const * at() const noexcept;
-   void const * viewAs( Kiv::TypeRef wanted ) const noexcept;
+   // Takes no handle by its address, so that the compiler can keep it in registers.
+   static void const * viewAs( LspPingElementRef element, Kiv::TypeRef wanted ) noexcept;
 
    LspPingMessage const * message_;
    Data const * data_;
@@ -256,14 +251,14 @@ class LSPPING_MESSAGE_EXPORT LspPingMessage {
 
    /// The top-level TLVs, in the order of the bytes.
    LspPingElementRange elements() const noexcept {
-      return { *this, elements_.data(), elements_.data() + elements_.size() };
+      return { *this, elements_.data(), elements_.data() + count_ };
    }
    /// What a receiver of the request says of it before it looks at its sense, RFC 8029 section 4.4
    /// step 1: `malFormEchoRequest`, `tlvNotUnderstood`, or `noRetCode` for a good one.
    LspPingReturnCode sanity() const noexcept;
 
    /// All elements, each in front of what it contains.
-   U32 elementCount() const noexcept { return static_cast< U32 >( elements_.size() ); }
+   U32 elementCount() const noexcept { return count_; }
    LspPingElementRef element( U32 index ) const noexcept {
       return { *this, elements_.data() + index };
    }
@@ -285,7 +280,9 @@ class LSPPING_MESSAGE_EXPORT LspPingMessage {
    friend class LspPingWalk;
 
    std::span< U8 const > bytes_;
+   // The first `count_` are the message's: the others have been those of longer ones.
    std::vector< LspPingElementRef::Data > elements_;
+   U32 count_ = 0;
    std::vector< LspPingProblem > problems_;
    std::vector< U8 > copies_;
 };
@@ -295,16 +292,16 @@ inline U32 LspPingElementRef::index() const noexcept {
 }
 inline U8 const * LspPingElementRef::at() const noexcept {
    Data const & own = data();
-   return own.isCopied ? message_->copies_.data() + own.copy : message_->bytes_.data() + own.offset;
+   return own.flags.isCopied ? message_->copies_.data() + own.copy
+                             : message_->bytes_.data() + own.offset;
 }
 inline std::span< U8 const > LspPingElementRef::bytes() const noexcept {
    return message_->bytes_.subspan( data().offset, data().present );
 }
 inline LspPingMultipath LspPingElementRef::multipath() const noexcept {
    Data const & own = data();
-   return { static_cast< LspPingMultipathType >( own.multipathType ),
-            message_->bytes_.subspan( own.multipathOffset, own.multipathLength ),
-            own.isMappingIpv6 };
+   return { own.multipathType, message_->bytes_.subspan( own.multipathOffset, own.multipathLength ),
+            own.flags.isMultipathIpv6, LspPingMultipath::FamilyKnown{} };
 }
 inline LspPingLabels LspPingElementRef::labels() const noexcept {
    Data const & own = data();
@@ -312,10 +309,10 @@ inline LspPingLabels LspPingElementRef::labels() const noexcept {
             own.row != nullptr && own.row->facts.behind != LspPingBehind::labelStack };
 }
 inline LspPingElementRange LspPingElementRef::elements() const noexcept {
-   return { *message_, data_ + 1, message_->elements_.data() + data().after };
+   return { *message_, data_ + 1, data_ + data().span };
 }
 inline LspPingElementRange::Iterator & LspPingElementRange::Iterator::operator++() noexcept {
-   data_ = message_->elements_.data() + data_->after;
+   data_ += data_->span;
    return *this;
 }
 

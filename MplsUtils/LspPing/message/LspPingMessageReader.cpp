@@ -17,6 +17,17 @@ constexpr U32 beyondAll = 0xffffffff;
 } // namespace
 
 void LspPingWalk::message() {
+   if( !quickMessage() ) {
+      message_.problems_.clear();
+      message_.copies_.clear();
+      next_ = message_.elements_.data();
+      isMappingIpv6_ = false;
+      slowMessage();
+   }
+   message_.count_ = count();
+}
+
+void LspPingWalk::slowMessage() {
    U32 const size = static_cast< U32 >( bytes_.size() );
    header();
    if( size <= headerLength )
@@ -41,6 +52,14 @@ void LspPingWalk::header() {
       problem( Code::headerInvalid, 0, { header->version(), header->messageType() } );
    else if( header->version() != 1 )
       problem( Code::versionUnknown, 0, { header->version(), 1 } );
+}
+
+void LspPingWalk::grow() {
+   constexpr std::size_t fewest = 16;
+   std::size_t const size = message_.elements_.size();
+   message_.elements_.resize( std::max( fewest, 2 * size ) );
+   next_ = message_.elements_.data() + size;
+   end_ = message_.elements_.data() + message_.elements_.size();
 }
 
 // The last element's padding may be missing.
@@ -156,18 +175,18 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
    U32 const whole = header + length;
    U32 const present = std::min( whole, left );
 
-   U32 const index = message_.elementCount();
-   Data & element = message_.elements_.emplace_back();
+   U32 const index = count();
+   Data & element = added();
+   element = {};
    element.row = row;
    element.offset = region.begin;
    element.length = length;
-   element.code = code;
+   element.code = static_cast< U16 >( code );
    element.present = present;
    element.occupied = alignment == Alignment::none ? present : std::min( left, total );
-   element.after = index + 1;
    element.context = context;
    element.depth = static_cast< U8 >( depth );
-   element.isOtherReading = isOtherReading;
+   element.flags.isOtherReading = isOtherReading;
 
    bool const isCut = whole > left;
    if( isCut )
@@ -176,7 +195,7 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
       view( element, *row );
       if( row->facts.behind != LspPingBehind::nothing ) {
          body( index, *row );
-         at( index ).after = message_.elementCount();
+         at( index ).span = count() - index;
       }
    }
    if( isCut )
@@ -247,21 +266,22 @@ void LspPingWalk::view( Data & element, LspPingElementRow const & row ) {
       if( U32 const size = row.viewOffset() + row.viewSize; size > element.occupied )
          copy( element, size );
       // The Pad TLV's object is a copy of all the value.
-      element.isViewed = row.viewSize != 0 || element.present == row.headerSize() + element.length;
-      if( !element.isViewed )
+      element.flags.isViewed =
+         row.viewSize != 0 || element.present == row.headerSize() + element.length;
+      if( !element.flags.isViewed )
          return;
    }
    LspPingVerdict verdict;
    if( row.verdict != nullptr ) {
       verdict = row.verdict( begin( element ), element.length );
-      element.isValid = verdict.isValid;
+      element.flags.isValid = verdict.isValid;
    }
    if( verdict.isFlawed || row.facts.chooser != 0 || row.facts.hasFixedLength )
       judge( element, row, verdict );
 }
 
 void LspPingWalk::copy( Data & element, U32 size ) {
-   element.isCopied = true;
+   element.flags.isCopied = true;
    element.copy = static_cast< U32 >( message_.copies_.size() );
    message_.copies_.resize( message_.copies_.size() + size );
    std::memcpy( message_.copies_.data() + element.copy, bytes_.data() + element.offset,
@@ -278,7 +298,7 @@ void LspPingWalk::judge( Data & element, LspPingElementRow const & row, LspPingV
    LspPingFlaw const flaw = row.flaw( begin( element ), element.length );
    problem( flaw.code, element.offset + flaw.place, flaw.numbers, indexOf( element ),
             std::min( flaw.placeBytes, element.occupied - flaw.place ) );
-   element.hidesBytes = true;
+   element.flags.hidesBytes = true;
 }
 
 // The byte that chooses between views has none of their values.
@@ -294,7 +314,7 @@ void LspPingWalk::unknownChoice( Data & element, LspPingElementRow const & row )
       problemOf( element, Code::lengthUnknown, { element.length } );
    else
       problemOf( element, Code::selectorUnknown, { chosen, chooser - header } );
-   element.hidesBytes = true;
+   element.flags.hidesBytes = true;
 }
 
 bool LspPingWalk::lengthFits( Data const & element ) {
@@ -315,8 +335,8 @@ void LspPingWalk::body( U32 index, LspPingElementRow const & row ) {
    // Of a FEC 129 the identifiers are part of what has to be there.
    U32 const fixed =
       row.facts.behind == LspPingBehind::identifiers ? row.viewSize : row.fixedSize();
-   element.isContainer = row.facts.isContainer();
-   if( element.present < fixed || ( row.isDescribed() && !element.isViewed ) )
+   element.flags.isContainer = row.facts.isContainer();
+   if( element.present < fixed || ( row.isDescribed() && !element.flags.isViewed ) )
       return;
    U32 const begin = element.offset + fixed;
    Region const region{ begin, element.offset + element.present,
@@ -429,7 +449,7 @@ void LspPingWalk::opaqueValues( U32 index, Region region ) {
    U32 const begin = rootLengthAt + 3 + rootLength;
    // The view shows an address of IPv4, whatever there is.
    if( rootLength != 4 || begin > region.end )
-      element.hidesBytes = true;
+      element.flags.hidesBytes = true;
    if( begin > region.end ) {
       problem( Code::rootDoesNotFit, rootLengthAt, { rootLength }, index );
       return;
@@ -473,21 +493,23 @@ U32 LspPingWalk::multipath( U32 index, Region region, U8 type, U32 length ) {
    if( length == 0 )
       return region.begin;
    Data & element = at( index );
-   element.hasMultipath = true;
-   element.multipathType = type;
+   element.flags.hasMultipath = true;
+   element.multipathType = static_cast< LspPingMultipathType >( type );
    element.multipathOffset = region.begin;
    element.multipathLength = length;
-   element.isMappingIpv6 = isMappingIpv6_;
+   LspPingMultipath const multipath( element.multipathType, bytes_.subspan( region.begin, length ),
+                                     isMappingIpv6_ );
+   element.flags.isMultipathIpv6 = multipath.isIpv6();
    if( type == 0 )
       problem( Code::multipathWithoutType, region.begin, { length }, index );
-   else if( !message_.element( index ).multipath().isWellFormed() )
+   else if( !multipath.isWellFormed() )
       problem( Code::multipathLengthWrong, region.begin, { length, type }, index, length );
    return region.begin + length;
 }
 
 void LspPingWalk::labels( U32 index, Region region ) {
    Data & element = at( index );
-   element.hasLabels = true;
+   element.flags.hasLabels = true;
    element.labelsOffset = region.begin;
    element.labelsLength = region.size() & ~U32{ 3 };
    leftOver( index, { region.begin + element.labelsLength, region.end } );
@@ -512,11 +534,11 @@ bool LspPingWalk::isZero( Region region ) noexcept {
 LspPingMessage const & LspPingMessageReader::read( std::span< U8 const > bytes,
                                                    LspPingMessageEnd end ) noexcept {
    message_.bytes_ = bytes;
-   message_.elements_.clear();
+   message_.count_ = 0;
    message_.problems_.clear();
    message_.copies_.clear();
    Kiv::orOutOfMemory( "LspPing::LspPingMessageReader",
-                       [&] { LspPingWalk( end, message_ ).message(); } );
+                       [&] { LspPingWalk( bytes, end, message_ ).message(); } );
    return message_;
 }
 

@@ -174,8 +174,8 @@ U32 LspPingMessageWriter::begin( LspPingContext context, LspPingElement const * 
              .takes = LspPingBehind::nothing,
              .isView = false,
              .hasMultipath = false,
-             .content = size_ + content,
              .isTakenBack = false,
+             .content = size_ + content,
              .id = id | slowly };
    U32 const header = lspPingHeaderSize( context );
    if( !isPlace )
@@ -329,15 +329,15 @@ bool LspPingMessageWriter::addFilled( LspPingElement const & facts, U32 begin,
                .takes = LspPingBehind::nothing,
                .isView = true,
                .hasMultipath = false,
-               .content = content,
                .isTakenBack = false,
+               .content = content,
                .id = nextId() | slowly };
    filled();
    return closeTop();
 }
 
-U32 LspPingMessageWriter::openCode( LspPingContext context, U32 code,
-                                    LspPingElementRow const * row ) noexcept {
+U32 LspPingMessageWriter::openCode( LspPingContext context, U32 code ) noexcept {
+   LspPingElementRow const * const row = elementOf( context, code, {} );
    U32 const header = lspPingHeaderSize( context );
    U32 const id = begin( context, row != nullptr ? &row->facts : nullptr, code, header, header );
    // The Pad TLV's class is no view.

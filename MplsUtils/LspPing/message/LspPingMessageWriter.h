@@ -104,9 +104,10 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    template < LspPingElementClass View, class Code, class Fill >
    [[nodiscard]] LspPingOpenElement open( Code code, Fill fill ) noexcept;
    /// One that no class describes, be its code known or not.
-   [[nodiscard]] inline LspPingOpenElement open( LspPingContext context, U32 code ) noexcept;
+   [[nodiscard]] [[gnu::always_inline]] inline LspPingOpenElement open( LspPingContext context,
+                                                                        U32 code ) noexcept;
    template < LspPingCodes Code >
-   [[nodiscard]] LspPingOpenElement open( Code code ) noexcept {
+   [[nodiscard]] [[gnu::always_inline]] LspPingOpenElement open( Code code ) noexcept {
       return open( lspPingContextOf< Code >, static_cast< U32 >( code ) );
    }
    /// A container like one that was read: the fixed part is as it was, and nothing in it yet.
@@ -140,12 +141,12 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
       // the header.
       LspPingBehind takes;
       // The fixed part is a view's.
-      bool isView;
-      bool hasMultipath;
+      bool isView : 1;
+      bool hasMultipath : 1;
+      // It was taken back, and nothing is written until it is closed.
+      bool isTakenBack : 1;
       // What stands behind the fixed part.
       U32 content;
-      // It was taken back, and nothing is written until it is closed.
-      bool isTakenBack;
       // With `slowly`, only the general functions write to it and close it.
       U32 id;
 
@@ -154,15 +155,16 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
       }
    };
    static constexpr U32 noId = 0;
-   static constexpr U32 slowly = 0x80000000;
+   // The others are even.
+   static constexpr U32 slowly = 1;
    static constexpr Level messageLevel{ .facts = nullptr,
                                         .begin = 0,
                                         .context = LspPingContext::message,
                                         .takes = LspPingBehind::nothing,
                                         .isView = false,
                                         .hasMultipath = false,
-                                        .content = sizeof( LspPingHdr ),
                                         .isTakenBack = false,
+                                        .content = sizeof( LspPingHdr ),
                                         .id = slowly };
    // Fewer bytes than anything takes.
    static constexpr std::size_t noQuickRoom = 1;
@@ -232,7 +234,7 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    void beginView( Level & level ) noexcept;
    void filled() noexcept;
    bool addFilled( LspPingElement const & facts, U32 begin, U32 content ) noexcept;
-   U32 openCode( LspPingContext context, U32 code, LspPingElementRow const * row ) noexcept;
+   U32 openCode( LspPingContext context, U32 code ) noexcept;
    bool takeBack( Error why ) noexcept;
    Error finish( Level const & level ) noexcept;
    bool closeTop() noexcept;
@@ -261,14 +263,28 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    }
    // Whether an element is what its surroundings take, and there is room.
    bool isQuickPlace( LspPingContext context, std::size_t size ) const noexcept {
-      return top_->takes == quickPlaceOf( context ) && hasQuickRoom( size );
+      bool const hasPlace = top_->takes == quickPlaceOf( context );
+      bool const hasRoom = hasQuickRoom( size );
+      return hasPlace && hasRoom;
+   }
+   // Where the writer stands. For all that the compiler knows, bytes that are written could be
+   // these: stored again behind them, they stay in registers from one function to the next.
+   struct Place {
+      std::size_t limit;
+      U32 size;
+      Level * top;
+   };
+   Place place() const noexcept { return { limit_, size_, top_ }; }
+   void placeIs( std::size_t limit, U32 size, Level * top ) noexcept {
+      limit_ = limit;
+      size_ = size;
+      top_ = top;
    }
    // Whether something may stand in what is opened next.
    bool mayGoDeeper() const noexcept { return top_ < &levels_[deepestQuick]; }
-   static bool isQuickToOpen( LspPingElementRow const & row ) noexcept;
-   U32 nextId() noexcept { return lastId_ = ( lastId_ + 1 ) & ~slowly; }
-   U32 pushQuickly( LspPingElement const & facts, LspPingContext context, U32 fixed,
-                    bool isView ) noexcept;
+   U32 nextId() noexcept { return lastId_ += 2; }
+   U32 pushQuickly( Place const & own, LspPingElement const & facts, LspPingContext context,
+                    U32 fixed, bool isView ) noexcept;
    template < class View, class Fill >
    bool fillQuickly( U32 begin, U32 code, Fill & fill ) noexcept;
    template < class View, class Fill >
@@ -276,8 +292,8 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    template < class View, class Fill >
    bool addQuickly( U32 code, Fill & fill ) noexcept;
    bool closeQuickly( U32 id, LspPingBehind behind, U32 fixed ) noexcept;
-   bool labelQuickly( U32 id, Velnet::MplsLabelEntry entry ) noexcept;
-   bool multipathSetQuickly( U32 id, LspPingBehind behind, Velnet::IpGenAddr const & base,
+   bool labelQuickly( U32 id, LspPingBehind behind, Velnet::MplsLabelEntry entry ) noexcept;
+   bool multipathSetQuickly( U32 id, LspPingBehind behind, Velnet::IpAddr base,
                              std::span< U8 const > mask ) noexcept;
 
    std::span< U8 > place_;

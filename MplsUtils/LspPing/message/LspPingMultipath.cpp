@@ -7,48 +7,14 @@
 
 namespace LspPing {
 
-namespace {
-
-bool isMapped( std::span< U8 const > bytes ) noexcept {
+bool LspPingMultipath::isMapped( U8 const * address ) noexcept {
    constexpr std::array< U8, 12 > mapped{ 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff };
-   return std::memcmp( bytes.data(), mapped.data(), mapped.size() ) == 0;
-}
-
-} // namespace
-
-bool LspPingMultipath::isAddressIpv6( bool isMappingIpv6 ) const noexcept {
-   return isMapped( bytes_ ) || ( isMappingIpv6 && bytes_[0] != 127 );
-}
-
-bool LspPingMultipath::isWellFormed() const noexcept {
-   std::size_t const size = bytes_.size();
-   if( size == 0 )
-      return true;
-   switch( type_ ) {
-   case LspPingMultipathType::noMultipath:
-      return false;
-   case LspPingMultipathType::ipMultipath:
-      return size % unit() == 0;
-   case LspPingMultipathType::ipRangeMultipath:
-      return size % ( 2 * unit() ) == 0;
-   case LspPingMultipathType::maskedIpSetMultipath:
-   case LspPingMultipathType::maskedLabelSetMultipath:
-      return size % 4 == 0 && size > unit();
-   }
-   return size % 4 == 0;
+   return std::memcmp( address, mapped.data(), mapped.size() ) == 0;
 }
 
 U32 LspPingMultipath::baseLabel() const noexcept {
    // Four bytes are there in a set, and the type has no alignment.
    return reinterpret_cast< Velnet::NetU32 const * >( bytes_.data() )->value();
-}
-
-Velnet::IpGenAddr LspPingMultipath::address( std::size_t i ) const noexcept {
-   U8 const * const at = bytes_.data() + i * unit();
-   // An address of that family is there, and the types have no alignment.
-   if( isIpv6_ )
-      return *reinterpret_cast< Velnet::Ip6Addr const * >( at );
-   return *reinterpret_cast< Velnet::IpAddr const * >( at );
 }
 
 // The base moved on.

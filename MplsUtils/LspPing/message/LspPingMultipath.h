@@ -33,6 +33,14 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
         isIpv6_( information.size() >= sizeof( Velnet::Ip6Addr ) && !isLabels() &&
                  isAddressIpv6( isMappingIpv6 ) ) {}
 
+   struct FamilyKnown {};
+   /// As it was read before.
+   LspPingMultipath( LspPingMultipathType type, std::span< U8 const > information, bool isIpv6,
+                     FamilyKnown ) noexcept
+      : bytes_( information ),
+        type_( type ),
+        isIpv6_( isIpv6 ) {}
+
    LspPingMultipathType type() const noexcept { return type_; }
    /// As it was sent.
    std::span< U8 const > bytes() const noexcept { return bytes_; }
@@ -61,7 +69,13 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
 
    /// Of a list: how many addresses there are, two for each range, and one of them.
    std::size_t addressCount() const noexcept { return bytes_.size() / unit(); }
-   Velnet::IpGenAddr address( std::size_t i ) const noexcept;
+   Velnet::IpGenAddr address( std::size_t i ) const noexcept {
+      U8 const * const at = bytes_.data() + i * unit();
+      // An address of that family is there, and the types have no alignment.
+      if( isIpv6_ )
+         return *reinterpret_cast< Velnet::Ip6Addr const * >( at );
+      return *reinterpret_cast< Velnet::IpAddr const * >( at );
+   }
 
    /// The addresses and ranges of a list, or the runs of bits that are set.
    Iterator begin() const noexcept;
@@ -69,8 +83,12 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
 
  private:
    friend class Iterator;
-   // Of at least one address of IPv6.
-   bool isAddressIpv6( bool isMappingIpv6 ) const noexcept;
+   // Of at least one address of IPv6. What is mapped begins with zeros.
+   bool isAddressIpv6( bool isMappingIpv6 ) const noexcept {
+      return ( bytes_[0] == 0 && isMapped( bytes_.data() ) ) ||
+             ( isMappingIpv6 && bytes_[0] != 127 );
+   }
+   static bool isMapped( U8 const * address ) noexcept;
    std::size_t unit() const noexcept { return isIpv6_ ? 16 : 4; }
    bool contains( std::size_t bit ) const noexcept {
       return ( bytes_[unit() + bit / 8] >> ( 7 - bit % 8 ) & 1 ) != 0;
@@ -102,6 +120,24 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath::Iterator {
    std::size_t first_ = 0;
    std::size_t last_ = 0;
 };
+
+inline bool LspPingMultipath::isWellFormed() const noexcept {
+   std::size_t const size = bytes_.size();
+   if( size == 0 )
+      return true;
+   switch( type_ ) {
+   case LspPingMultipathType::noMultipath:
+      return false;
+   case LspPingMultipathType::ipMultipath:
+      return size % unit() == 0;
+   case LspPingMultipathType::ipRangeMultipath:
+      return size % ( 2 * unit() ) == 0;
+   case LspPingMultipathType::maskedIpSetMultipath:
+   case LspPingMultipathType::maskedLabelSetMultipath:
+      return size % 4 == 0 && size > unit();
+   }
+   return size % 4 == 0;
+}
 
 inline LspPingMultipath::Iterator LspPingMultipath::begin() const noexcept {
    return Iterator( *this );

@@ -8,6 +8,7 @@
 #include "MplsUtils/LspPing/platform/Velnet/IpGenAddr.h"
 #include "MplsUtils/LspPing/platform/Velnet/MplsLabelEntry.h"
 
+#include <concepts>
 #include <span>
 
 namespace LspPing {
@@ -60,6 +61,9 @@ class LSPPING_MESSAGE_EXPORT LspPingOpenElement {
    bool multipathRanges( std::span< LspPingMultipath::Item const > ranges ) noexcept;
    /// Bit 0 is the most significant one of the first byte, and stands for the base.
    inline bool multipathSet( Velnet::IpGenAddr const & base, std::span< U8 const > mask ) noexcept;
+   /// The same without the detour of an address of any family.
+   template < std::same_as< Velnet::IpAddr > Address >
+   bool multipathSet( Address base, std::span< U8 const > mask ) noexcept;
    bool multipathLabels( U32 base, std::span< U8 const > mask ) noexcept;
 
    /// The identifiers of a FEC 129, RFC 8029 section 3.2.10, each of at most eight bytes. Its
@@ -93,8 +97,7 @@ class LSPPING_MESSAGE_EXPORT LspPingOpenElement {
 
    LspPingMessageWriter & writer_;
    U32 id_;
-   // Bytes of the fixed part and what the class says of those behind it, where that is known while
-   // compiling.
+   // Bytes of the fixed part and what stands behind it, where that is known while compiling.
    U32 fixed_;
    LspPingBehind behind_;
 };

@@ -56,6 +56,7 @@ template < class Fill >
 bool LspPingMessageWriter::header( Fill fill ) noexcept {
    U8 * bytes = place_.data();
    std::size_t const limit = limit_;
+   Level * const top = top_;
    if( size_ == 0 && top_ == levels_.data() && hasQuickRoom( sizeof( LspPingHdr ) ) ) [[likely]] {
       size_ = sizeof( LspPingHdr );
       limit_ = 0;
@@ -70,8 +71,8 @@ bool LspPingMessageWriter::header( Fill fill ) noexcept {
    auto & header = *reinterpret_cast< LspPingHdr * >( bytes );
    header.versionIs( 1 );
    fill( header );
-   limit_ = limit;
    levels_[0].takes = LspPingBehind::tlvs;
+   placeIs( limit, sizeof( LspPingHdr ), top );
    return true;
 }
 
@@ -112,14 +113,14 @@ template < class View, class Fill >
 bool LspPingMessageWriter::fillQuickly( U32 begin, U32 code, Fill & fill ) noexcept {
    using Shape = LspPingViewShape< View >;
    U8 * const element = place_.data() + begin;
-   std::size_t const limit = limit_;
-   size_ = begin + Shape::size;
+   Place const own{ limit_, begin + Shape::size, top_ };
+   size_ = own.size;
    limit_ = 0;
    Shape::begin( element, code );
    // The bytes are there, and views have no alignment.
    fill( *reinterpret_cast< View * >( element + Shape::offset ) );
    bool const isAsBegun = Shape::isAsBegun( element, code );
-   limit_ = limit;
+   placeIs( own.limit, own.size, own.top );
    return isAsBegun;
 }
 
@@ -139,52 +140,46 @@ bool LspPingMessageWriter::addQuickly( U32 code, Fill & fill ) noexcept {
 template < class View, class Fill >
 U32 LspPingMessageWriter::openQuickly( U32 code, Fill & fill ) noexcept {
    using Shape = LspPingViewShape< View >;
-   U32 const id = pushQuickly( Shape::facts, Shape::facts.context, Shape::content, true );
-   if( !fillQuickly< View >( size_, code, fill ) ) [[unlikely]]
+   Place const own = place();
+   U32 const id = pushQuickly( own, Shape::facts, Shape::facts.context, Shape::content, true );
+   ++top_;
+   if( !fillQuickly< View >( own.size, code, fill ) ) [[unlikely]]
       filled();
    return id;
 }
 
-// A level at the end of the message.
-inline U32 LspPingMessageWriter::pushQuickly( LspPingElement const & facts, LspPingContext context,
-                                              U32 fixed, bool isView ) noexcept {
+// The level of an element at the end of the message; it is the innermost one when the place says
+// so.
+inline U32 LspPingMessageWriter::pushQuickly( Place const & own, LspPingElement const & facts,
+                                              LspPingContext context, U32 fixed,
+                                              bool isView ) noexcept {
    U32 const id = nextId();
-   *++top_ = { .facts = &facts,
-               .begin = size_,
-               .context = context,
-               .takes = facts.behind,
-               .isView = isView,
-               .hasMultipath = false,
-               .content = size_ + fixed,
-               .isTakenBack = false,
-               .id = id };
+   own.top[1] = { .facts = &facts,
+                  .begin = own.size,
+                  .context = context,
+                  .takes = facts.behind,
+                  .isView = isView,
+                  .hasMultipath = false,
+                  .isTakenBack = false,
+                  .content = own.size + fixed,
+                  .id = id };
    return id;
-}
-
-// Containers and labels that no class describes are the ones that are opened by their codes.
-inline bool LspPingMessageWriter::isQuickToOpen( LspPingElementRow const & row ) noexcept {
-   constexpr U32 quick = 1u << static_cast< U32 >( LspPingBehind::tlvs ) |
-                         1u << static_cast< U32 >( LspPingBehind::fecs ) |
-                         1u << static_cast< U32 >( LspPingBehind::responderTlvs ) |
-                         1u << static_cast< U32 >( LspPingBehind::protocolLabels );
-   return ( quick >> static_cast< U32 >( row.facts.behind ) & 1 ) != 0 &&
-          row.facts.leastLength == 0 && row.viewSize == 0;
 }
 
 inline LspPingOpenElement LspPingMessageWriter::open( LspPingContext context, U32 code ) noexcept {
    constexpr U32 header = sizeof( LspPingTlvHdr );
-   LspPingElementRow const * const row = elementOf( context, code, {} );
+   LspPingElement const * const facts = LspPingUnviewed::of( context, code );
+   LspPingBehind const behind = facts != nullptr ? facts->behind : LspPingBehind::nothing;
    U32 id;
-   if( row != nullptr && isQuickToOpen( *row ) && isQuickPlace( context, header ) && mayGoDeeper() )
-      [[likely]] {
-      U8 * const element = place_.data() + size_;
-      id = pushQuickly( row->facts, context, header, false );
-      size_ += header;
-      headerIs( element, code, 0 );
+   if( facts != nullptr && isQuickPlace( context, header ) && mayGoDeeper() ) [[likely]] {
+      Place const own = place();
+      headerIs( place_.data() + own.size, code, 0 );
+      id = pushQuickly( own, *facts, context, header, false );
+      placeIs( own.limit, own.size + header, own.top + 1 );
    } else {
-      id = openCode( context, code, row );
+      id = openCode( context, code );
    }
-   return { *this, id, LspPingBehind::nothing, header };
+   return { *this, id, behind, header };
 }
 
 template < class View, class Fill >
@@ -206,12 +201,13 @@ U32 LspPingMessageWriter::openView( U32 code, Fill & fill ) noexcept {
 // Closes an element that something stands in, if its length is a plain one.
 inline bool LspPingMessageWriter::closeQuickly( U32 id, LspPingBehind behind, U32 fixed ) noexcept {
    constexpr U32 farFromTooLong = 0xf000;
-   Level const & level = *top_;
-   if( level.id != id || isFilling() )
+   Place const own = place();
+   Level const & level = *own.top;
+   if( level.id != id || own.limit == 0 )
       return false;
    bool const isMultipath =
       behind == LspPingBehind::multipath || behind == LspPingBehind::mappingLabels;
-   U32 const inside = size_ - level.begin - fixed;
+   U32 const inside = own.size - level.begin - fixed;
    if( inside - 1 >= farFromTooLong ||
        ( isMultipath && ( !level.hasMultipath || inside % 4 != 0 ) ) )
       return false;
@@ -219,37 +215,39 @@ inline bool LspPingMessageWriter::closeQuickly( U32 id, LspPingBehind behind, U3
    wordIs( element + 2, inside + fixed - 4 );
    if( behind == LspPingBehind::subTlvs )
       wordIs( element + fixed - 2, inside );
-   --top_;
+   placeIs( own.limit, own.size, own.top - 1 );
    return true;
 }
 
-inline bool LspPingMessageWriter::labelQuickly( U32 id, Velnet::MplsLabelEntry entry ) noexcept {
-   Level const & level = *top_;
-   if( level.id != id || !isForLabels( level.takes ) || !hasQuickRoom( sizeof entry ) )
+inline bool LspPingMessageWriter::labelQuickly( U32 id, LspPingBehind behind,
+                                                Velnet::MplsLabelEntry entry ) noexcept {
+   Place const own = place();
+   if( own.top->id != id || !isForLabels( behind ) || !hasQuickRoom( sizeof entry ) )
       return false;
-   std::memcpy( place_.data() + size_, &entry, sizeof entry );
-   size_ += sizeof entry;
+   std::memcpy( place_.data() + own.size, &entry, sizeof entry );
+   placeIs( own.limit, own.size + sizeof entry, own.top );
    return true;
 }
 
 // Of IPv4 addresses that are nothing else in a mapping of either family.
 inline bool LspPingMessageWriter::multipathSetQuickly( U32 id, LspPingBehind behind,
-                                                       Velnet::IpGenAddr const & base,
+                                                       Velnet::IpAddr base,
                                                        std::span< U8 const > mask ) noexcept {
    constexpr std::size_t longest = 0x1000;
-   Level & level = *top_;
+   Place const own = place();
+   Level & level = *own.top;
    if( level.id != id || behind != LspPingBehind::multipath || level.hasMultipath ||
-       !base.isIpv4() || base.ipAddr().bytes()[0] != 127 || mask.size() % 4 != 0 ||
-       mask.size() - 1 >= longest || !hasQuickRoom( 4 + mask.size() ) )
+       base.bytes()[0] != 127 || mask.size() % 4 != 0 || mask.size() - 1 >= longest ||
+       !hasQuickRoom( 4 + mask.size() ) )
       return false;
-   U8 * const at = place_.data() + size_;
+   U8 * const at = place_.data() + own.size;
    U32 const count = 4 + static_cast< U32 >( mask.size() );
    at[-4] = static_cast< U8 >( LspPingMultipathType::maskedIpSetMultipath );
    wordIs( at - 3, count );
-   std::memcpy( at, base.ipAddr().bytes().data(), 4 );
+   std::memcpy( at, base.bytes().data(), 4 );
    std::memcpy( at + 4, mask.data(), mask.size() );
-   size_ += count;
    level.hasMultipath = true;
+   placeIs( own.limit, own.size + count, own.top );
    return true;
 }
 
@@ -264,16 +262,22 @@ inline bool LspPingOpenElement::close() noexcept {
 }
 
 inline bool LspPingOpenElement::label( Velnet::MplsLabelEntry entry ) noexcept {
-   if( writer_.labelQuickly( id_, entry ) ) [[likely]]
+   if( writer_.labelQuickly( id_, behind_, entry ) ) [[likely]]
       return true;
    return labelSlowly( writer_, id_, entry );
 }
 
-inline bool LspPingOpenElement::multipathSet( Velnet::IpGenAddr const & base,
-                                              std::span< U8 const > mask ) noexcept {
+template < std::same_as< Velnet::IpAddr > Address >
+bool LspPingOpenElement::multipathSet( Address base, std::span< U8 const > mask ) noexcept {
    if( writer_.multipathSetQuickly( id_, behind_, base, mask ) ) [[likely]]
       return true;
    return multipathSetSlowly( writer_, id_, base, mask );
+}
+
+inline bool LspPingOpenElement::multipathSet( Velnet::IpGenAddr const & base,
+                                              std::span< U8 const > mask ) noexcept {
+   return base.isIpv4() ? multipathSet( base.ipAddr(), mask )
+                        : multipathSetSlowly( writer_, id_, base, mask );
 }
 
 } // namespace LspPing

@@ -12,9 +12,13 @@ namespace LspPing {
 // subtraction, so that no length can lead out of them.
 class LspPingWalk {
  public:
-   LspPingWalk( LspPingMessageEnd end, LspPingMessage & message ) noexcept
+   // The bytes are the message's: whoever has just stored them there has them at hand.
+   LspPingWalk( std::span< U8 const > bytes, LspPingMessageEnd end,
+                LspPingMessage & message ) noexcept
       : message_( message ),
-        bytes_( message.bytes_ ),
+        next_( message.elements_.data() ),
+        end_( next_ + message.elements_.size() ),
+        bytes_( bytes ),
         padding_( static_cast< U32 >( end.possiblePadding ) ),
         isCut_( end.isCut ) {}
 
@@ -48,6 +52,7 @@ class LspPingWalk {
       bool isOther;
    };
 
+   [[gnu::noinline]] void slowMessage();
    void header();
    enum class Codes : U8 {
       known,
@@ -57,6 +62,13 @@ class LspPingWalk {
    Reading readingOf( LspPingElementRow const & row, Region region, U32 length ) const noexcept;
    bool comesOutAsRead( LspPingContext context, Region region ) const noexcept;
    bool comesOut( LspPingContext context, Region region, Alignment alignment ) const noexcept;
+   // Of LspPingQuickWalk.cpp. These go through a message of which little is to be asked, from its
+   // first byte to its last, and answer false where it is to be gone through in full.
+   bool quickMessage();
+   bool quickElements( LspPingContext context, U8 const * next, U32 left, U32 depth );
+   [[gnu::always_inline]] inline bool
+   quickInside( Data & element, LspPingUsualElement const & usual, U8 const * own );
+
    void elements( LspPingContext context, Region region, U32 depth );
    U32 element( LspPingContext context, Region region, U32 depth, Alignment alignment );
    // These two are asked for each element, and nowhere else.
@@ -78,15 +90,27 @@ class LspPingWalk {
    bool isZero( Region region ) noexcept;
 
    U8 byte( U32 offset ) const noexcept { return bytes_[offset]; }
-   U32 word( U32 offset ) const noexcept {
+   U32 word( U32 offset ) const noexcept { return wordAt( bytes_.data() + offset ); }
+   static U32 wordAt( U8 const * at ) noexcept {
       // The two bytes are there, and a NetU16 has no alignment.
-      return reinterpret_cast< Velnet::NetU16 const * >( bytes_.data() + offset )->value();
+      return reinterpret_cast< Velnet::NetU16 const * >( at )->value();
+   }
+   U32 offsetOf( U8 const * at ) const noexcept { return static_cast< U32 >( at - bytes_.data() ); }
+   Region regionOf( U8 const * at, U32 size ) const noexcept {
+      return { offsetOf( at ), offsetOf( at ) + size };
    }
    // Where its view lies.
    U8 const * begin( Data const & element ) const noexcept {
-      return element.isCopied ? message_.copies_.data() + element.copy
-                              : bytes_.data() + element.offset;
+      return element.flags.isCopied ? message_.copies_.data() + element.copy
+                                    : bytes_.data() + element.offset;
    }
+   Data & added() {
+      if( next_ == end_ ) [[unlikely]]
+         grow();
+      return *next_++;
+   }
+   U32 count() const noexcept { return static_cast< U32 >( next_ - message_.elements_.data() ); }
+   [[gnu::cold, gnu::noinline]] void grow();
    Data & at( U32 index ) noexcept { return message_.elements_[index]; }
 
    // Far from the way of a well-formed message.
@@ -108,6 +132,9 @@ class LspPingWalk {
    }
 
    LspPingMessage & message_;
+   // Of its elements: where the next one goes, and behind the last for which there is memory.
+   Data * next_;
+   Data * end_;
    std::span< U8 const > bytes_;
    U32 padding_;
    bool isCut_;
