@@ -70,6 +70,17 @@ class RandomMessage {
          Velnet::Ip6Addr::Bytes{ 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff, 127, 0, 0, last } );
    }
 
+   // A header that views share, and what is none of them, becomes one of theirs.
+   Row const & chosenInsteadOf( Row const & row ) {
+      Row const * chosen = &row;
+      while( chosen->facts.chooser != 0 ) {
+         auto const rows = LspPing::lspPingElements();
+         Row const & other = rows[below( static_cast< U32 >( rows.size() ) )];
+         if( other.facts.context == row.facts.context && other.code() == row.code() )
+            chosen = &other;
+      }
+      return *chosen;
+   }
    template < class View >
    void viewed( Writer & writer, Row const & row, U32 depth );
    template < class... Ts >
@@ -102,6 +113,10 @@ inline void RandomMessage::element( Writer & writer, Context context, U32 depth 
 }
 
 inline void RandomMessage::element( Writer & writer, Row const & row, U32 depth ) {
+   if( !row.type && row.facts.chooser != 0 ) {
+      element( writer, chosenInsteadOf( row ), depth );
+      return;
+   }
    if( row.type ) {
       viewedOf( LspPing::LspPingHdrTypes{}, writer, row, depth );
       viewedOf( LspPing::LspPingExtTypes{}, writer, row, depth );
@@ -141,14 +156,7 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
       constexpr LspPing::LspPingElement const & facts = View::element;
       constexpr std::size_t header = LspPing::lspPingHeaderSize( facts.context );
       constexpr std::size_t offset = facts.isOverValue ? header : 0;
-      // A header that views share becomes one of theirs.
-      Row const * target = &row;
-      while( target->facts.chooser != 0 ) {
-         auto const rows = LspPing::lspPingElements();
-         Row const & other = rows[below( static_cast< U32 >( rows.size() ) )];
-         if( other.facts.context == row.facts.context && other.code() == row.code() )
-            target = &other;
-      }
+      Row const * const target = &chosenInsteadOf( row );
       auto const fillIn = [&]( View & view ) {
          U8 * const bytes = reinterpret_cast< U8 * >( &view ) - offset;
          std::vector< U8 > const before( bytes + offset, bytes + offset + sizeof( View ) );
