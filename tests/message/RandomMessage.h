@@ -59,8 +59,10 @@ class RandomMessage {
    void multipath( Open & open );
    // What stands behind the views that go on to the end of the value.
    void tail( Open & open, Row const & row ) {
-      static_cast< void >( row );
-      open.bytes( some( below( 9 ) ) );
+      if( row.type == Kiv::typeIdOf< LspPing::LspPingPeerSetSidSubTlv > )
+         open.bytes( some( count_ * sizeof( LspPing::LspPingRemotePeer ) ) );
+      else
+         open.bytes( some( below( 9 ) ) );
    }
    Velnet::IpGenAddr address( bool isIpv6 ) {
       U8 const last = static_cast< U8 >( random_() );
@@ -96,6 +98,8 @@ class RandomMessage {
 
    std::mt19937_64 random_;
    std::vector< Row const * > wanted_;
+   // What the view that was filled last says of its tail.
+   U32 count_ = 0;
 };
 
 // A row at random that leaves enough depth for what may stand in it, or a code that nobody knows.
@@ -183,6 +187,8 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
             view.prefixLenIs( static_cast< U8 >( below( 8 * sizeof( view.ipPrefix() ) + 1 ) ) );
          if constexpr( requires { view.pwId(); } )
             view.mbzIs( 0 );
+         if constexpr( requires { view.peerCountIs( 0 ); } )
+            view.peerCountIs( static_cast< U16 >( count_ = below( 4 ) ) );
          if( facts.otherLength != 0 && below( 2 ) == 0 )
             bytes[3] = static_cast< U8 >( facts.otherLength );
       };

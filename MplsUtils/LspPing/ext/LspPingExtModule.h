@@ -24,7 +24,12 @@ using LspPingExtTypes = Kiv::TypeList<
    // mapping
    class LspPingDdmapNonIpTlv, class LspPingDownstreamMappingNonIpTlv,
    // tlv
-   class LspPingVendorPrivateTlv >;
+   class LspPingVendorPrivateTlv,
+   // fec/LspPingAdjacencyFec.h
+   class LspPingIgpAdjacencyIpv4SubTlv, class LspPingIgpAdjacencyIpv4IsisSubTlv,
+   class LspPingIgpAdjacencyIpv6SubTlv, class LspPingIgpAdjacencyIpv6IsisSubTlv,
+   class LspPingPeerAdjSidIpv4SubTlv, class LspPingPeerAdjSidIpv6SubTlv,
+   class LspPingPeerNodeSidSubTlv, class LspPingPeerSetSidSubTlv >;
 
 // Behind the library's, see types/LspPingModules.h.
 inline constexpr U16 lspPingExtModule = 18;
