@@ -187,6 +187,8 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
             view.prefixLenIs( static_cast< U8 >( below( 8 * sizeof( view.ipPrefix() ) + 1 ) ) );
          if constexpr( requires { view.pwId(); } )
             view.mbzIs( 0 );
+         if constexpr( requires { view.addressFamilyIs( 0 ); } )
+            view.addressFamilyIs( sizeof( view.root() ) == 4 ? 1 : 2 );
          if constexpr( requires { view.peerCountIs( 0 ); } )
             view.peerCountIs( static_cast< U16 >( count_ = below( 4 ) ) );
          if( facts.otherLength != 0 && below( 2 ) == 0 )

@@ -25,11 +25,15 @@ using LspPingExtTypes = Kiv::TypeList<
    class LspPingDdmapNonIpTlv, class LspPingDownstreamMappingNonIpTlv,
    // tlv
    class LspPingVendorPrivateTlv,
-   // fec/LspPingAdjacencyFec.h
+   // fec/LspPingAdjacencyFec.h and fec/LspPingSrPolicyFec.h
    class LspPingIgpAdjacencyIpv4SubTlv, class LspPingIgpAdjacencyIpv4IsisSubTlv,
    class LspPingIgpAdjacencyIpv6SubTlv, class LspPingIgpAdjacencyIpv6IsisSubTlv,
    class LspPingPeerAdjSidIpv4SubTlv, class LspPingPeerAdjSidIpv6SubTlv,
-   class LspPingPeerNodeSidSubTlv, class LspPingPeerSetSidSubTlv >;
+   class LspPingPeerNodeSidSubTlv, class LspPingPeerSetSidSubTlv,
+   class LspPingSrP2mpPolicyIpv4SubTlv, class LspPingSrP2mpPolicyIpv6SubTlv,
+   class LspPingSrPolicyIpv4SubTlv, class LspPingSrCandidatePathIpv4SubTlv,
+   class LspPingSrSegmentListIpv4SubTlv, class LspPingSrPolicyIpv6SubTlv,
+   class LspPingSrCandidatePathIpv6SubTlv, class LspPingSrSegmentListIpv6SubTlv >;
 
 // Behind the library's, see types/LspPingModules.h.
 inline constexpr U16 lspPingExtModule = 18;
