@@ -256,7 +256,8 @@ inline void RandomMessage::behind( Writer & writer, Open & open, Row const & row
       [[fallthrough]];
    case Behind::protocolLabels:
    case Behind::labelStack:
-      for( U32 count = below( 4 ); count > 0; --count ) {
+      // With a fixed length, one or none.
+      for( U32 count = below( row.facts.hasFixedLength ? 2 : 4 ); count > 0; --count ) {
          open.label( below( 1 << 20 ), static_cast< U8 >( below( 8 ) ), below( 2 ) == 0,
                      static_cast< U8 >( below( 256 ) ) );
       }
