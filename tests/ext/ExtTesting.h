@@ -35,14 +35,20 @@ std::string writtenTlv( Fill fill ) {
    return written( [&]( LspPingMessageWriter & writer ) { writer.add< View >( fill ); } );
 }
 
+/// What `write( writer )` writes into a stack of FECs, without the stack around it.
+template < class Write >
+std::string writtenFecs( Write write ) {
+   std::string const hex = written( [&]( LspPingMessageWriter & writer ) {
+      auto const stack = writer.open( LspPing::LspPingTlvType::TargetFecStack );
+      write( writer );
+   } );
+   return hex.starts_with( "00 01 " ) ? hex.substr( 12 ) : hex;
+}
+
 /// A FEC of that class, without the stack around it.
 template < class View, class Fill >
 std::string writtenFec( Fill fill ) {
-   std::string const hex = written( [&]( LspPingMessageWriter & writer ) {
-      auto const stack = writer.open( LspPing::LspPingTlvType::TargetFecStack );
-      writer.add< View >( fill );
-   } );
-   return hex.size() > 12 ? hex.substr( 12 ) : hex;
+   return writtenFecs( [&]( LspPingMessageWriter & writer ) { writer.add< View >( fill ); } );
 }
 
 /// What the reader says of the elements at a depth: a line of text and perhaps the reading of each.
@@ -74,21 +80,32 @@ inline std::string readAt( LspPing::LspPingMessage const & message, U32 depth ) 
    return lines.string();
 }
 
-/// The bytes of TLVs behind a header.
-inline std::string readTlvs( std::string_view hex, U32 depth = 0 ) {
+/// A message with these TLVs behind its header.
+inline Bytes messageOfTlvs( std::string_view hex ) {
    Bytes bytes( sizeof( LspPing::LspPingHdr ) );
    bytes[1] = bytes[4] = 1;
    Bytes const tlvs = bytesOf( hex );
    bytes.insert( bytes.end(), tlvs.begin(), tlvs.end() );
+   return bytes;
+}
+
+/// A message with a stack of these FECs.
+inline Bytes messageOfFecs( std::string_view hex ) {
+   std::size_t const size = bytesOf( hex ).size();
+   Bytes const header{ 0, 1, static_cast< U8 >( size >> 8 ), static_cast< U8 >( size ) };
+   return messageOfTlvs( hexOf( header ) + " " + std::string( hex ) );
+}
+
+inline std::string readTlvs( std::string_view hex, U32 depth = 0 ) {
+   Bytes const bytes = messageOfTlvs( hex );
    LspPing::LspPingMessageReader reader;
    return readAt( reader.read( bytes ), depth );
 }
 
-/// The bytes of FECs in a stack.
 inline std::string readFec( std::string_view hex ) {
-   std::size_t const size = bytesOf( hex ).size();
-   Bytes const header{ 0, 1, static_cast< U8 >( size >> 8 ), static_cast< U8 >( size ) };
-   return readTlvs( hexOf( header ) + " " + std::string( hex ), 1 );
+   Bytes const bytes = messageOfFecs( hex );
+   LspPing::LspPingMessageReader reader;
+   return readAt( reader.read( bytes ), 1 );
 }
 
 } // namespace ExtTesting

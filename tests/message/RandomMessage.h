@@ -60,8 +60,10 @@ class RandomMessage {
    void multipath( Open & open );
    // What stands behind the views that go on to the end of the value.
    void tail( Open & open, Row const & row ) {
-      static_cast< void >( row );
-      open.bytes( some( below( 9 ) ) );
+      if( row.type == Kiv::typeIdOf< LspPing::LspPingPeerSetSidSubTlv > )
+         open.bytes( some( count_ * sizeof( LspPing::LspPingRemotePeer ) ) );
+      else
+         open.bytes( some( below( 9 ) ) );
    }
    Velnet::IpGenAddr address( bool isIpv6 ) {
       U8 const last = static_cast< U8 >( random_() );
@@ -71,6 +73,17 @@ class RandomMessage {
          Velnet::Ip6Addr::Bytes{ 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff, 127, 0, 0, last } );
    }
 
+   // A header that views share, and what is none of them, becomes one of theirs.
+   Row const & chosenInsteadOf( Row const & row ) {
+      Row const * chosen = &row;
+      while( chosen->facts.chooser != 0 ) {
+         auto const rows = LspPing::lspPingElements();
+         Row const & other = rows[below( static_cast< U32 >( rows.size() ) )];
+         if( other.facts.context == row.facts.context && other.code() == row.code() )
+            chosen = &other;
+      }
+      return *chosen;
+   }
    template < class View >
    void viewed( Writer & writer, Row const & row, U32 depth );
    template < class... Ts >
@@ -86,6 +99,8 @@ class RandomMessage {
 
    std::mt19937_64 random_;
    std::vector< Row const * > wanted_;
+   // What the view that was filled last says of its tail.
+   U32 count_ = 0;
 };
 
 // A row at random that leaves enough depth for what may stand in it, or a code that nobody knows.
@@ -103,6 +118,10 @@ inline void RandomMessage::element( Writer & writer, Context context, U32 depth 
 }
 
 inline void RandomMessage::element( Writer & writer, Row const & row, U32 depth ) {
+   if( !row.type && row.facts.chooser != 0 ) {
+      element( writer, chosenInsteadOf( row ), depth );
+      return;
+   }
    if( row.type ) {
       viewedOf( LspPing::LspPingHdrTypes{}, writer, row, depth );
       viewedOf( LspPing::LspPingExtTypes{}, writer, row, depth );
@@ -142,14 +161,7 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
       constexpr LspPing::LspPingElement const & facts = View::element;
       constexpr std::size_t header = LspPing::lspPingHeaderSize( facts.context );
       constexpr std::size_t offset = facts.isOverValue ? header : 0;
-      // A header that views share becomes one of theirs.
-      Row const * target = &row;
-      while( target->facts.chooser != 0 ) {
-         auto const rows = LspPing::lspPingElements();
-         Row const & other = rows[below( static_cast< U32 >( rows.size() ) )];
-         if( other.facts.context == row.facts.context && other.code() == row.code() )
-            target = &other;
-      }
+      Row const * const target = &chosenInsteadOf( row );
       auto const fillIn = [&]( View & view ) {
          U8 * const bytes = reinterpret_cast< U8 * >( &view ) - offset;
          std::vector< U8 > const before( bytes + offset, bytes + offset + sizeof( View ) );
@@ -176,6 +188,10 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
             view.prefixLenIs( static_cast< U8 >( below( 8 * sizeof( view.ipPrefix() ) + 1 ) ) );
          if constexpr( requires { view.pwId(); } )
             view.mbzIs( 0 );
+         if constexpr( requires { view.addressFamilyIs( 0 ); } )
+            view.addressFamilyIs( sizeof( view.root() ) == 4 ? 1 : 2 );
+         if constexpr( requires { view.peerCountIs( 0 ); } )
+            view.peerCountIs( static_cast< U16 >( count_ = below( 4 ) ) );
          if( facts.otherLength != 0 && below( 2 ) == 0 )
             bytes[3] = static_cast< U8 >( facts.otherLength );
       };
@@ -241,7 +257,8 @@ inline void RandomMessage::behind( Writer & writer, Open & open, Row const & row
       [[fallthrough]];
    case Behind::protocolLabels:
    case Behind::labelStack:
-      for( U32 count = below( 4 ); count > 0; --count ) {
+      // With a fixed length, one or none.
+      for( U32 count = below( row.facts.hasFixedLength ? 2 : 4 ); count > 0; --count ) {
          open.label( below( 1 << 20 ), static_cast< U8 >( below( 8 ) ), below( 2 ) == 0,
                      static_cast< U8 >( below( 256 ) ) );
       }

@@ -24,7 +24,18 @@ using LspPingExtTypes = Kiv::TypeList<
    // mapping
    class LspPingDdmapNonIpTlv, class LspPingDownstreamMappingNonIpTlv,
    // tlv
-   class LspPingVendorPrivateTlv >;
+   class LspPingVendorPrivateTlv,
+   // fec/LspPingAdjacencyFec.h, fec/LspPingSrPolicyFec.h and fec/LspPingSegmentFec.h
+   class LspPingIgpAdjacencyIpv4SubTlv, class LspPingIgpAdjacencyIpv4IsisSubTlv,
+   class LspPingIgpAdjacencyIpv6SubTlv, class LspPingIgpAdjacencyIpv6IsisSubTlv,
+   class LspPingPeerAdjSidIpv4SubTlv, class LspPingPeerAdjSidIpv6SubTlv,
+   class LspPingPeerNodeSidSubTlv, class LspPingPeerSetSidSubTlv,
+   class LspPingSrP2mpPolicyIpv4SubTlv, class LspPingSrP2mpPolicyIpv6SubTlv,
+   class LspPingSrPolicyIpv4SubTlv, class LspPingSrCandidatePathIpv4SubTlv,
+   class LspPingSrSegmentListIpv4SubTlv, class LspPingSrPolicyIpv6SubTlv,
+   class LspPingSrCandidatePathIpv6SubTlv, class LspPingSrSegmentListIpv6SubTlv,
+   class LspPingSegmentLabelSubTlv, class LspPingSegmentIpv4NodeSubTlv,
+   class LspPingSegmentIpv6NodeSubTlv >;
 
 // Behind the library's, see types/LspPingModules.h.
 inline constexpr U16 lspPingExtModule = 18;

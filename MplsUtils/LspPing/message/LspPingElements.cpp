@@ -289,8 +289,7 @@ constexpr LspPingElementRow noneOf( LspPingElementRow const & row ) noexcept {
    facts.codeCount = 1;
    facts.chooser = row.facts.selectors[0].offset;
    facts.otherChooser = row.facts.selectorCount > 1 ? row.facts.selectors[1].offset : 0;
-   facts.leastLength = row.facts.leastLength;
-   std::size_t const read = facts.chooser + std::size_t{ 1 };
+   std::size_t const read = std::max( facts.chooser, facts.otherChooser ) + std::size_t{ 1 };
    facts.leastLength = static_cast< U16 >( read > row.headerSize() ? read - row.headerSize() : 0 );
    facts.words = row.facts.words;
    return unviewed( facts );

@@ -121,14 +121,17 @@ Kept keepView( LspPingElementRef element, LspPingFecInfo & info ) {
    return keep( *view, element, info );
 }
 
-// The three kinds of FEC that the library has no view for, by the offsets of their fields.
+// Of FECs whose views the records were not made for, these three, by the offsets of their fields.
 Kept keepUnviewed( LspPingElementRef element, LspPingFecInfo & info ) {
    std::span< U8 const > const bytes = element.bytes();
    if( element.row() == nullptr )
       return Kept::refused( "no attributes for this FEC" );
-   if( element.length() != element.row()->facts.leastLength )
+   Fec const code = static_cast< Fec >( element.code() );
+   bool const isFixed =
+      code == Fec::LDPIpv6 || code == Fec::RSVPIpv6Lsp || code == Fec::L2VPNEndpoint;
+   if( isFixed && element.length() != element.row()->facts.leastLength )
       return Kept::notWellFormed();
-   switch( static_cast< Fec >( element.code() ) ) {
+   switch( code ) {
    case Fec::LDPIpv6: // RFC 8029 section 3.2.2
       return setPrefix( info, valueAt< Velnet::Ip6Addr >( bytes, 4 ), bytes[20] );
    case Fec::RSVPIpv6Lsp: // RFC 8029 section 3.2.4

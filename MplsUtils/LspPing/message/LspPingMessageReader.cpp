@@ -14,6 +14,19 @@ namespace {
 constexpr U32 headerLength = sizeof( LspPingHdr );
 constexpr U32 beyondAll = 0xffffffff;
 
+// Whether one of the views of the row's code takes the value of a byte.
+bool isKnown( LspPingElementRow const & row, U32 offset, U32 value ) noexcept {
+   auto const takes = [&]( LspPingElement::Selector const & selector ) {
+      return selector.offset == offset && selector.has( static_cast< U8 >( value ) );
+   };
+   auto const rows = lspPingElements();
+   return std::any_of( rows.begin(), rows.end(), [&]( LspPingElementRow const & other ) {
+      auto const & selectors = other.facts.selectors;
+      return other.facts.context == row.facts.context && other.code() == row.code() &&
+             std::any_of( selectors.begin(), selectors.begin() + other.facts.selectorCount, takes );
+   } );
+}
+
 } // namespace
 
 void LspPingWalk::message() {
@@ -304,7 +317,10 @@ void LspPingWalk::judge( Data & element, LspPingElementRow const & row, LspPingV
 // The byte that chooses between views has none of their values.
 void LspPingWalk::unknownChoice( Data & element, LspPingElementRow const & row ) {
    U32 const header = row.headerSize();
-   U32 const chooser = row.facts.chooser;
+   U32 chooser = row.facts.chooser;
+   if( !row.isDescribed() && row.facts.otherChooser != 0 &&
+       isKnown( row, chooser, byte( element.offset + chooser ) ) )
+      chooser = row.facts.otherChooser;
    U32 const chosen = byte( element.offset + chooser );
    if( row.isDescribed() && row.facts.otherChooser == 0 )
       problemOf( element, Code::addressTypeUnknown, { chosen } );

@@ -256,8 +256,10 @@ Error LspPingMessageWriter::finish( Level const & level ) noexcept {
    U32 const inside = size_ - level.content;
    U32 const lengthAt = level.begin + header - 2;
    LspPingElement const * const facts = level.facts;
-   bool const isFixedView = level.isView && facts->hasFixedLength;
-   U32 const length = isFixedView ? word( lengthAt ) : size_ - level.begin - header;
+   // A view may cover padding, unless something follows it.
+   bool const isAsFilled =
+      level.isView && facts->hasFixedLength && facts->behind == LspPingBehind::nothing;
+   U32 const length = isAsFilled ? word( lengthAt ) : size_ - level.begin - header;
    if( length > longestValue )
       return Error::tooLong;
    switch( level.behind() ) {
