@@ -59,7 +59,14 @@ class RandomMessage {
    void multipath( Open & open );
    // What stands behind the views that go on to the end of the value.
    void tail( Open & open, Row const & row ) {
-      static_cast< void >( row );
+      if( row.type == Kiv::typeIdOf< LspPing::LspPingP2mpPseudowireSubTlv > ) {
+         // The address's length is counted in bytes or in bits.
+         U32 const size = below( 2 ) == 0 ? 4 : 16;
+         Bytes rest = some( agiLength_ + 1 + size );
+         rest[agiLength_] = static_cast< U8 >( below( 2 ) == 0 ? size : 8 * size );
+         open.bytes( rest );
+         return;
+      }
       open.bytes( some( below( 9 ) ) );
    }
    Velnet::IpGenAddr address( bool isIpv6 ) {
@@ -85,6 +92,8 @@ class RandomMessage {
 
    std::mt19937_64 random_;
    std::vector< Row const * > wanted_;
+   // What the fixed part said of the tail.
+   U32 agiLength_ = 0;
 };
 
 // A row at random that leaves enough depth for what may stand in it, or a code that nobody knows.
@@ -175,6 +184,12 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
             view.prefixLenIs( static_cast< U8 >( below( 8 * sizeof( view.ipPrefix() ) + 1 ) ) );
          if constexpr( requires { view.pwId(); } )
             view.mbzIs( 0 );
+         // Of the two least significant ones, each excludes the other where there are two.
+         if constexpr( requires { view.flagsIs( view.flags() ); } )
+            view.flagsIs( static_cast< decltype( view.flags() ) >(
+               view.flags() & ~( below( 2 ) == 0 ? 1u : 2u ) ) );
+         if constexpr( requires { view.agiLengthIs( 0 ); } )
+            view.agiLengthIs( static_cast< U8 >( agiLength_ = below( 9 ) ) );
          if( facts.otherLength != 0 && below( 2 ) == 0 )
             bytes[3] = static_cast< U8 >( facts.otherLength );
       };

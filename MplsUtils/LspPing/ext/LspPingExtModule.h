@@ -24,7 +24,17 @@ using LspPingExtTypes = Kiv::TypeList<
    // mapping
    class LspPingDdmapNonIpTlv, class LspPingDownstreamMappingNonIpTlv,
    // tlv
-   class LspPingVendorPrivateTlv >;
+   class LspPingVendorPrivateTlv,
+   // fec/LspPingExtRsvpFec.h
+   class LspPingRsvpIpv6SubTlv, class LspPingRsvpP2mpIpv6SubTlv, class LspPingRsvpTunnelIpv4SubTlv,
+   class LspPingRsvpTunnelIpv6SubTlv,
+   // fec/LspPingStaticFec.h
+   class LspPingStaticLspSubTlv, class LspPingStaticPseudowireSubTlv,
+   class LspPingStaticTunnelSubTlv,
+   // fec/LspPingExtPseudowireFec.h
+   class LspPingL2VpnEndpointSubTlv, class LspPingFec128DeprecatedSubTlv,
+   class LspPingFec128Ipv6SubTlv, class LspPingFec129Ipv6SubTlv,
+   class LspPingP2mpPseudowireSubTlv >;
 
 // Behind the library's, see types/LspPingModules.h.
 inline constexpr U16 lspPingExtModule = 18;

@@ -64,7 +64,11 @@ Flaw flawIn( LspPingFec128Ipv4SubTlv const & fec, bool ) noexcept {
 
 // Whether the identifiers fit is seen where they are walked. All types and lengths zero name
 // nothing.
-Flaw flawIn( LspPingFec129Ipv4SubTlv const & fec, bool ) noexcept {
+template < class View >
+requires requires {
+   View::minTlvLength;
+}
+Flaw flawIn( View const & fec, bool ) noexcept {
    static constexpr std::array< U8, 6 > nothing{};
    U8 const * const identifiers = reinterpret_cast< U8 const * >( &fec ) + sizeof( fec );
    return std::memcmp( identifiers, nothing.data(), nothing.size() ) == 0
@@ -136,15 +140,12 @@ constexpr LspPingElementRow unviewed( LspPingElement facts ) noexcept {
 constexpr auto unviewedRows = [] {
    using Element = LspPingElement;
    using Tlv = LspPingTlvType;
-   using Fec = LspPingTargetFecSubTlvType;
    using Responder = LspPingP2mpRespTlvType;
    return std::to_array< LspPingElementRow >( {
       unviewed( Element::tlv( Tlv::TargetFecStack ).followedBy( LspPingBehind::fecs ) ),
       unviewed( Element::tlv( Tlv::VendorEnterpriseNum ).atLeast( 4 ) ),
       unviewed( Element::tlv( Tlv::ErrorTlv ).followedBy( LspPingBehind::tlvs ) ),
       unviewed( Element::tlv( Tlv::P2mpRespId ).followedBy( LspPingBehind::responderTlvs ) ),
-      unviewed( Element::targetFec( Fec::RSVPIpv6Lsp ).length( 56 ) ),
-      unviewed( Element::targetFec( Fec::L2VPNEndpoint ).length( 14 ) ),
       unviewed( Element::ddmapSubTlv( LspPingDDMappingSubTlvType::LabelStack )
                    .followedBy( LspPingBehind::protocolLabels ) ),
       unviewed( Element::responderSubTlv( Responder::EgrAddr4 ).length( 4 ) ),
