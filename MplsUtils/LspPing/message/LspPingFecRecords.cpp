@@ -121,12 +121,13 @@ Kept keepView( LspPingElementRef element, LspPingFecInfo & info ) {
    return keep( *view, element, info );
 }
 
-// The three kinds of FEC that the library has no view for, by the offsets of their fields.
+// Three kinds of FEC by the offsets of their fields, and those that the record has no place for.
 Kept keepUnviewed( LspPingElementRef element, LspPingFecInfo & info ) {
    std::span< U8 const > const bytes = element.bytes();
    if( element.row() == nullptr )
       return Kept::refused( "no attributes for this FEC" );
-   if( element.length() != element.row()->facts.leastLength )
+   if( LspPingElement const & facts = element.row()->facts;
+       facts.hasFixedLength && !facts.hasLength( element.length() ) )
       return Kept::notWellFormed();
    switch( static_cast< Fec >( element.code() ) ) {
    case Fec::LDPIpv6: // RFC 8029 section 3.2.2
