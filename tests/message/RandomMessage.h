@@ -60,6 +60,14 @@ class RandomMessage {
    void multipath( Open & open );
    // What stands behind the views that go on to the end of the value.
    void tail( Open & open, Row const & row ) {
+      if( row.type == Kiv::typeIdOf< LspPing::LspPingP2mpPseudowireSubTlv > ) {
+         // The address's length is counted in bytes or in bits.
+         U32 const size = below( 2 ) == 0 ? 4 : 16;
+         Bytes rest = some( agiLength_ + 1 + size );
+         rest[agiLength_] = static_cast< U8 >( below( 2 ) == 0 ? size : 8 * size );
+         open.bytes( rest );
+         return;
+      }
       if( row.type == Kiv::typeIdOf< LspPing::LspPingPeerSetSidSubTlv > )
          open.bytes( some( count_ * sizeof( LspPing::LspPingRemotePeer ) ) );
       else
@@ -101,6 +109,8 @@ class RandomMessage {
    std::vector< Row const * > wanted_;
    // What the view that was filled last says of its tail.
    U32 count_ = 0;
+   // What the fixed part said of the tail.
+   U32 agiLength_ = 0;
 };
 
 // A row at random that leaves enough depth for what may stand in it, or a code that nobody knows.
@@ -192,6 +202,12 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
             view.addressFamilyIs( sizeof( view.root() ) == 4 ? 1 : 2 );
          if constexpr( requires { view.peerCountIs( 0 ); } )
             view.peerCountIs( static_cast< U16 >( count_ = below( 4 ) ) );
+         // Of the two least significant ones, each excludes the other where there are two.
+         if constexpr( requires { view.flagsIs( view.flags() ); } )
+            view.flagsIs( static_cast< decltype( view.flags() ) >(
+               view.flags() & ~( below( 2 ) == 0 ? 1u : 2u ) ) );
+         if constexpr( requires { view.agiLengthIs( 0 ); } )
+            view.agiLengthIs( static_cast< U8 >( agiLength_ = below( 9 ) ) );
          if( facts.otherLength != 0 && below( 2 ) == 0 )
             bytes[3] = static_cast< U8 >( facts.otherLength );
       };

@@ -35,7 +35,17 @@ using LspPingExtTypes = Kiv::TypeList<
    class LspPingSrSegmentListIpv4SubTlv, class LspPingSrPolicyIpv6SubTlv,
    class LspPingSrCandidatePathIpv6SubTlv, class LspPingSrSegmentListIpv6SubTlv,
    class LspPingSegmentLabelSubTlv, class LspPingSegmentIpv4NodeSubTlv,
-   class LspPingSegmentIpv6NodeSubTlv >;
+   class LspPingSegmentIpv6NodeSubTlv,
+   // fec/LspPingExtRsvpFec.h
+   class LspPingRsvpIpv6SubTlv, class LspPingRsvpP2mpIpv6SubTlv, class LspPingRsvpTunnelIpv4SubTlv,
+   class LspPingRsvpTunnelIpv6SubTlv,
+   // fec/LspPingStaticFec.h
+   class LspPingStaticLspSubTlv, class LspPingStaticPseudowireSubTlv,
+   class LspPingStaticTunnelSubTlv,
+   // fec/LspPingExtPseudowireFec.h
+   class LspPingL2VpnEndpointSubTlv, class LspPingFec128DeprecatedSubTlv,
+   class LspPingFec128Ipv6SubTlv, class LspPingFec129Ipv6SubTlv,
+   class LspPingP2mpPseudowireSubTlv >;
 
 // Behind the library's, see types/LspPingModules.h.
 inline constexpr U16 lspPingExtModule = 18;

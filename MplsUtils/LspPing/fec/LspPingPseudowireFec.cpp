@@ -15,15 +15,17 @@ namespace {
 using Pseudowire::PseudowireAttachmentIdentifier;
 using Pseudowire::PseudowireGenId;
 
+constexpr U32 typesAndLengths = 6;
 constexpr U8 maxLength = PseudowireAttachmentIdentifier::maxLength;
 
-U16 valueBytes( PseudowireGenId const & id ) noexcept {
-   return static_cast< U16 >( id.agi().length() + id.saii().length() + id.taii().length() );
+// What the length field must say at least before the identifiers are written.
+U32 lengthFor( U16 minLength, U32 values ) noexcept {
+   return lspPingPadded( minLength + values );
 }
 
-// What the length field must say at least before the identifiers are written.
-U32 lengthFor( PseudowireGenId const & id ) noexcept {
-   return lspPingPadded( LspPingFec129Ipv4SubTlv::minTlvLength + U32{ valueBytes( id ) } );
+// Where the identifiers begin, counted from the header.
+constexpr U32 behindFixed( U16 minLength ) noexcept {
+   return U32{ sizeof( LspPingTlvHdr ) } + minLength - typesAndLengths;
 }
 
 // Writes type, length and value and returns the place behind them.
@@ -44,15 +46,15 @@ Orlo::String LspPingFec128Ipv4SubTlv::stringValue() const {
                      receiverAddr(), pwId(), pwType() );
 }
 
-PseudowireGenId LspPingFec129Ipv4SubTlv::pwGenId() const noexcept {
+PseudowireGenId LspPingAttachmentSubTlv::pwGenIdBehind( U16 minLength ) const noexcept {
    U16 const coveredLength = length();
-   if( coveredLength < minTlvLength )
+   if( coveredLength < minLength )
       return {};
    // Whoever laid the view knows that the bytes covered by its length field are there, so the
    // identifiers lie right behind the view. `neededLength` is the least length that covers the
    // values read so far and the types and lengths of all three identifiers.
-   U8 const * at = reinterpret_cast< U8 const * >( this ) + sizeof( *this );
-   U32 neededLength = minTlvLength;
+   U8 const * at = reinterpret_cast< U8 const * >( this ) + behindFixed( minLength );
+   U32 neededLength = minLength;
    PseudowireAttachmentIdentifier ids[3];
    for( PseudowireAttachmentIdentifier & id : ids ) {
       id.typeIs( *at++ );
@@ -66,18 +68,19 @@ PseudowireGenId LspPingFec129Ipv4SubTlv::pwGenId() const noexcept {
    return { ids[0], ids[1], ids[2] };
 }
 
-void LspPingFec129Ipv4SubTlv::pwGenIdIs( PseudowireGenId const & pwGenId ) noexcept {
+void LspPingAttachmentSubTlv::pwGenIdBehindIs( U16 minLength,
+                                               PseudowireGenId const & pwGenId ) noexcept {
    PseudowireAttachmentIdentifier const & agi = pwGenId.agi();
    PseudowireAttachmentIdentifier const & saii = pwGenId.saii();
    PseudowireAttachmentIdentifier const & taii = pwGenId.taii();
    KIV_ASSERT( agi.length() <= maxLength );
    KIV_ASSERT( saii.length() <= maxLength );
    KIV_ASSERT( taii.length() <= maxLength );
-   U32 const tlvLength = lengthFor( pwGenId );
+   U32 const tlvLength = lengthFor( minLength, valueBytes( pwGenId ) );
    KIV_ASSERT( length() >= tlvLength );
    // The bytes covered by the length field are there, as for reading, and it covers all that is
-   // written: what lies behind the view's own bytes starts at value offset 10.
-   U8 * at = reinterpret_cast< U8 * >( this ) + sizeof( *this );
+   // written: the types and lengths of all three are part of `minLength`.
+   U8 * at = reinterpret_cast< U8 * >( this ) + behindFixed( minLength );
    U8 const * const end =
       reinterpret_cast< U8 const * >( this ) + sizeof( LspPingTlvHdr ) + tlvLength;
    at = put( put( put( at, agi ), saii ), taii );
@@ -85,34 +88,25 @@ void LspPingFec129Ipv4SubTlv::pwGenIdIs( PseudowireGenId const & pwGenId ) noexc
       *at++ = 0;
 }
 
-Orlo::String LspPingFec129Ipv4SubTlv::pwGenIdRefusal( PseudowireGenId const & pwGenId ) const {
+Orlo::String
+LspPingAttachmentSubTlv::pwGenIdRefusalBehind( U16 minLength,
+                                               PseudowireGenId const & pwGenId ) const {
    for( U8 const bytes :
         { pwGenId.agi().length(), pwGenId.saii().length(), pwGenId.taii().length() } )
       if( bytes > maxLength )
          return Orlo::stringOf( "an identifier has 8 bytes" );
-   U32 const needed = lengthFor( pwGenId );
+   U32 const needed = lengthFor( minLength, valueBytes( pwGenId ) );
    if( length() < needed )
       return Kiv::_fmt( "needs %d bytes of value, the length is %d", needed, length() );
    return {};
 }
 
-std::size_t LspPingFec129Ipv4SubTlv::kivExtent( std::span< U8 const > bytes ) noexcept {
-   if( bytes.size() < sizeof( LspPingFec129Ipv4SubTlv ) )
-      return sizeof( LspPingFec129Ipv4SubTlv );
-   // They are there, and a view has no alignment.
-   auto const & view = *reinterpret_cast< LspPingFec129Ipv4SubTlv const * >( bytes.data() );
-   return view.length() < minTlvLength ? sizeof( view ) : sizeof( LspPingTlvHdr ) + view.length();
-}
-
-U16 LspPingFec129Ipv4SubTlv::additionalTlvLength() const noexcept {
-   return valueBytes( pwGenId() );
+U16 LspPingAttachmentSubTlv::valueBytes( PseudowireGenId const & id ) noexcept {
+   return static_cast< U16 >( id.agi().length() + id.saii().length() + id.taii().length() );
 }
 
 bool LspPingFec129Ipv4SubTlv::valid() const noexcept {
-   if( !element.hasCode( type() ) || length() < minTlvLength )
-      return false;
-   // Identifiers are decoded only if the length covers them; what does not decode is the default.
-   return !PseudowireGenId::isEq( pwGenId(), PseudowireGenId{} ) && isEthernet( pwType() );
+   return element.hasCode( type() ) && hasIdentifiers() && isEthernet( pwType() );
 }
 
 Orlo::String LspPingFec129Ipv4SubTlv::stringValue() const {

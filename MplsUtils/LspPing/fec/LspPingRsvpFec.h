@@ -8,13 +8,14 @@
 
 namespace LspPing {
 
-// The shape of the FECs that name an RSVP-TE tunnel by its session and sender, RFC 8029 section
-// 3.2.3 and RFC 6425 section 3.1.1.1.
+// The shape of the FECs that name an RSVP-TE LSP by its session and sender, RFC 8029 sections 3.2.3
+// and 3.2.4 and RFC 6425 section 3.1.1. Addresses have 4 bytes or 16, and so has what extends the
+// tunnel's number.
 //
 //  0                   1                   2                   3
 //  0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1 2 3 4 5 6 7 8 9 0 1
 // +-------------------------------+-------------------------------+
-// |          type = 3, 17         |          length = 20          |
+// |      type = 3, 4, 17, 18      |      length = 20, 56, 44      |
 // +-------------------------------+-------------------------------+
 // |                     destination or p2mpId                     |
 // +-------------------------------+-------------------------------+
@@ -25,7 +26,7 @@ namespace LspPing {
 // +-------------------------------+-------------------------------+
 // |             mbz1              |             lspId             |
 // +-------------------------------+-------------------------------+
-template < class Session >
+template < class Session, class Address = Velnet::IpAddr >
 class LspPingRsvpSubTlv : public LspPingTlvHdr {
  public:
    /// As stored, without byte-order conversion.
@@ -33,10 +34,10 @@ class LspPingRsvpSubTlv : public LspPingTlvHdr {
    constexpr void mbz0Is( U16 raw ) noexcept { mbz0_.rawIs( raw ); }
    constexpr U16 tunnelId() const noexcept { return tunnelId_.value(); }
    constexpr void tunnelIdIs( U16 id ) noexcept { tunnelId_.valueIs( id ); }
-   constexpr Velnet::IpAddr extendedTunnelId() const noexcept { return extendedTunnelId_; }
-   constexpr void extendedTunnelIdIs( Velnet::IpAddr id ) noexcept { extendedTunnelId_ = id; }
-   constexpr Velnet::IpAddr senderAddress() const noexcept { return senderAddress_; }
-   constexpr void senderAddressIs( Velnet::IpAddr address ) noexcept { senderAddress_ = address; }
+   constexpr Address extendedTunnelId() const noexcept { return extendedTunnelId_; }
+   constexpr void extendedTunnelIdIs( Address id ) noexcept { extendedTunnelId_ = id; }
+   constexpr Address senderAddress() const noexcept { return senderAddress_; }
+   constexpr void senderAddressIs( Address address ) noexcept { senderAddress_ = address; }
    /// As stored, without byte-order conversion.
    constexpr U16 mbz1() const noexcept { return mbz1_.raw(); }
    constexpr void mbz1Is( U16 raw ) noexcept { mbz1_.rawIs( raw ); }
@@ -65,8 +66,8 @@ class LspPingRsvpSubTlv : public LspPingTlvHdr {
    Session session_;
    Velnet::NetU16 mbz0_;
    Velnet::NetU16 tunnelId_;
-   Velnet::IpAddr extendedTunnelId_;
-   Velnet::IpAddr senderAddress_;
+   Address extendedTunnelId_;
+   Address senderAddress_;
    Velnet::NetU16 mbz1_;
    Velnet::NetU16 lspId_;
 };

@@ -71,7 +71,11 @@ constexpr Flaw flawIn( LspPingFec128Ipv4SubTlv const & fec, bool ) noexcept {
 
 // Whether the identifiers fit is seen where they are walked. All types and lengths zero name
 // nothing.
-Flaw flawIn( LspPingFec129Ipv4SubTlv const & fec, bool ) noexcept {
+template < class View >
+requires requires {
+   View::minTlvLength;
+}
+Flaw flawIn( View const & fec, bool ) noexcept {
    static constexpr std::array< U8, 6 > nothing{};
    U8 const * const identifiers = reinterpret_cast< U8 const * >( &fec ) + sizeof( fec );
    return std::memcmp( identifiers, nothing.data(), nothing.size() ) == 0
@@ -173,15 +177,12 @@ constexpr LspPingElementRow unviewed( LspPingElement facts ) noexcept {
 constexpr auto unviewedRows = [] {
    using Element = LspPingElement;
    using Tlv = LspPingTlvType;
-   using Fec = LspPingTargetFecSubTlvType;
    using Responder = LspPingP2mpRespTlvType;
    return std::to_array< LspPingElementRow >( {
       unviewed( LspPingUnviewed::fecStack ),
       unviewed( Element::tlv( Tlv::VendorEnterpriseNum ).atLeast( 4 ) ),
       unviewed( LspPingUnviewed::erroredTlvs ),
       unviewed( LspPingUnviewed::responders ),
-      unviewed( Element::targetFec( Fec::RSVPIpv6Lsp ).length( 56 ) ),
-      unviewed( Element::targetFec( Fec::L2VPNEndpoint ).length( 14 ) ),
       unviewed( LspPingUnviewed::labelStack ),
       unviewed( Element::responderSubTlv( Responder::EgrAddr4 ).length( 4 ) ),
       unviewed( Element::responderSubTlv( Responder::EgrAddr6 ).length( 16 ) ),

@@ -121,7 +121,7 @@ Kept keepView( LspPingElementRef element, LspPingFecInfo & info ) {
    return keep( *view, element, info );
 }
 
-// Of FECs whose views the records were not made for, these three, by the offsets of their fields.
+// Three kinds of FEC by the offsets of their fields, and those that the record has no place for.
 Kept keepUnviewed( LspPingElementRef element, LspPingFecInfo & info ) {
    std::span< U8 const > const bytes = element.bytes();
    if( element.row() == nullptr )

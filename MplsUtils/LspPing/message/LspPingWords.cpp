@@ -1,6 +1,7 @@
 #include "MplsUtils/LspPing/message/LspPingWords.h"
 
 #include "MplsUtils/LspPing/ext/LspPingExt.h"
+#include "MplsUtils/LspPing/ext/LspPingFlagsText.h"
 #include "MplsUtils/LspPing/message/LspPingElements.h"
 
 #include <array>
@@ -232,17 +233,6 @@ std::string_view orOfElement( std::string_view words, Codes code ) noexcept {
              row.code() == static_cast< U32 >( code ) )
             return row.facts.words;
    return words;
-}
-
-// Letters of single bits, and the rest as a number.
-void appendFlags( Orlo::StringBuilder & out, std::string_view letters, U32 flags ) {
-   for( std::size_t bit = letters.size(); bit-- > 0; )
-      if( ( flags >> bit & 1 ) != 0 )
-         out.append( letters[bit] );
-   if( U32 const rest = flags >> letters.size() << letters.size() ) {
-      out.append( "+0x" );
-      out.appendHex( rest, false );
-   }
 }
 
 } // namespace

@@ -21,7 +21,9 @@ TEST( Flaws, areLengthsThatCountThePadding ) {
               "   ! offset 36: LDPIpv6: length 20 counts the padding, expected 17; without it: "
               "LdpIpv6( '2001:db8::1/128' )\n" );
    EXPECT_EQ( problemsOfFec( 8, Bytes( 16, 1 ) ),
-              oneAt36( "L2VPNEndpoint: length 16 counts the padding, expected 14" ) );
+              oneAt36( "L2VPNEndpoint: length 16 counts the padding, expected 14; without it: "
+                       "L2VpnEndpoint( 72340172838076673, sender: 257, receiver: 257, type: "
+                       "257 )" ) );
    EXPECT_EQ( problemsOfFec( 10, { 10, 0, 0, 1, 10, 0, 0, 2, 0, 0, 0, 7, 0, 5, 0, 0 } ),
               oneAt36( "FEC128Pseudowire: length 16 counts the padding, expected 14; without it: "
                        "Fec128Ipv4:\tsender(10.0.0.1),\treceiver(10.0.0.2),\tpwId(7),"

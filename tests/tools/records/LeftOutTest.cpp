@@ -41,6 +41,11 @@ TEST( LeftOut, isNothingOfWhatIsKeptWhole ) {
 
 TEST( LeftOut, areFecsWithoutAttributes ) {
    EXPECT_EQ( leftOutOfFec( 99, { 1 } ), "36 99: no attributes for this FEC\n" );
+   EXPECT_EQ( leftOutOfFec( 22, Bytes( 24, 1 ) ), "36 StaticLsp: no attributes for this FEC\n" );
+   EXPECT_EQ( leftOutOfFec( 37, { 2, 0, 4, 10, 0, 0, 1 } ),
+              "36 P2mpPseudowire: no attributes for this FEC\n" );
+   EXPECT_EQ( leftOutOfFec( 24, v6 + v6 + Bytes{ 0, 0, 0, 7, 0, 5 } ),
+              "36 FEC128PseudowireIpv6: no attributes for this FEC\n" );
    EXPECT_EQ( leftOutOfFec( 1, { 10, 1, 2, 0, 200 } ),
               "36 LDPIpv4: a prefix longer than its address\n" );
    EXPECT_EQ( leftOutOfFec( 15, v6 + Bytes{ 200 } ),
