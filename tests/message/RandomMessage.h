@@ -57,6 +57,17 @@ class RandomMessage {
    }
    void behind( Writer & writer, Open & open, Row const & row, U32 depth );
    void multipath( Open & open );
+   // One of those that the row's bytes choose between.
+   Row const & chosen( Row const & row ) {
+      auto const rows = LspPing::lspPingElements();
+      Row const * target = &row;
+      while( target->facts.chooser != 0 ) {
+         Row const & other = rows[below( static_cast< U32 >( rows.size() ) )];
+         if( other.facts.context == row.facts.context && other.code() == row.code() )
+            target = &other;
+      }
+      return *target;
+   }
    // What stands behind the views that go on to the end of the value.
    void tail( Open & open, Row const & row ) {
       static_cast< void >( row );
@@ -96,7 +107,8 @@ inline void RandomMessage::element( Writer & writer, Context context, U32 depth 
    }
    std::vector< Row const * > rows;
    for( Row const & row : LspPing::lspPingElements() )
-      if( row.facts.context == context && ( depth < 4 || row.facts.behind != Behind::tlvs ) )
+      if( row.facts.context == context && ( depth < 4 || row.facts.behind != Behind::tlvs ) &&
+          ( depth < LspPing::LspPingMessageReader::deepest || !row.facts.isContainer() ) )
          rows.push_back( &row );
    element( writer, *rows[below( static_cast< U32 >( rows.size() ) )], depth );
 }
@@ -107,6 +119,9 @@ inline void RandomMessage::element( Writer & writer, Row const & row, U32 depth 
       viewedOf( LspPing::LspPingExtTypes{}, writer, row, depth );
       return;
    }
+   // What says that none was chosen.
+   if( row.facts.chooser != 0 )
+      return element( writer, chosen( row ), depth );
    auto open = writer.open( row.facts.context, row.code() );
    U32 const least = row.facts.leastLength;
    Bytes value = some( row.facts.hasFixedLength ? least : least + below( 6 ) );
@@ -142,13 +157,7 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
       constexpr std::size_t header = LspPing::lspPingHeaderSize( facts.context );
       constexpr std::size_t offset = facts.isOverValue ? header : 0;
       // A header that views share becomes one of theirs.
-      Row const * target = &row;
-      while( target->facts.chooser != 0 ) {
-         auto const rows = LspPing::lspPingElements();
-         Row const & other = rows[below( static_cast< U32 >( rows.size() ) )];
-         if( other.facts.context == row.facts.context && other.code() == row.code() )
-            target = &other;
-      }
+      Row const * const target = &chosen( row );
       auto const fillIn = [&]( View & view ) {
          U8 * const bytes = reinterpret_cast< U8 * >( &view ) - offset;
          std::vector< U8 > const before( bytes + offset, bytes + offset + sizeof( View ) );
@@ -173,6 +182,12 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
                keep( i );
          if constexpr( requires { view.prefixLenIs( 0 ); } )
             view.prefixLenIs( static_cast< U8 >( below( 8 * sizeof( view.ipPrefix() ) + 1 ) ) );
+         if constexpr( requires { view.maskLenIs( 0 ); } )
+            view.maskLenIs( static_cast< U8 >( below( 8 * sizeof( view.groupAddr() ) + 1 ) ) );
+         if constexpr( requires { view.rootAddr(), view.family(), view.addrLen(); } )
+            view.familyIs( view.addrLen() == 4 ? 1 : 2 );
+         if constexpr( requires { view.fecType(); } )
+            view.fecTypeIs( static_cast< U8 >( 6 + below( 3 ) ) );
          if constexpr( requires { view.pwId(); } )
             view.mbzIs( 0 );
          if( facts.otherLength != 0 && below( 2 ) == 0 )
@@ -198,8 +213,15 @@ inline void RandomMessage::behind( Writer & writer, Open & open, Row const & row
       return;
    case Behind::tail:
       return tail( open, row );
-   case Behind::elements:
    case Behind::counted:
+      // Opaque values inside others stay short: a FEC stack change counts in a byte.
+      if( row.facts.inside == row.facts.context ) {
+         if( below( 2 ) == 0 )
+            element( writer, row.facts.inside, LspPing::LspPingMessageReader::deepest );
+         return;
+      }
+      [[fallthrough]];
+   case Behind::elements:
       return children( writer, row.facts.inside, depth + 1, 0 );
    case Behind::tlvs:
       return children( writer, Context::message, depth + 1, 1 );

@@ -24,7 +24,17 @@ using LspPingExtTypes = Kiv::TypeList<
    // mapping
    class LspPingDdmapNonIpTlv, class LspPingDownstreamMappingNonIpTlv,
    // tlv
-   class LspPingVendorPrivateTlv >;
+   class LspPingVendorPrivateTlv,
+   // fec/LspPingMldpFec.h
+   class LspPingP2mpFecStackIpv6SubTlv, class LspPingMp2mpFecStackIpv4SubTlv,
+   class LspPingMp2mpFecStackIpv6SubTlv,
+   // fec/LspPingOpaqueValues.h
+   LspPingMldpFecType, class LspPingOpaqueValSGIpv6SubTlv, class LspPingOpaqueValBidirIpv4SubTlv,
+   class LspPingOpaqueValBidirIpv6SubTlv, class LspPingOpaqueValVpnSGIpv4SubTlv,
+   class LspPingOpaqueValVpnSGIpv6SubTlv, class LspPingOpaqueValVpnBidirIpv4SubTlv,
+   class LspPingOpaqueValVpnBidirIpv6SubTlv, class LspPingOpaqueValRecursiveIpv4SubTlv,
+   class LspPingOpaqueValRecursiveIpv6SubTlv, class LspPingOpaqueValVpnRecursiveIpv4SubTlv,
+   class LspPingOpaqueValVpnRecursiveIpv6SubTlv, class LspPingOpaqueValExtendedSubTlv >;
 
 // Behind the library's, see types/LspPingModules.h.
 inline constexpr U16 lspPingExtModule = 18;
