@@ -188,6 +188,8 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
             view.familyIs( view.addrLen() == 4 ? 1 : 2 );
          if constexpr( requires { view.fecType(); } )
             view.fecTypeIs( static_cast< U8 >( 6 + below( 3 ) ) );
+         if constexpr( requires { view.mac(); } )
+            view.macLenIs( 48 );
          if constexpr( requires { view.pwId(); } )
             view.mbzIs( 0 );
          if( facts.otherLength != 0 && below( 2 ) == 0 )

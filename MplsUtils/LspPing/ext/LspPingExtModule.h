@@ -34,7 +34,12 @@ using LspPingExtTypes = Kiv::TypeList<
    class LspPingOpaqueValVpnSGIpv6SubTlv, class LspPingOpaqueValVpnBidirIpv4SubTlv,
    class LspPingOpaqueValVpnBidirIpv6SubTlv, class LspPingOpaqueValRecursiveIpv4SubTlv,
    class LspPingOpaqueValRecursiveIpv6SubTlv, class LspPingOpaqueValVpnRecursiveIpv4SubTlv,
-   class LspPingOpaqueValVpnRecursiveIpv6SubTlv, class LspPingOpaqueValExtendedSubTlv >;
+   class LspPingOpaqueValVpnRecursiveIpv6SubTlv, class LspPingOpaqueValExtendedSubTlv,
+   // fec/LspPingEvpnFec.h
+   class LspPingEvpnMacSubTlv, class LspPingEvpnMacIpv4SubTlv, class LspPingEvpnMacIpv6SubTlv,
+   class LspPingEvpnInclusiveMulticastIpv4SubTlv, class LspPingEvpnInclusiveMulticastIpv6SubTlv,
+   class LspPingEvpnEthernetAdSubTlv, class LspPingEvpnIpv4PrefixSubTlv,
+   class LspPingEvpnIpv6PrefixSubTlv >;
 
 // Behind the library's, see types/LspPingModules.h.
 inline constexpr U16 lspPingExtModule = 18;

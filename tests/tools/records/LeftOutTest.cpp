@@ -41,6 +41,8 @@ TEST( LeftOut, isNothingOfWhatIsKeptWhole ) {
 
 TEST( LeftOut, areFecsWithoutAttributes ) {
    EXPECT_EQ( leftOutOfFec( 99, { 1 } ), "36 99: no attributes for this FEC\n" );
+   EXPECT_EQ( leftOutOfFec( 44, Bytes( 24, 1 ) ),
+              "36 EvpnEthernetAd: no attributes for this FEC\n" );
    EXPECT_EQ( leftOutOfFec( 20, { 0, 1, 4, 10, 0, 0, 1, 0, 7, 1, 0, 4, 0, 0, 0, 7 } ),
               "36 Mp2mpFec: no attributes for this FEC\n" );
    EXPECT_EQ( leftOutOfFec( 1, { 10, 1, 2, 0, 200 } ),
