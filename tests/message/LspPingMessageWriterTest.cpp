@@ -194,7 +194,7 @@ TEST( LspPingMessageWriter, refusesMultipathInformationThatIsReadAsAnother ) {
 TEST( LspPingMessageWriter, writesOpaqueValuesWithoutPaddingBehindARootOfEitherFamily ) {
    auto const values = []( Writer & writer ) {
       writer.add< LspPingOpaqueValGenSubTlv >( []( auto & value ) { value.lspIdIs( 7 ); } );
-      writer.add( LspPingContext::opaqueValue, 6, Bytes{ 0xaa, 0xbb } );
+      writer.add( LspPingContext::opaqueValue, 2, Bytes{ 0xaa, 0xbb } );
    };
    EXPECT_EQ( written( [&]( Writer & writer ) {
                  auto stack = writer.open( LspPingTlvType::TargetFecStack );
@@ -203,7 +203,7 @@ TEST( LspPingMessageWriter, writesOpaqueValuesWithoutPaddingBehindARootOfEitherF
                  values( writer );
               } ),
               "00 01 00 1c 00 13 00 15 00 01 04 0a 00 00 01 00 0c "
-              "01 00 04 00 00 00 07 06 00 02 aa bb 00 00 00" );
+              "01 00 04 00 00 00 07 02 00 02 aa bb 00 00 00" );
    EXPECT_EQ( written( [&]( Writer & writer ) {
                  auto stack = writer.open( LspPingTlvType::TargetFecStack );
                  auto fec = writer.open< LspPingP2mpFecStackSubTlv >();
@@ -211,7 +211,7 @@ TEST( LspPingMessageWriter, writesOpaqueValuesWithoutPaddingBehindARootOfEitherF
                  values( writer );
               } ),
               "00 01 00 28 00 13 00 21 00 02 10 20 01 0d b8 00 00 00 00 00 00 00 00 00 00 00 01 "
-              "00 0c 01 00 04 00 00 00 07 06 00 02 aa bb 00 00 00" );
+              "00 0c 01 00 04 00 00 00 07 02 00 02 aa bb 00 00 00" );
 }
 
 TEST( LspPingMessageWriter, writesTheIdentifiersOfAPseudowire ) {

@@ -63,8 +63,8 @@ class RandomMessage {
       if( row.type == Kiv::typeIdOf< LspPing::LspPingP2mpPseudowireSubTlv > ) {
          // The address's length is counted in bytes or in bits.
          U32 const size = below( 2 ) == 0 ? 4 : 16;
-         Bytes rest = some( agiLength_ + 1 + size );
-         rest[agiLength_] = static_cast< U8 >( below( 2 ) == 0 ? size : 8 * size );
+         Bytes rest = some( count_ + 1 + size );
+         rest[count_] = static_cast< U8 >( below( 2 ) == 0 ? size : 8 * size );
          open.bytes( rest );
          return;
       }
@@ -109,8 +109,6 @@ class RandomMessage {
    std::vector< Row const * > wanted_;
    // What the view that was filled last says of its tail.
    U32 count_ = 0;
-   // What the fixed part said of the tail.
-   U32 agiLength_ = 0;
 };
 
 // A row at random that leaves enough depth for what may stand in it, or a code that nobody knows.
@@ -122,7 +120,8 @@ inline void RandomMessage::element( Writer & writer, Context context, U32 depth 
    }
    std::vector< Row const * > rows;
    for( Row const & row : LspPing::lspPingElements() )
-      if( row.facts.context == context && ( depth < 4 || row.facts.behind != Behind::tlvs ) )
+      if( row.facts.context == context && ( depth < 4 || row.facts.behind != Behind::tlvs ) &&
+          ( depth < LspPing::LspPingMessageReader::deepest || !row.facts.isContainer() ) )
          rows.push_back( &row );
    element( writer, *rows[below( static_cast< U32 >( rows.size() ) )], depth );
 }
@@ -196,6 +195,14 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
                keep( i );
          if constexpr( requires { view.prefixLenIs( 0 ); } )
             view.prefixLenIs( static_cast< U8 >( below( 8 * sizeof( view.ipPrefix() ) + 1 ) ) );
+         if constexpr( requires { view.maskLenIs( 0 ); } )
+            view.maskLenIs( static_cast< U8 >( below( 8 * sizeof( view.groupAddr() ) + 1 ) ) );
+         if constexpr( requires { view.rootAddr(), view.family(), view.addrLen(); } )
+            view.familyIs( view.addrLen() == 4 ? 1 : 2 );
+         if constexpr( requires { view.fecType(); } )
+            view.fecTypeIs( static_cast< U8 >( 6 + below( 3 ) ) );
+         if constexpr( requires { view.mac(); } )
+            view.macLenIs( 48 );
          if constexpr( requires { view.pwId(); } )
             view.mbzIs( 0 );
          if constexpr( requires { view.addressFamilyIs( 0 ); } )
@@ -207,7 +214,7 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
             view.flagsIs( static_cast< decltype( view.flags() ) >(
                view.flags() & ~( below( 2 ) == 0 ? 1u : 2u ) ) );
          if constexpr( requires { view.agiLengthIs( 0 ); } )
-            view.agiLengthIs( static_cast< U8 >( agiLength_ = below( 9 ) ) );
+            view.agiLengthIs( static_cast< U8 >( count_ = below( 9 ) ) );
          if( facts.otherLength != 0 && below( 2 ) == 0 )
             bytes[3] = static_cast< U8 >( facts.otherLength );
       };
@@ -231,8 +238,15 @@ inline void RandomMessage::behind( Writer & writer, Open & open, Row const & row
       return;
    case Behind::tail:
       return tail( open, row );
-   case Behind::elements:
    case Behind::counted:
+      // Opaque values inside others stay short: a FEC stack change counts in a byte.
+      if( row.facts.inside == row.facts.context ) {
+         if( below( 2 ) == 0 )
+            element( writer, row.facts.inside, LspPing::LspPingMessageReader::deepest );
+         return;
+      }
+      [[fallthrough]];
+   case Behind::elements:
       return children( writer, row.facts.inside, depth + 1, 0 );
    case Behind::tlvs:
       return children( writer, Context::message, depth + 1, 1 );

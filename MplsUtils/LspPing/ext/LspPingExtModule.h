@@ -45,7 +45,22 @@ using LspPingExtTypes = Kiv::TypeList<
    // fec/LspPingExtPseudowireFec.h
    class LspPingL2VpnEndpointSubTlv, class LspPingFec128DeprecatedSubTlv,
    class LspPingFec128Ipv6SubTlv, class LspPingFec129Ipv6SubTlv,
-   class LspPingP2mpPseudowireSubTlv >;
+   class LspPingP2mpPseudowireSubTlv,
+   // fec/LspPingMldpFec.h
+   class LspPingP2mpFecStackIpv6SubTlv, class LspPingMp2mpFecStackIpv4SubTlv,
+   class LspPingMp2mpFecStackIpv6SubTlv,
+   // fec/LspPingOpaqueValues.h
+   LspPingMldpFecType, class LspPingOpaqueValSGIpv6SubTlv, class LspPingOpaqueValBidirIpv4SubTlv,
+   class LspPingOpaqueValBidirIpv6SubTlv, class LspPingOpaqueValVpnSGIpv4SubTlv,
+   class LspPingOpaqueValVpnSGIpv6SubTlv, class LspPingOpaqueValVpnBidirIpv4SubTlv,
+   class LspPingOpaqueValVpnBidirIpv6SubTlv, class LspPingOpaqueValRecursiveIpv4SubTlv,
+   class LspPingOpaqueValRecursiveIpv6SubTlv, class LspPingOpaqueValVpnRecursiveIpv4SubTlv,
+   class LspPingOpaqueValVpnRecursiveIpv6SubTlv, class LspPingOpaqueValExtendedSubTlv,
+   // fec/LspPingEvpnFec.h
+   class LspPingEvpnMacSubTlv, class LspPingEvpnMacIpv4SubTlv, class LspPingEvpnMacIpv6SubTlv,
+   class LspPingEvpnInclusiveMulticastIpv4SubTlv, class LspPingEvpnInclusiveMulticastIpv6SubTlv,
+   class LspPingEvpnEthernetAdSubTlv, class LspPingEvpnIpv4PrefixSubTlv,
+   class LspPingEvpnIpv6PrefixSubTlv >;
 
 // Behind the library's, see types/LspPingModules.h.
 inline constexpr U16 lspPingExtModule = 18;

@@ -13,7 +13,8 @@ namespace LspPing {
 /// The bytes of the value behind the view's own; none where the length ends before them.
 template < class View >
 std::span< U8 const > lspPingTail( View const & view ) noexcept {
-   std::size_t const size = lspPingHeaderSize( View::element.context ) + view.length();
+   std::size_t const size =
+      lspPingHeaderSize( View::element.context ) + View::element.codeExtension + view.length();
    return size > sizeof( View )
              ? std::span( reinterpret_cast< U8 const * >( &view ), size ).subspan( sizeof( View ) )
              : std::span< U8 const >();

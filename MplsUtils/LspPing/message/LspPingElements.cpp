@@ -53,11 +53,25 @@ constexpr Flaw prefixFlaw( U32 bits, U32 longest ) noexcept {
    return bits > longest ? Flaw{ { Code::prefixTooLong, { bits, longest } } } : Flaw{};
 }
 
+// Of a multipoint LDP FEC, RFC 6425 section 3.1.2.1.
+constexpr Flaw rootFlaw( U32 family, U32 length ) noexcept {
+   U32 const expected = family == 1 ? 4 : 16;
+   if( family != 1 && family != 2 )
+      return { { Code::familyUnknown, { family } } };
+   if( length != expected )
+      return { { Code::rootLengthWrong, { length, expected } } };
+   return {};
+}
+
 // What contradicts the RFC that defines the element. Most say no more than the view does.
 template < class View >
 constexpr Flaw flawIn( View const & view, bool isValid ) noexcept {
    if constexpr( requires { view.prefixLen(); } ) {
       if( Flaw const flaw = prefixFlaw( view.prefixLen(), 8 * sizeof( view.ipPrefix() ) ) )
+         return flaw;
+   }
+   if constexpr( requires { view.rootAddr(), view.family(), view.addrLen(); } ) {
+      if( Flaw const flaw = rootFlaw( view.family(), view.addrLen() ) )
          return flaw;
    }
    return isValid ? Flaw{} : Flaw{ { Code::notValid } };
@@ -81,16 +95,6 @@ Flaw flawIn( View const & fec, bool ) noexcept {
    return std::memcmp( identifiers, nothing.data(), nothing.size() ) == 0
              ? Flaw{ { Code::noIdentifiers } }
              : Flaw{};
-}
-
-// The root's address, RFC 6425 section 3.1.2.1.
-Flaw flawIn( LspPingP2mpFecStackSubTlv const & fec, bool ) noexcept {
-   U32 const expected = fec.family() == 1 ? 4 : 16;
-   if( fec.family() != 1 && fec.family() != 2 )
-      return { { Code::familyUnknown, { fec.family() } } };
-   if( fec.addrLen() != expected )
-      return { { Code::rootLengthWrong, { fec.addrLen(), expected } } };
-   return {};
 }
 
 template < class View >

@@ -76,12 +76,13 @@ Kept keep( View const & fec, LspPingElementRef, LspPingFecInfo & info ) {
    return Kept::whole();
 }
 
-// Multipoint LDP, RFC 6425 section 3.1.2.1. The view shows a root of IPv4 only.
-Kept keep( LspPingP2mpFecStackSubTlv const & fec, LspPingElementRef element,
-           LspPingFecInfo & info ) {
+// Multipoint LDP, RFC 6425 section 3.1.2.1, by its bytes: each size of root has its own view, both
+// of which cover family and length.
+Kept keepRoot( LspPingElementRef element, LspPingFecInfo & info ) {
    std::span< U8 const > const bytes = element.bytes();
-   std::size_t const addressSize = fec.family() == 1 ? 4 : fec.family() == 2 ? 16 : 0;
-   if( addressSize == 0 || bytes.size() < 9 + addressSize || fec.addrLen() != addressSize ||
+   U16 const family = valueAt< Velnet::NetU16 >( bytes, 4 ).value();
+   std::size_t const addressSize = family == 1 ? 4 : family == 2 ? 16 : 0;
+   if( addressSize == 0 || bytes.size() < 9 + addressSize || bytes[6] != addressSize ||
        valueAt< Velnet::NetU16 >( bytes, 7 + addressSize ).value() !=
           bytes.size() - 9 - addressSize )
       return Kept::notWellFormed();
@@ -105,11 +106,15 @@ Kept keep( LspPingP2mpFecStackSubTlv const & fec, LspPingElementRef element,
    }
    if( !isKept )
       return Kept::refused( "no attribute for this opaque value" );
-   if( fec.family() == 1 )
-      info.peerAddrIs( fec.rootAddr() );
+   if( family == 1 )
+      info.peerAddrIs( valueAt< Velnet::IpAddr >( bytes, 7 ) );
    else
       info.peerAddrIs( valueAt< Velnet::Ip6Addr >( bytes, 7 ) );
    return count == 1 ? Kept::whole() : Kept::without( "further opaque values" );
+}
+
+Kept keep( LspPingP2mpFecStackSubTlv const &, LspPingElementRef element, LspPingFecInfo & info ) {
+   return keepRoot( element, info );
 }
 
 // The view of the element, if it describes it and says that it is valid.
@@ -121,12 +126,15 @@ Kept keepView( LspPingElementRef element, LspPingFecInfo & info ) {
    return keep( *view, element, info );
 }
 
-// Three kinds of FEC by the offsets of their fields, and those that the record has no place for.
+// FECs that the record has a place for beside those of the views that it was made for, by the
+// offsets of their fields.
 Kept keepUnviewed( LspPingElementRef element, LspPingFecInfo & info ) {
    std::span< U8 const > const bytes = element.bytes();
    if( element.row() == nullptr )
       return Kept::refused( "no attributes for this FEC" );
    Fec const code = static_cast< Fec >( element.code() );
+   if( code == Fec::P2mpFec )
+      return keepRoot( element, info );
    bool const isFixed =
       code == Fec::LDPIpv6 || code == Fec::RSVPIpv6Lsp || code == Fec::L2VPNEndpoint;
    if( isFixed && element.length() != element.row()->facts.leastLength )

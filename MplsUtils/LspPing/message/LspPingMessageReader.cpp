@@ -177,6 +177,8 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
    U32 length = word( region.begin + header - 2 );
    LspPingElementRow const * const row = quickElementOf(
       context, code, bytes_.subspan( region.begin, std::min( header + length, left ) ) );
+   if( header == 3 && row != nullptr && row->facts.codeExtension != 0 )
+      length = extendedLength( *row, region );
    bool isOtherReading = false;
    U32 total = lspPingPadded( header + length );
    if( row != nullptr && !row->facts.otherReading.empty() ) [[unlikely]] {
@@ -218,6 +220,13 @@ U32 LspPingWalk::element( LspPingContext context, Region region, U32 depth, Alig
    if( total > left )
       problemOf( index, Code::paddingMissing, { total - left } );
    return total;
+}
+
+// Of a code that goes on where the length usually is.
+U32 LspPingWalk::extendedLength( LspPingElementRow const & row, Region region ) const noexcept {
+   U32 const more = row.facts.codeExtension;
+   U32 const header = row.headerSize() + more;
+   return region.size() < header ? more : more + word( region.begin + header - 2 );
 }
 
 // Whether elements of the context, or nothing, begin behind as many bytes. A few are looked at, so
@@ -337,10 +346,10 @@ bool LspPingWalk::lengthFits( Data const & element ) {
    LspPingElement const & facts = element.row->facts;
    if( !facts.hasFixedLength || facts.hasLength( element.length ) )
       return true;
-   // Routers are seen to count the padding.
-   problemOf( element,
-              element.length == lspPingPadded( facts.leastLength ) ? Code::lengthCountsPadding
-                                                                   : Code::lengthWrong,
+   // Routers are seen to count the padding, which opaque values do not have.
+   bool const countsPadding = facts.context != LspPingContext::opaqueValue &&
+                              element.length == lspPingPadded( facts.leastLength );
+   problemOf( element, countsPadding ? Code::lengthCountsPadding : Code::lengthWrong,
               { element.length, facts.leastLength } );
    return false;
 }

@@ -290,7 +290,8 @@ Error LspPingMessageWriter::finish( Level const & level ) noexcept {
       return Error::lengthWrong;
    if( facts != nullptr && length < facts->shortestLength() )
       return Error::tooShort;
-   wordIs( lengthAt, length );
+   U32 const codeExtension = facts != nullptr ? facts->codeExtension : 0;
+   wordIs( lengthAt + codeExtension, length - codeExtension );
    // Opaque values follow each other without padding, RFC 6388 section 2.3.
    bool const isUnpadded =
       level.context == LspPingContext::opaqueValue || ( facts != nullptr && facts->isUnpadded );

@@ -60,6 +60,7 @@ class LspPingWalk {
    };
    bool isPlausible( LspPingContext context, Region region, U32 step, Codes codes ) const noexcept;
    Reading readingOf( LspPingElementRow const & row, Region region, U32 length ) const noexcept;
+   U32 extendedLength( LspPingElementRow const & row, Region region ) const noexcept;
    bool comesOutAsRead( LspPingContext context, Region region ) const noexcept;
    bool comesOut( LspPingContext context, Region region, Alignment alignment ) const noexcept;
    // Of LspPingQuickWalk.cpp. These go through a message of which little is to be asked, from its

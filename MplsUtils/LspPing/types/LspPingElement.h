@@ -120,6 +120,9 @@ struct LspPingElement {
    /// By so much the length that the RFC states differs from what it draws. It is taken for that
    /// where the bytes say so: what follows comes out with the one and not with the other.
    std::int8_t statedMore = 0;
+   /// So many bytes between code and length go on with the code, RFC 6388 section 2.3. What stands
+   /// behind the header of the context, the length among it, is taken for the value.
+   U8 codeExtension = 0;
    /// No padding follows, unless the bytes say so.
    bool isUnpadded = false;
    /// What to say of the less usual reading: that of the stated length, of this other length, or
@@ -239,6 +242,12 @@ struct LspPingElement {
       with.statedMore = static_cast< std::int8_t >( more );
       with.otherReading = reading;
       return with;
+   }
+   /// The code goes on for so many bytes, and the length comes then.
+   constexpr LspPingElement extendedCode( U8 bytes ) const {
+      LspPingElement more = atLeast( bytes );
+      more.codeExtension = bytes;
+      return more;
    }
    /// \param reading  What to say where padding follows all the same.
    constexpr LspPingElement unpadded( std::string_view reading ) const {

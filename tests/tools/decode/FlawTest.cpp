@@ -72,11 +72,10 @@ TEST( Flaws, areRootsThatAreNoAddressOfTheirFamily ) {
               oneAt36( "P2mpFec: root address of 4 bytes, expected 16" ) );
    EXPECT_EQ( problemsOfFec( 19, Bytes{ 0, 7, 4, 10, 0, 0, 1 } + opaque ),
               oneAt36( "P2mpFec: address family 7 is not known" ) );
-   // The view has no words for the whole address.
+   // A root of IPv6 has its own view.
    EXPECT_EQ( elementsOf( tlv( 1, tlv( 19, Bytes{ 0, 2, 16 } + v6 + opaque ) ) ),
               "   TargetFecStack\n"
-              "      P2mpFecStackSubTlv( RootAddr: '32.1.13.184' )\n"
-              "         Bytes( 0013001c00021020010db8000000000000000000000001000701000400000007 )\n"
+              "      P2mpFecStackIpv6( root: '2001:db8::1' )\n"
               "         OpaqueValGenSubTlv( lspId: 7 )\n" );
 }
 

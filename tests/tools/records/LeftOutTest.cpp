@@ -46,6 +46,10 @@ TEST( LeftOut, areFecsWithoutAttributes ) {
               "36 P2mpPseudowire: no attributes for this FEC\n" );
    EXPECT_EQ( leftOutOfFec( 24, v6 + v6 + Bytes{ 0, 0, 0, 7, 0, 5 } ),
               "36 FEC128PseudowireIpv6: no attributes for this FEC\n" );
+   EXPECT_EQ( leftOutOfFec( 44, Bytes( 24, 1 ) ),
+              "36 EvpnEthernetAd: no attributes for this FEC\n" );
+   EXPECT_EQ( leftOutOfFec( 20, { 0, 1, 4, 10, 0, 0, 1, 0, 7, 1, 0, 4, 0, 0, 0, 7 } ),
+              "36 Mp2mpFec: no attributes for this FEC\n" );
    EXPECT_EQ( leftOutOfFec( 1, { 10, 1, 2, 0, 200 } ),
               "36 LDPIpv4: a prefix longer than its address\n" );
    EXPECT_EQ( leftOutOfFec( 15, v6 + Bytes{ 200 } ),
@@ -59,6 +63,10 @@ TEST( LeftOut, areFecsWithoutAttributes ) {
    Bytes const generic{ 1, 0, 4, 0, 0, 0, 7 };
    EXPECT_EQ( leftOutOfFec( 19, Bytes{ 0, 1, 4, 10, 0, 0, 1, 0, 14 } + generic + generic ),
               "36 P2mpFec: further opaque values\n" );
+   EXPECT_EQ( leftOutOfFec( 19, Bytes{ 0, 2, 16 } + v6 + Bytes{ 0, 14 } + generic + generic ),
+              "36 P2mpFec: further opaque values\n" );
+   EXPECT_EQ( leftOutOfFec( 19, Bytes{ 0, 1, 16 } + v6 + Bytes{ 0, 7 } + generic ),
+              "36 P2mpFec: not well-formed\n" );
    EXPECT_EQ( leftOutOfFec( 11, Bytes( 256, 9 ) ), "36 FEC129Pseudowire: a FEC of more than 255 "
                                                    "bytes\n" );
 }

@@ -37,6 +37,10 @@ KIV_ENUMERATION( LspPingExtOpaqueValueType, U32, SGIpv6 = 4, BidirIpv4 = 5, Bidi
                  Recursive = 7, VpnRecursive = 8, VpnBidirIpv4 = 9, VpnBidirIpv6 = 10,
                  VpnSGIpv4 = 250, VpnSGIpv6 = 251, Extended = 255 );
 
+/// FEC elements of multipoint LDP, as they stand in a recursive opaque value, RFC 6388 sections
+/// 2.2 and 3.2.
+KIV_ENUMERATION( LspPingMldpFecType, U32, P2MP = 6, MP2MPUpstream = 7, MP2MPDownstream = 8 );
+
 /// Sub-TLVs of the Detailed Interface and Label Stack TLV, RFC 8611 section 10.1.
 KIV_ENUMERATION( LspPingDetailedIntfSubTlvType, U32, IncomingLabelStack = 1,
                  IncomingIntfIndex = 2 );
