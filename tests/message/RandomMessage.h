@@ -6,6 +6,7 @@
 #include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
 
 #include <random>
+#include <utility>
 #include <vector>
 
 /// Well-formed messages, made through the writer from random choices over the table of all
@@ -38,6 +39,12 @@ class RandomMessage {
    using Behind = LspPing::LspPingBehind;
    using Context = LspPing::LspPingContext;
    using Open = LspPing::LspPingOpenElement;
+   // It says that its code's views describe none of such bytes.
+   static bool isNone( Row const & row ) { return !row.type && row.facts.chooser != 0; }
+   static bool mayHoldItself( Row const & row ) {
+      return row.facts.behind == Behind::tlvs ||
+             ( row.facts.behind == Behind::elements && row.facts.inside == row.facts.context );
+   }
    void fill( std::span< U8 > bytes ) {
       for( U8 & byte : bytes )
          byte = static_cast< U8 >( random_() );
@@ -49,9 +56,10 @@ class RandomMessage {
    }
    void element( Writer & writer, Context context, U32 depth );
    void children( Writer & writer, Context context, U32 depth, U32 least ) {
-      for( Row const * row : wanted_ )
-         if( row->facts.context == context )
-            element( writer, *row, depth );
+      // Once: what is wanted may hold others of its context.
+      for( Row const *& row : wanted_ )
+         if( row != nullptr && row->facts.context == context )
+            element( writer, *std::exchange( row, nullptr ), depth );
       for( U32 count = least + below( 3 ); count > 0; --count )
          element( writer, context, depth );
    }
@@ -89,19 +97,21 @@ class RandomMessage {
 
 // A row at random that leaves enough depth for what may stand in it, or a code that nobody knows.
 inline void RandomMessage::element( Writer & writer, Context context, U32 depth ) {
-   constexpr U32 nobodys = 200;
+   constexpr U32 nobodys = 199;
    if( below( 10 ) == 0 ) {
       writer.add( context, nobodys, some( below( 9 ) ) );
       return;
    }
    std::vector< Row const * > rows;
    for( Row const & row : LspPing::lspPingElements() )
-      if( row.facts.context == context && ( depth < 4 || row.facts.behind != Behind::tlvs ) )
+      if( row.facts.context == context && !isNone( row ) && ( depth < 4 || !mayHoldItself( row ) ) )
          rows.push_back( &row );
    element( writer, *rows[below( static_cast< U32 >( rows.size() ) )], depth );
 }
 
 inline void RandomMessage::element( Writer & writer, Row const & row, U32 depth ) {
+   if( isNone( row ) )
+      return element( writer, ( &row )[-1], depth );
    if( row.type ) {
       viewedOf( LspPing::LspPingHdrTypes{}, writer, row, depth );
       viewedOf( LspPing::LspPingExtTypes{}, writer, row, depth );

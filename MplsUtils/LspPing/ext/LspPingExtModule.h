@@ -24,7 +24,14 @@ using LspPingExtTypes = Kiv::TypeList<
    // mapping
    class LspPingDdmapNonIpTlv, class LspPingDownstreamMappingNonIpTlv,
    // tlv
-   class LspPingVendorPrivateTlv >;
+   class LspPingVendorPrivateTlv,
+   // oam
+   class LspPingOamFunctionsTlv, class LspPingBfdConfigurationSubTlv,
+   class LspPingBfdLocalDiscriminatorSubTlv, class LspPingBfdNegotiationTimersSubTlv,
+   class LspPingBfdAuthenticationSubTlv, class LspPingOamTrafficClassSubTlv,
+   class LspPingPerformanceMonitoringSubTlv, class LspPingPmLossMeasurementSubTlv,
+   class LspPingPmDelayMeasurementSubTlv, class LspPingFaultManagementSignalSubTlv,
+   class LspPingSourceMepIdSubTlv >;
 
 // Behind the library's, see types/LspPingModules.h.
 inline constexpr U16 lspPingExtModule = 18;
