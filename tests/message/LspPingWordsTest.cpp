@@ -39,9 +39,8 @@ TEST( LspPingWords, areThereForEveryEnumerator ) {
    expectWordsForAll< LspPingDownstreamSignalingProtocol >();
    expectWordsForAll< LspPingFecStackChangeSubTlvOperType >();
    expectWordsForAll< LspPingDDMappingSubTlvType >();
-   expectWordsForAll< LspPingTlvType >( { LspPingTlvType::NotAssigned4,
-                                          LspPingTlvType::NotAssigned6,
-                                          LspPingTlvType::NotAssigned8 } );
+   expectWordsForAll< LspPingTlvType >(
+      { LspPingTlvType::NotAssigned4, LspPingTlvType::NotAssigned8 } );
    expectWordsForAll< LspPingTargetFecSubTlvType >( { LspPingTargetFecSubTlvType::NotAssigned } );
 }
 
@@ -49,6 +48,8 @@ TEST( LspPingWords, areThereForEveryEnumerator ) {
 TEST( LspPingWords, sayTlvs ) {
    EXPECT_EQ( lspPingWords( LspPingTlvType::Pad ), "Pad" );
    EXPECT_EQ( lspPingWords( LspPingTlvType::EchoJitter ), "Echo Jitter" );
+   // Assigned since.
+   EXPECT_EQ( lspPingWords( LspPingTlvType::NotAssigned6 ), "Detailed Interface and Label Stack" );
 }
 
 TEST( LspPingWords, sayAReturnCodeWithItsSubcode ) {

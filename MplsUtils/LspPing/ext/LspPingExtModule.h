@@ -25,6 +25,12 @@ using LspPingExtTypes = Kiv::TypeList<
    class LspPingDdmapNonIpTlv, class LspPingDownstreamMappingNonIpTlv,
    // tlv
    class LspPingVendorPrivateTlv,
+   // mapping: LspPingMappingSubTlv.h, LspPingDetailedIntfTlv.h
+   class LspPingLabelStackSubTlv, class LspPingLocalIntfIndexSubTlv,
+   class LspPingRemoteIntfIndexSubTlv, class LspPingDetailedIntfIpv4Tlv,
+   class LspPingDetailedIntfIpv4UnnumberedTlv, class LspPingDetailedIntfIpv6Tlv,
+   class LspPingDetailedIntfIpv6UnnumberedTlv, class LspPingIncomingLabelStackSubTlv,
+   class LspPingIncomingIntfIndexSubTlv,
    // oam
    class LspPingOamFunctionsTlv, class LspPingBfdConfigurationSubTlv,
    class LspPingBfdLocalDiscriminatorSubTlv, class LspPingBfdNegotiationTimersSubTlv,

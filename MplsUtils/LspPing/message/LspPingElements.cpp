@@ -145,8 +145,6 @@ constexpr auto unviewedRows = [] {
       unviewed( Element::tlv( Tlv::P2mpRespId ).followedBy( LspPingBehind::responderTlvs ) ),
       unviewed( Element::targetFec( Fec::RSVPIpv6Lsp ).length( 56 ) ),
       unviewed( Element::targetFec( Fec::L2VPNEndpoint ).length( 14 ) ),
-      unviewed( Element::ddmapSubTlv( LspPingDDMappingSubTlvType::LabelStack )
-                   .followedBy( LspPingBehind::protocolLabels ) ),
       unviewed( Element::responderSubTlv( Responder::EgrAddr4 ).length( 4 ) ),
       unviewed( Element::responderSubTlv( Responder::EgrAddr6 ).length( 16 ) ),
       unviewed( Element::responderSubTlv( Responder::NodeAddr4 ).length( 4 ) ),

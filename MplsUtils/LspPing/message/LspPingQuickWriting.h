@@ -34,7 +34,9 @@ struct LspPingViewShape {
    static constexpr bool isQuickToOpen =
       isQuick && !facts.hasFixedLength && content % 4 == 0 &&
       ( facts.behind == LspPingBehind::subTlvs || facts.behind == LspPingBehind::multipath ||
-        facts.behind == LspPingBehind::mappingLabels || facts.behind == LspPingBehind::labelStack );
+        facts.behind == LspPingBehind::mappingLabels ||
+        facts.behind == LspPingBehind::protocolLabels ||
+        facts.behind == LspPingBehind::labelStack );
 
    // What stands in a new element before it is filled in.
    static void begin( U8 * element, U32 code ) noexcept {
@@ -161,14 +163,15 @@ inline U32 LspPingMessageWriter::pushQuickly( LspPingElement const & facts, LspP
    return id;
 }
 
-// Containers and labels that no class describes are the ones that are opened by their codes.
+// Containers and labels of which no class says more than the header are the ones that are opened by
+// their codes.
 inline bool LspPingMessageWriter::isQuickToOpen( LspPingElementRow const & row ) noexcept {
    constexpr U32 quick = 1u << static_cast< U32 >( LspPingBehind::tlvs ) |
                          1u << static_cast< U32 >( LspPingBehind::fecs ) |
                          1u << static_cast< U32 >( LspPingBehind::responderTlvs ) |
                          1u << static_cast< U32 >( LspPingBehind::protocolLabels );
    return ( quick >> static_cast< U32 >( row.facts.behind ) & 1 ) != 0 &&
-          row.facts.leastLength == 0 && row.viewSize == 0;
+          row.facts.leastLength == 0 && row.viewSize <= sizeof( LspPingTlvHdr );
 }
 
 inline LspPingOpenElement LspPingMessageWriter::open( LspPingContext context, U32 code ) noexcept {
