@@ -76,7 +76,9 @@ TEST( LspPingWords, sayFlagsByTheirLetters ) {
    EXPECT_EQ( textOf( &appendHeaderFlags, U16{ 7 } ), "RTV" );
    EXPECT_EQ( textOf( &appendHeaderFlags, U16{ 0x8009 } ), "V+0x8008" );
    EXPECT_EQ( textOf( &appendDownstreamFlags, U8{ 3 } ), "IN" );
-   EXPECT_EQ( textOf( &appendDownstreamFlags, U8{ 4 } ), "+0x4" );
+   EXPECT_EQ( textOf( &appendDownstreamFlags, U8{ 4 } ), "E" );
+   EXPECT_EQ( textOf( &appendDownstreamFlags, U8{ 0x1f } ), "GLEIN" );
+   EXPECT_EQ( textOf( &appendDownstreamFlags, U8{ 0x28 } ), "L+0x20" );
 }
 
 std::string ntpTime( U32 seconds, U32 fractions ) {

@@ -267,7 +267,7 @@ inline void RandomMessage::multipath( Open & open ) {
       addresses.push_back( address( isIpv6 ) );
       ranges.push_back( { address( isIpv6 ), address( isIpv6 ) } );
    }
-   switch( below( 6 ) ) {
+   switch( below( 7 ) ) {
    case 0:
       open.multipathAddresses( addresses );
       return;
@@ -283,6 +283,25 @@ inline void RandomMessage::multipath( Open & open ) {
    case 4:
       open.multipath( LspPing::LspPingMultipathType( 77 ), mask );
       return;
+   case 5: {
+      // Addresses of 127/8, labels, and labels associated with them, RFC 8012 section 6.
+      Bytes information{ 0, 0, 0, 0 };
+      for( U32 count = below( 4 ); count > 0; --count )
+         information = information + Bytes{ 127, 0, 0, static_cast< U8 >( random_() ) };
+      if( information.size() > 4 ) {
+         information[0] = 2;
+         information[2] = static_cast< U8 >( information.size() - 4 );
+      }
+      if( below( 2 ) == 0 )
+         information = information + Bytes{ 0, 0, 0, 0 };
+      else
+         information =
+            information + Bytes{ 9 } + word( 4 + mask.size() ) + Bytes( 1 ) + some( 4 ) + mask;
+      U32 const associated = 3 * below( 4 );
+      information = information + word( associated ) + Bytes( 2 ) + some( associated );
+      open.multipath( LspPing::LspPingMultipath::ipAndLabelSet, information );
+      return;
+   }
    default:
       return;
    }

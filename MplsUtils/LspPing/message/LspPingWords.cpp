@@ -1,6 +1,9 @@
 #include "MplsUtils/LspPing/message/LspPingWords.h"
 
+#include "MplsUtils/LspPing/ext/LspPingFlagText.h"
+#include "MplsUtils/LspPing/ext/types/LspPingExtMappingTypes.h"
 #include "MplsUtils/LspPing/message/LspPingElements.h"
+#include "MplsUtils/LspPing/message/LspPingMultipath.h"
 
 #include <array>
 #include <chrono>
@@ -72,6 +75,7 @@ constexpr auto multipathTypes = std::to_array< Words< Multipath > >( {
    { Multipath::ipRangeMultipath, "IP address range" },
    { Multipath::maskedIpSetMultipath, "bit-masked IP address set" },
    { Multipath::maskedLabelSetMultipath, "bit-masked label set" },
+   { LspPingMultipath::ipAndLabelSet, "IP and label set" },
 } );
 
 constexpr auto padTypes = std::to_array< Words< LspPingPadType > >( {
@@ -153,15 +157,10 @@ std::string_view orOfElement( std::string_view words, Codes code ) noexcept {
    return words;
 }
 
-// Letters of single bits, and the rest as a number.
-void appendFlags( Orlo::StringBuilder & out, std::string_view letters, U32 flags ) {
-   for( std::size_t bit = letters.size(); bit-- > 0; )
-      if( ( flags >> bit & 1 ) != 0 )
-         out.append( letters[bit] );
-   if( U32 const rest = flags >> letters.size() << letters.size() ) {
-      out.append( "+0x" );
-      out.appendHex( rest, false );
-   }
+template < class Flags >
+void appendFlags( Orlo::StringBuilder & out, U32 flags ) {
+   constexpr auto & letters = lspPingFlagLetters< Flags >;
+   lspPingAppendFlags( out, { letters.data(), letters.size() }, flags );
 }
 
 } // namespace
@@ -223,11 +222,11 @@ void appendReturnCode( Orlo::StringBuilder & out, U8 code, U8 subcode ) {
 }
 
 void appendHeaderFlags( Orlo::StringBuilder & out, U16 flags ) {
-   appendFlags( out, "VTR", flags );
+   appendFlags< LspPingHeaderFlags >( out, flags );
 }
 
 void appendDownstreamFlags( Orlo::StringBuilder & out, U8 flags ) {
-   appendFlags( out, "NI", flags );
+   appendFlags< LspPingDownstreamFlags >( out, flags );
 }
 
 void appendUtc( Orlo::StringBuilder & out, std::int64_t sinceEpoch, U32 nanoseconds ) {
