@@ -39,9 +39,8 @@ TEST( LspPingWords, areThereForEveryEnumerator ) {
    expectWordsForAll< LspPingDownstreamSignalingProtocol >();
    expectWordsForAll< LspPingFecStackChangeSubTlvOperType >();
    expectWordsForAll< LspPingDDMappingSubTlvType >();
-   expectWordsForAll< LspPingTlvType >( { LspPingTlvType::NotAssigned4,
-                                          LspPingTlvType::NotAssigned6,
-                                          LspPingTlvType::NotAssigned8 } );
+   expectWordsForAll< LspPingTlvType >(
+      { LspPingTlvType::NotAssigned4, LspPingTlvType::NotAssigned8 } );
    expectWordsForAll< LspPingTargetFecSubTlvType >( { LspPingTargetFecSubTlvType::NotAssigned } );
    expectWordsForAll< LspPingExtMsgType >();
    expectWordsForAll< LspPingExtReplyMode >();
@@ -66,6 +65,8 @@ TEST( LspPingWords, tellWhatIsDeprecated ) {
 TEST( LspPingWords, sayTlvs ) {
    EXPECT_EQ( lspPingWords( LspPingTlvType::Pad ), "Pad" );
    EXPECT_EQ( lspPingWords( LspPingTlvType::EchoJitter ), "Echo Jitter" );
+   // Assigned since.
+   EXPECT_EQ( lspPingWords( LspPingTlvType::NotAssigned6 ), "Detailed Interface and Label Stack" );
 }
 
 TEST( LspPingWords, sayAReturnCodeWithItsSubcode ) {
@@ -95,7 +96,9 @@ TEST( LspPingWords, sayFlagsByTheirLetters ) {
    EXPECT_EQ( textOf( &appendHeaderFlags, U16{ 7 } ), "RTV" );
    EXPECT_EQ( textOf( &appendHeaderFlags, U16{ 0x8009 } ), "V+0x8008" );
    EXPECT_EQ( textOf( &appendDownstreamFlags, U8{ 3 } ), "IN" );
-   EXPECT_EQ( textOf( &appendDownstreamFlags, U8{ 4 } ), "+0x4" );
+   EXPECT_EQ( textOf( &appendDownstreamFlags, U8{ 4 } ), "E" );
+   EXPECT_EQ( textOf( &appendDownstreamFlags, U8{ 0x1f } ), "GLEIN" );
+   EXPECT_EQ( textOf( &appendDownstreamFlags, U8{ 0x28 } ), "L+0x20" );
 }
 
 std::string ntpTime( U32 seconds, U32 fractions ) {

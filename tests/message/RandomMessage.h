@@ -7,6 +7,7 @@
 #include "tests/Bytes.h"
 
 #include <random>
+#include <utility>
 #include <vector>
 
 /// Well-formed messages, made through the writer from random choices over the table of all
@@ -39,6 +40,12 @@ class RandomMessage {
    using Behind = LspPing::LspPingBehind;
    using Context = LspPing::LspPingContext;
    using Open = LspPing::LspPingOpenElement;
+   // It says that its code's views describe none of such bytes.
+   static bool isNone( Row const & row ) { return !row.type && row.facts.chooser != 0; }
+   static bool mayHoldItself( Row const & row ) {
+      return row.facts.behind == Behind::tlvs ||
+             ( row.facts.behind == Behind::elements && row.facts.inside == row.facts.context );
+   }
    void fill( std::span< U8 > bytes ) {
       for( U8 & byte : bytes )
          byte = static_cast< U8 >( random_() );
@@ -50,9 +57,10 @@ class RandomMessage {
    }
    void element( Writer & writer, Context context, U32 depth );
    void children( Writer & writer, Context context, U32 depth, U32 least ) {
-      for( Row const * row : wanted_ )
-         if( row->facts.context == context )
-            element( writer, *row, depth );
+      // Once: what is wanted may hold others of its context.
+      for( Row const *& row : wanted_ )
+         if( row != nullptr && row->facts.context == context )
+            element( writer, *std::exchange( row, nullptr ), depth );
       for( U32 count = least + below( 3 ); count > 0; --count )
          element( writer, context, depth );
    }
@@ -113,14 +121,14 @@ class RandomMessage {
 
 // A row at random that leaves enough depth for what may stand in it, or a code that nobody knows.
 inline void RandomMessage::element( Writer & writer, Context context, U32 depth ) {
-   constexpr U32 nobodys = 200;
+   constexpr U32 nobodys = 199;
    if( below( 10 ) == 0 ) {
       writer.add( context, nobodys, some( below( 9 ) ) );
       return;
    }
    std::vector< Row const * > rows;
    for( Row const & row : LspPing::lspPingElements() )
-      if( row.facts.context == context && ( depth < 4 || row.facts.behind != Behind::tlvs ) &&
+      if( row.facts.context == context && !isNone( row ) && ( depth < 4 || !mayHoldItself( row ) ) &&
           ( depth < LspPing::LspPingMessageReader::deepest || !row.facts.isContainer() ) )
          rows.push_back( &row );
    element( writer, *rows[below( static_cast< U32 >( rows.size() ) )], depth );
@@ -305,7 +313,7 @@ inline void RandomMessage::multipath( Open & open ) {
       addresses.push_back( address( isIpv6 ) );
       ranges.push_back( { address( isIpv6 ), address( isIpv6 ) } );
    }
-   switch( below( 6 ) ) {
+   switch( below( 7 ) ) {
    case 0:
       open.multipathAddresses( addresses );
       return;
@@ -321,6 +329,25 @@ inline void RandomMessage::multipath( Open & open ) {
    case 4:
       open.multipath( LspPing::LspPingMultipathType( 77 ), mask );
       return;
+   case 5: {
+      // Addresses of 127/8, labels, and labels associated with them, RFC 8012 section 6.
+      Bytes information{ 0, 0, 0, 0 };
+      for( U32 count = below( 4 ); count > 0; --count )
+         information = information + Bytes{ 127, 0, 0, static_cast< U8 >( random_() ) };
+      if( information.size() > 4 ) {
+         information[0] = 2;
+         information[2] = static_cast< U8 >( information.size() - 4 );
+      }
+      if( below( 2 ) == 0 )
+         information = information + Bytes{ 0, 0, 0, 0 };
+      else
+         information =
+            information + Bytes{ 9 } + word( 4 + mask.size() ) + Bytes( 1 ) + some( 4 ) + mask;
+      U32 const associated = 3 * below( 4 );
+      information = information + word( associated ) + Bytes( 2 ) + some( associated );
+      open.multipath( LspPing::LspPingMultipath::ipAndLabelSet, information );
+      return;
+   }
    default:
       return;
    }

@@ -60,7 +60,20 @@ using LspPingExtTypes = Kiv::TypeList<
    class LspPingEvpnMacSubTlv, class LspPingEvpnMacIpv4SubTlv, class LspPingEvpnMacIpv6SubTlv,
    class LspPingEvpnInclusiveMulticastIpv4SubTlv, class LspPingEvpnInclusiveMulticastIpv6SubTlv,
    class LspPingEvpnEthernetAdSubTlv, class LspPingEvpnIpv4PrefixSubTlv,
-   class LspPingEvpnIpv6PrefixSubTlv >;
+   class LspPingEvpnIpv6PrefixSubTlv,
+   // mapping: LspPingMappingSubTlv.h, LspPingDetailedIntfTlv.h
+   class LspPingLabelStackSubTlv, class LspPingLocalIntfIndexSubTlv,
+   class LspPingRemoteIntfIndexSubTlv, class LspPingDetailedIntfIpv4Tlv,
+   class LspPingDetailedIntfIpv4UnnumberedTlv, class LspPingDetailedIntfIpv6Tlv,
+   class LspPingDetailedIntfIpv6UnnumberedTlv, class LspPingIncomingLabelStackSubTlv,
+   class LspPingIncomingIntfIndexSubTlv,
+   // oam
+   class LspPingOamFunctionsTlv, class LspPingBfdConfigurationSubTlv,
+   class LspPingBfdLocalDiscriminatorSubTlv, class LspPingBfdNegotiationTimersSubTlv,
+   class LspPingBfdAuthenticationSubTlv, class LspPingOamTrafficClassSubTlv,
+   class LspPingPerformanceMonitoringSubTlv, class LspPingPmLossMeasurementSubTlv,
+   class LspPingPmDelayMeasurementSubTlv, class LspPingFaultManagementSignalSubTlv,
+   class LspPingSourceMepIdSubTlv >;
 
 // Behind the library's, see types/LspPingModules.h.
 inline constexpr U16 lspPingExtModule = 18;

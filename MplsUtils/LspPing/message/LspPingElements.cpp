@@ -183,11 +183,10 @@ constexpr auto unviewedRows = [] {
    using Tlv = LspPingTlvType;
    using Responder = LspPingP2mpRespTlvType;
    return std::to_array< LspPingElementRow >( {
-      unviewed( LspPingUnviewed::fecStack ),
+      unviewed( LspPingOpenedByCode::fecStack ),
       unviewed( Element::tlv( Tlv::VendorEnterpriseNum ).atLeast( 4 ) ),
-      unviewed( LspPingUnviewed::erroredTlvs ),
-      unviewed( LspPingUnviewed::responders ),
-      unviewed( LspPingUnviewed::labelStack ),
+      unviewed( LspPingOpenedByCode::erroredTlvs ),
+      unviewed( LspPingOpenedByCode::responders ),
       unviewed( Element::responderSubTlv( Responder::EgrAddr4 ).length( 4 ) ),
       unviewed( Element::responderSubTlv( Responder::EgrAddr6 ).length( 16 ) ),
       unviewed( Element::responderSubTlv( Responder::NodeAddr4 ).length( 4 ) ),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MplsUtils/LspPing/ext/mapping/LspPingMappingSubTlv.h"
 #include "MplsUtils/LspPing/message/Export.h"
 #include "MplsUtils/LspPing/message/LspPingProblem.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
@@ -89,17 +90,16 @@ struct alignas( 64 ) LspPingElementRow {
    constexpr U32 shortestSize() const noexcept { return headerSize() + facts.shortestLength(); }
 };
 
-/// The containers and labels that no class describes. A writer opens them by their codes alone.
-struct LspPingUnviewed {
+/// The usual containers and labels of which no class says more than the header. A writer opens them
+/// by their codes alone.
+struct LspPingOpenedByCode {
    static constexpr LspPingElement fecStack =
       LspPingElement::tlv( LspPingTlvType::TargetFecStack ).followedBy( LspPingBehind::fecs );
    static constexpr LspPingElement erroredTlvs =
       LspPingElement::tlv( LspPingTlvType::ErrorTlv ).followedBy( LspPingBehind::tlvs );
    static constexpr LspPingElement responders =
       LspPingElement::tlv( LspPingTlvType::P2mpRespId ).followedBy( LspPingBehind::responderTlvs );
-   static constexpr LspPingElement labelStack =
-      LspPingElement::ddmapSubTlv( LspPingDDMappingSubTlvType::LabelStack )
-         .followedBy( LspPingBehind::protocolLabels );
+   static constexpr LspPingElement labelStack = LspPingLabelStackSubTlv::element;
 
    /// The one with that code; null for any other.
    static constexpr LspPingElement const * of( LspPingContext context, U32 code ) noexcept {

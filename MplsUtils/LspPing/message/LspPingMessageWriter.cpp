@@ -343,8 +343,8 @@ U32 LspPingMessageWriter::openCode( LspPingContext context, U32 code ) noexcept 
    LspPingElementRow const * const row = elementOf( context, code, {} );
    U32 const header = lspPingHeaderSize( context );
    U32 const id = begin( context, row != nullptr ? &row->facts : nullptr, code, header, header );
-   // The Pad TLV's class is no view.
-   if( id != noId && row != nullptr && row->isDescribed() && row->viewSize != 0 )
+   // The Pad TLV's class is no view, and some views are the header and no more.
+   if( id != noId && row != nullptr && row->viewSize != 0 && row->viewSize != row->headerSize() )
       takeBack( Error::needsClass );
    return id;
 }

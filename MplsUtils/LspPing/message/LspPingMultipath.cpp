@@ -2,6 +2,7 @@
 
 #include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -10,6 +11,68 @@ namespace LspPing {
 bool LspPingMultipath::isMapped( U8 const * address ) noexcept {
    constexpr std::array< U8, 12 > mapped{ 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff };
    return std::memcmp( address, mapped.data(), mapped.size() ) == 0;
+}
+
+// What is there of a section: a head of a type, a length and zeros, and the information. The third
+// one has no type, and its length stands there.
+struct LspPingMultipath::Section {
+   static constexpr std::size_t headSize = 4;
+
+   std::span< U8 const > information;
+   std::span< U8 const > rest;
+   LspPingMultipathType type = LspPingMultipathType::noMultipath;
+   bool isWhole = false;
+};
+
+LspPingMultipath::Section LspPingMultipath::sectionAt( std::size_t i ) const noexcept {
+   constexpr std::size_t last = 2;
+   Section section;
+   section.rest = bytes_;
+   for( std::size_t at = 0; at <= i; ++at ) {
+      std::span< U8 const > const bytes = section.rest;
+      if( bytes.size() < Section::headSize )
+         return {};
+      U8 const * const lengthAt = bytes.data() + ( at == last ? 0 : 1 );
+      // The two bytes are there, and a NetU16 has no alignment.
+      std::size_t const length = reinterpret_cast< Velnet::NetU16 const * >( lengthAt )->value();
+      std::span< U8 const > const behind = bytes.subspan( Section::headSize );
+      section.isWhole = length <= behind.size();
+      section.information = behind.first( std::min( length, behind.size() ) );
+      section.rest = behind.subspan( section.information.size() );
+      if( at != last )
+         section.type = static_cast< LspPingMultipathType >( bytes[0] );
+   }
+   return section;
+}
+
+LspPingMultipath LspPingMultipath::ip() const noexcept {
+   Section const section = sectionAt( 0 );
+   return { section.type, section.information, isIpv6_ };
+}
+
+LspPingMultipath LspPingMultipath::labels() const noexcept {
+   Section const section = sectionAt( 1 );
+   return { section.type, section.information, isIpv6_ };
+}
+
+LspPingAssociatedLabels LspPingMultipath::associatedLabels() const noexcept {
+   return LspPingAssociatedLabels( sectionAt( 2 ).information );
+}
+
+// A section that is cut leaves nothing for those behind it, which are not whole then.
+bool LspPingMultipath::areSectionsWellFormed() const noexcept {
+   Section const associated = sectionAt( 2 );
+   if( !associated.isWhole || !associated.rest.empty() || associated.information.size() % 3 != 0 )
+      return false;
+   LspPingMultipath const addresses = ip();
+   LspPingMultipath const others = labels();
+   auto const isLeftOut = []( LspPingMultipath const & section ) {
+      return section.type_ == LspPingMultipathType::noMultipath;
+   };
+   return ( isLeftOut( addresses ) || addresses.isList() ||
+            addresses.type_ == LspPingMultipathType::maskedIpSetMultipath ) &&
+          ( isLeftOut( others ) || others.isLabels() ) && addresses.isWellFormed() &&
+          others.isWellFormed();
 }
 
 U32 LspPingMultipath::baseLabel() const noexcept {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MplsUtils/LspPing/ext/types/LspPingExtMappingTypes.h"
 #include "MplsUtils/LspPing/message/Export.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpGenAddr.h"
 #include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
@@ -8,6 +9,20 @@
 #include <span>
 
 namespace LspPing {
+
+/// Labels of 24 bits, each for one address or label of the same multipath information.
+class LspPingAssociatedLabels {
+ public:
+   explicit LspPingAssociatedLabels( std::span< U8 const > bytes ) noexcept : bytes_( bytes ) {}
+
+   std::size_t size() const noexcept { return bytes_.size() / 3; }
+   U32 operator[]( std::size_t i ) const noexcept {
+      return U32{ bytes_[3 * i] } << 16 | U32{ bytes_[3 * i + 1] } << 8 | bytes_[3 * i + 2];
+   }
+
+ private:
+   std::span< U8 const > bytes_;
+};
 
 /// Multipath information, RFC 8029 section 3.4.1.1.1: addresses or labels that are sent one way.
 /// The bytes stay the message's. Whatever they are, it reads what is whole of them.
@@ -24,14 +39,19 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
    };
    class Iterator;
 
+   /// RFC 8012 section 6: addresses, labels, and labels associated with them.
+   static constexpr auto ipAndLabelSet =
+      static_cast< LspPingMultipathType >( LspPingExtMultipathType::ipAndLabelSetMultipath );
+
    LspPingMultipath() noexcept = default;
    /// \param isMappingIpv6  Whether the mapping's own addresses are of IPv6.
    LspPingMultipath( LspPingMultipathType type, std::span< U8 const > information,
                      bool isMappingIpv6 ) noexcept
       : bytes_( information ),
         type_( type ),
-        isIpv6_( information.size() >= sizeof( Velnet::Ip6Addr ) && !isLabels() &&
-                 isAddressIpv6( isMappingIpv6 ) ) {}
+        isIpv6_( isIpAndLabelSet() ? isMappingIpv6
+                                   : information.size() >= sizeof( Velnet::Ip6Addr ) &&
+                                        !isLabels() && isAddressIpv6( isMappingIpv6 ) ) {}
 
    struct FamilyKnown {};
    /// As it was read before.
@@ -46,9 +66,10 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
    std::span< U8 const > bytes() const noexcept { return bytes_; }
 
    /// In IPv6 the addresses are IPv4-mapped, and it is not said that the family is the mapping's
-   /// own: addresses of 127/8 are seen in mappings of IPv6.
+   /// own: addresses of 127/8 are seen in mappings of IPv6. Of an IP and label set, the mapping's.
    bool isIpv6() const noexcept { return isIpv6_; }
    bool isLabels() const noexcept { return type_ == LspPingMultipathType::maskedLabelSetMultipath; }
+   bool isIpAndLabelSet() const noexcept { return type_ == ipAndLabelSet; }
    bool isList() const noexcept {
       return type_ == LspPingMultipathType::ipMultipath ||
              type_ == LspPingMultipathType::ipRangeMultipath;
@@ -58,7 +79,8 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
       return ( type_ == LspPingMultipathType::maskedIpSetMultipath || isLabels() ) &&
              bytes_.size() > unit();
    }
-   /// Whether the length is one that information of this type can have. None is.
+   /// Whether the length is one that information of this type can have. None is. Of an IP and label
+   /// set, whether that holds for its sections, and they fill it.
    bool isWellFormed() const noexcept;
 
    /// Of a set of addresses, or of one of labels.
@@ -77,6 +99,12 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
       return *reinterpret_cast< Velnet::IpAddr const * >( at );
    }
 
+   // The sections of an IP and label set. One that is left out has type `noMultipath`; well formed
+   // are addresses of the types 0, 2, 4 and 8, and labels of the types 0 and 9.
+   LspPingMultipath ip() const noexcept;
+   LspPingMultipath labels() const noexcept;
+   LspPingAssociatedLabels associatedLabels() const noexcept;
+
    /// The addresses and ranges of a list, or the runs of bits that are set.
    Iterator begin() const noexcept;
    static constexpr std::nullptr_t end() noexcept { return nullptr; }
@@ -89,6 +117,9 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
              ( isMappingIpv6 && bytes_[0] != 127 );
    }
    static bool isMapped( U8 const * address ) noexcept;
+   struct Section;
+   Section sectionAt( std::size_t i ) const noexcept;
+   bool areSectionsWellFormed() const noexcept;
    std::size_t unit() const noexcept { return isIpv6_ ? 16 : 4; }
    bool contains( std::size_t bit ) const noexcept {
       return ( bytes_[unit() + bit / 8] >> ( 7 - bit % 8 ) & 1 ) != 0;
@@ -125,6 +156,8 @@ inline bool LspPingMultipath::isWellFormed() const noexcept {
    std::size_t const size = bytes_.size();
    if( size == 0 )
       return true;
+   if( isIpAndLabelSet() )
+      return areSectionsWellFormed();
    switch( type_ ) {
    case LspPingMultipathType::noMultipath:
       return false;

@@ -34,7 +34,9 @@ struct LspPingViewShape {
    static constexpr bool isQuickToOpen =
       isQuick && !facts.hasFixedLength && content % 4 == 0 &&
       ( facts.behind == LspPingBehind::subTlvs || facts.behind == LspPingBehind::multipath ||
-        facts.behind == LspPingBehind::mappingLabels || facts.behind == LspPingBehind::labelStack );
+        facts.behind == LspPingBehind::mappingLabels ||
+        facts.behind == LspPingBehind::protocolLabels ||
+        facts.behind == LspPingBehind::labelStack );
 
    // What stands in a new element before it is filled in.
    static void begin( U8 * element, U32 code ) noexcept {
@@ -168,7 +170,7 @@ inline U32 LspPingMessageWriter::pushQuickly( Place const & own, LspPingElement 
 
 inline LspPingOpenElement LspPingMessageWriter::open( LspPingContext context, U32 code ) noexcept {
    constexpr U32 header = sizeof( LspPingTlvHdr );
-   LspPingElement const * const facts = LspPingUnviewed::of( context, code );
+   LspPingElement const * const facts = LspPingOpenedByCode::of( context, code );
    LspPingBehind const behind = facts != nullptr ? facts->behind : LspPingBehind::nothing;
    U32 id;
    if( facts != nullptr && isQuickPlace( context, header ) && mayGoDeeper() ) [[likely]] {

@@ -1,8 +1,9 @@
 #include "MplsUtils/LspPing/message/LspPingWords.h"
 
 #include "MplsUtils/LspPing/ext/LspPingExt.h"
-#include "MplsUtils/LspPing/ext/LspPingFlagsText.h"
+#include "MplsUtils/LspPing/ext/LspPingFlagText.h"
 #include "MplsUtils/LspPing/message/LspPingElements.h"
+#include "MplsUtils/LspPing/message/LspPingMultipath.h"
 
 #include <array>
 #include <chrono>
@@ -235,6 +236,12 @@ std::string_view orOfElement( std::string_view words, Codes code ) noexcept {
    return words;
 }
 
+template < class Flags >
+void appendFlags( Orlo::StringBuilder & out, U32 flags ) {
+   constexpr auto & letters = lspPingFlagLetters< Flags >;
+   lspPingAppendFlags( out, { letters.data(), letters.size() }, flags );
+}
+
 } // namespace
 
 std::string_view lspPingWords( LspPingMsgType type ) noexcept {
@@ -303,11 +310,11 @@ void appendReturnCode( Orlo::StringBuilder & out, U8 code, U8 subcode ) {
 }
 
 void appendHeaderFlags( Orlo::StringBuilder & out, U16 flags ) {
-   appendFlags( out, "VTR", flags );
+   appendFlags< LspPingHeaderFlags >( out, flags );
 }
 
 void appendDownstreamFlags( Orlo::StringBuilder & out, U8 flags ) {
-   appendFlags( out, "NI", flags );
+   appendFlags< LspPingDownstreamFlags >( out, flags );
 }
 
 void appendUtc( Orlo::StringBuilder & out, std::int64_t sinceEpoch, U32 nanoseconds ) {

@@ -76,7 +76,9 @@ LSPPING_MESSAGE_EXPORT void appendReturnCode( Orlo::StringBuilder & out, U8 code
 /// The global flags by their letters, the highest bit first: "RTV"; the others as one number behind
 /// them, "V+0x8". Empty without any.
 LSPPING_MESSAGE_EXPORT void appendHeaderFlags( Orlo::StringBuilder & out, U16 flags );
-/// The flags of a downstream mapping: I for interface and label stack, N for non-IP.
+/// The flags of a downstream mapping, RFC 8029 section 3.4, RFC 8012 section 4 and RFC 8611
+/// section 5: G for LAG description, L for label-based load balance, E for ELI/EL push, I for
+/// interface and label stack, N for non-IP.
 LSPPING_MESSAGE_EXPORT void appendDownstreamFlags( Orlo::StringBuilder & out, U8 flags );
 
 /// A time in seconds and nanoseconds since 1970 as date and time of UTC:

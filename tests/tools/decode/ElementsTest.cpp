@@ -118,6 +118,35 @@ TEST( Elements, showMultipathInformationByItsType ) {
               "      Bytes( 7f0000017f00 )\n" );
 }
 
+// RFC 8012 section 6.
+TEST( Elements, showThePartsOfMultipathInformation ) {
+   Bytes const ip{ 2, 0, 8, 0, 127, 0, 0, 1, 127, 0, 0, 9 };
+   Bytes const labels{ 9, 0, 8, 0, 0, 0, 4, 0x80, 0x50, 0, 0, 1 };
+   Bytes const associated{ 0, 6, 0, 0, 0, 0, 16, 0x0f, 0xff, 0xff };
+   EXPECT_EQ( multipathOf( 10, ip + labels + associated ),
+              "         Multipath( ipAndLabelSetMultipath: IP( ipMultipath: 127.0.0.1, 127.0.0.9 "
+              "), labels( maskedLabelSetMultipath: 1153, 1155, 1183 ), associated( 16, 1048575 ) "
+              ")\n" );
+   EXPECT_EQ( multipathOf( 10, Bytes( 12 ) ),
+              "         Multipath( ipAndLabelSetMultipath: IP( noMultipath ), labels( noMultipath "
+              "), associated( ) )\n" );
+   // One in another is shown as bytes.
+   EXPECT_EQ( multipathOf( 10, Bytes{ 10, 0, 4, 0, 10, 0, 0, 0 } ),
+              "         Multipath( ipAndLabelSetMultipath: IP( ipAndLabelSetMultipath: 0a000000 ), "
+              "labels( noMultipath ), associated( ) )\n"
+              "   ! offset 60: MultipathData: multipath information of 8 bytes for type 10\n"
+              "      Bytes( 0a0004000a000000 )\n" );
+   Bytes const sub = tlv( 1, Bytes{ 10, 0, 34, 0 } + ip + labels + associated );
+   EXPECT_THAT(
+      Decoded( request + tlv( 20, Bytes{ 5, 0xdc, 1, 0, 10, 0, 0, 2, 10, 0, 0, 1, 8, 1 } +
+                                     word( sub.size() ) + sub ) )
+         .json(),
+      testing::HasSubstr(
+         R"("multipath":{"type":"ipAndLabelSetMultipath","ip":{"type":"ipMultipath",)"
+         R"("addresses":["127.0.0.1","127.0.0.9"]},"labels":{"type":"maskedLabelSetMultipath",)"
+         R"("base":1152,"mask":"50000001"},"associated":[16,1048575]})" ) );
+}
+
 TEST( Elements, tellMultipathInformationThatDoesNotFitItsType ) {
    auto const problemOf = []( U8 type, std::size_t length ) {
       std::string const all = multipathOf( type, Bytes( length, 1 ) );

@@ -133,6 +133,9 @@ TEST( JsonPrinter, printsTheLabelsAndAddressesOfAReply ) {
       R"x("multipathType":8,"multipathLength":8,"mbz":0,"valid":true},)x"
       R"x("multipath":{"type":"maskedIpSetMultipath","base":"127.2.1.0","mask":"87ff0ffc"}},)x"
       R"x({"code":2,"name":"LabelStack","offset":68,"length":4,"totalLength":8,)x"
+      R"x("type":"LspPing::LspPingLabelStackSubTlv","valid":true,"text":"LabelStack",)x"
+      R"x("attributes":{"typeNbo":512,"lengthNbo":1024,"type":2,"length":4,"totalLength":8,)x"
+      R"x("valid":true,"stringValue":"LabelStack"},)x"
       R"x("labels":[{"label":100,"tc":0,"bos":true,"protocol":"dsInfoSignalingProtocolLdp"}]}]}],)x"
       R"x("problems":[]})x"
       "\n" );

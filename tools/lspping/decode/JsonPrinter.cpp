@@ -155,9 +155,31 @@ void JsonPrinter::labels( LspPing::LspPingElementRef element ) {
 void JsonPrinter::multipath( LspPing::LspPingElementRef element ) {
    LspPing::LspPingMultipath const multipath = element.multipath();
    writeKey( json_, "multipath" );
+   if( !multipath.isIpAndLabelSet() ) {
+      multipathInformation( multipath );
+      return;
+   }
    json_.StartObject();
    text_.clear();
-   appendText( text_, multipath.type() );
+   appendMultipathType( text_, multipath.type() );
+   member( "type", text_.view() );
+   writeKey( json_, "ip" );
+   multipathInformation( multipath.ip() );
+   writeKey( json_, "labels" );
+   multipathInformation( multipath.labels() );
+   writeKey( json_, "associated" );
+   json_.StartArray();
+   LspPing::LspPingAssociatedLabels const associated = multipath.associatedLabels();
+   for( std::size_t i = 0; i < associated.size(); ++i )
+      json_.Uint( associated[i] );
+   json_.EndArray();
+   json_.EndObject();
+}
+
+void JsonPrinter::multipathInformation( LspPing::LspPingMultipath const & multipath ) {
+   json_.StartObject();
+   text_.clear();
+   appendMultipathType( text_, multipath.type() );
    member( "type", text_.view() );
    if( multipath.isSet() ) {
       if( multipath.isLabels() )

@@ -24,6 +24,7 @@ class JsonPrinter final : public Printer {
    void startLabel( Velnet::MplsLabelEntry label );
    void labels( LspPing::LspPingElementRef element );
    void multipath( LspPing::LspPingElementRef element );
+   void multipathInformation( LspPing::LspPingMultipath const & multipath );
    void records( LspPing::LspPingMessage const & message );
    void problems( EchoPacket const & packet, LspPing::LspPingMessage const & message );
 

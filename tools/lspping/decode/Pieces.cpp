@@ -1,5 +1,6 @@
 #include "tools/lspping/decode/Pieces.h"
 
+#include "MplsUtils/LspPing/ext/types/LspPingExtMappingTypes.h"
 #include "MplsUtils/LspPing/platform/Kiv/Access.h"
 #include "MplsUtils/LspPing/platform/Velnet/NetInteger.h"
 #include "MplsUtils/LspPing/types/LspPingMappingTypes.h"
@@ -50,6 +51,15 @@ void appendCodeName( Orlo::StringBuilder & out, LspPing::LspPingElementRef eleme
       out.append( name );
    else
       out.appendDecimal( element.code() );
+}
+
+void appendMultipathType( Orlo::StringBuilder & out, LspPing::LspPingMultipathType type ) {
+   std::string_view const added =
+      Kiv::enumType< LspPing::LspPingExtMultipathType >.name( Kiv::numberOf( type ) );
+   if( added.empty() )
+      appendText( out, type );
+   else
+      out.append( added );
 }
 
 void appendProtocol( Orlo::StringBuilder & out, U8 protocol ) {

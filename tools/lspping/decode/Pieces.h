@@ -38,6 +38,9 @@ bool showsBytes( LspPing::LspPingElementRef element ) noexcept;
 /// The name of the element's code, or else the number.
 void appendCodeName( Orlo::StringBuilder & out, LspPing::LspPingElementRef element );
 
+/// The name of a LspPingMultipathType or LspPingExtMultipathType, or the number.
+void appendMultipathType( Orlo::StringBuilder & out, LspPing::LspPingMultipathType type );
+
 /// A LspPingDownstreamSignalingProtocol by its name, or its number.
 void appendProtocol( Orlo::StringBuilder & out, U8 protocol );
 

@@ -146,7 +146,33 @@ void TextPrinter::multipathLine( LspPing::LspPingElementRef element ) {
    LspPing::LspPingMultipath const multipath = element.multipath();
    indent( element.depth() + 2 );
    out_.append( "Multipath( " );
-   appendText( out_, multipath.type() );
+   if( multipath.isIpAndLabelSet() )
+      multipathSections( multipath );
+   else
+      multipathInformation( multipath );
+   out_.append( " )\n" );
+}
+
+void TextPrinter::multipathSections( LspPing::LspPingMultipath const & multipath ) {
+   appendMultipathType( out_, multipath.type() );
+   out_.append( ": IP( " );
+   multipathInformation( multipath.ip() );
+   out_.append( " ), labels( " );
+   multipathInformation( multipath.labels() );
+   out_.append( " ), associated(" );
+   LspPing::LspPingAssociatedLabels const associated = multipath.associatedLabels();
+   for( std::size_t i = 0; i < associated.size(); ++i ) {
+      out_.append( i == 0 ? " " : ", " );
+      out_.appendDecimal( associated[i] );
+   }
+   out_.append( " )" );
+}
+
+// The type, and what it says of the bytes behind it, if any.
+void TextPrinter::multipathInformation( LspPing::LspPingMultipath const & multipath ) {
+   appendMultipathType( out_, multipath.type() );
+   if( multipath.bytes().empty() )
+      return;
    out_.append( ":" );
    if( multipath.isList() ) {
       bool const isRanges = multipath.type() == LspPing::LspPingMultipathType::ipRangeMultipath;
@@ -175,7 +201,6 @@ void TextPrinter::multipathLine( LspPing::LspPingElementRef element ) {
       out_.append( ' ' );
       out_.appendHexBytes( multipath.bytes() );
    }
-   out_.append( " )\n" );
 }
 
 void TextPrinter::labelLines( LspPing::LspPingElementRef element ) {

@@ -27,6 +27,8 @@ class TextPrinter final : public Printer {
    void labelLines( LspPing::LspPingElementRef element );
    void bytesLine( U32 level, std::span< U8 const > bytes );
    void multipathLine( LspPing::LspPingElementRef element );
+   void multipathSections( LspPing::LspPingMultipath const & multipath );
+   void multipathInformation( LspPing::LspPingMultipath const & multipath );
    void recordLines( LspPing::LspPingMessage const & message );
    void problemLine( std::size_t offset, std::string_view text );
    void indent( U32 level );
