@@ -5,6 +5,8 @@
 #include "MplsUtils/LspPing/ext/LspPingExtModule.h"
 #include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
 
+#include <algorithm>
+#include <array>
 #include <random>
 #include <vector>
 
@@ -59,8 +61,25 @@ class RandomMessage {
    void multipath( Open & open );
    // What stands behind the views that go on to the end of the value.
    void tail( Open & open, Row const & row ) {
-      static_cast< void >( row );
-      open.bytes( some( below( 9 ) ) );
+      using namespace LspPing;
+      if( row.type == Kiv::typeIdOf< LspPingReplyModeOrderTlv > ) {
+         constexpr std::array< U8, 6 > modes{ 2, 5, 3, 5, 5, 4 };
+         open.bytes( std::span( modes ).first( 1 + below( modes.size() ) ) );
+      } else if( row.type == Kiv::typeIdOf< LspPingUpstreamNeighborAddressTlv > ||
+                 row.type == Kiv::typeIdOf< LspPingDownstreamNeighborAddressTlv > ) {
+         open.bytes( some( sizeof( Velnet::IpAddr ) + sizeof( Velnet::Ip6Addr ) ) );
+      } else if( row.type == Kiv::typeIdOf< LspPingRelayNodeAddressStackTlv > ) {
+         // The replying router, a destination, and entries without and with an address.
+         open.bytes( some( sizeof( Velnet::IpAddr ) ) );
+         U8 const count = static_cast< U8 >( below( 3 ) );
+         open.bytes( Bytes{ 0, 0, 0, count } );
+         for( U8 i = 0; i < count; ++i ) {
+            open.bytes( Bytes{ i, 0x80, 0, 0 } );
+            open.bytes( some( i * sizeof( Velnet::IpAddr ) ) );
+         }
+      } else {
+         open.bytes( some( below( 9 ) ) );
+      }
    }
    Velnet::IpGenAddr address( bool isIpv6 ) {
       U8 const last = static_cast< U8 >( random_() );
@@ -102,6 +121,14 @@ inline void RandomMessage::element( Writer & writer, Context context, U32 depth 
 }
 
 inline void RandomMessage::element( Writer & writer, Row const & row, U32 depth ) {
+   if( !row.isDescribed() && row.facts.chooser != 0 ) {
+      // What is chosen is one of those that there are.
+      auto const rows = LspPing::lspPingElements();
+      auto const first = std::find_if( rows.begin(), rows.end(), [&]( Row const & other ) {
+         return other.facts.context == row.facts.context && other.code() == row.code();
+      } );
+      return element( writer, first[below( static_cast< U32 >( &row - &*first ) )], depth );
+   }
    if( row.type ) {
       viewedOf( LspPing::LspPingHdrTypes{}, writer, row, depth );
       viewedOf( LspPing::LspPingExtTypes{}, writer, row, depth );
@@ -175,6 +202,15 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
             view.prefixLenIs( static_cast< U8 >( below( 8 * sizeof( view.ipPrefix() ) + 1 ) ) );
          if constexpr( requires { view.pwId(); } )
             view.mbzIs( 0 );
+         // What `tail` writes, and no two flags that exclude each other.
+         if constexpr( requires { view.neighborAddr(); } ) {
+            view.neighborAddrTypeIs( 1 );
+            view.localAddrTypeIs( 3 );
+         }
+         if constexpr( requires { view.replyAddrTypeIs( 1 ); } )
+            view.replyAddrTypeIs( 1 );
+         if constexpr( std::is_same_v< View, LspPing::LspPingReplyPathTlv > )
+            view.flagsIs( static_cast< U16 >( below( 3 ) ) );
          if( facts.otherLength != 0 && below( 2 ) == 0 )
             bytes[3] = static_cast< U8 >( facts.otherLength );
       };

@@ -24,7 +24,23 @@ using LspPingExtTypes = Kiv::TypeList<
    // mapping
    class LspPingDdmapNonIpTlv, class LspPingDownstreamMappingNonIpTlv,
    // tlv
-   class LspPingVendorPrivateTlv >;
+   class LspPingVendorPrivateTlv,
+   // tlv: LspPingIdentifierTlv, LspPingContainerTlv, LspPingReplyTlv,
+   // LspPingProxyTlv, LspPingNextHopSubTlv, LspPingRelayTlv, LspPingResponderSubTlv
+   class LspPingLsrCapabilityTlv, class LspPingVendorEnterpriseNumberTlv, class LspPingSourceIdTlv,
+   class LspPingDestinationIdTlv, class LspPingBfdDiscriminatorTlv, class LspPingReplyTcTlv,
+   class LspPingErroredTlvsTlv, class LspPingReversePathTargetFecStackTlv,
+   class LspPingBfdReversePathTlv, class LspPingReplyPathTlv, class LspPingTimeToLiveTlv,
+   class LspPingReplyModeOrderTlv, class LspPingEgressIpv4Tlv, class LspPingEgressIpv6Tlv,
+   class LspPingProxyEchoParametersIpv4Tlv, class LspPingProxyEchoParametersIpv6Tlv,
+   class LspPingNextHopIpv4SubTlv, class LspPingNextHopIpv4UnnumberedSubTlv,
+   class LspPingNextHopIpv6SubTlv, class LspPingNextHopIpv6UnnumberedSubTlv,
+   class LspPingNextHopIpv4AdjSubTlv, class LspPingNextHopIpv6AdjSubTlv,
+   class LspPingReplyToAddressIpv4Tlv, class LspPingReplyToAddressIpv6Tlv,
+   class LspPingUpstreamNeighborAddressTlv, class LspPingDownstreamNeighborAddressTlv,
+   class LspPingRelayNodeAddressStackTlv, class LspPingResponderEgressIpv4SubTlv,
+   class LspPingResponderEgressIpv6SubTlv, class LspPingResponderNodeIpv4SubTlv,
+   class LspPingResponderNodeIpv6SubTlv >;
 
 // Behind the library's, see types/LspPingModules.h.
 inline constexpr U16 lspPingExtModule = 18;

@@ -137,20 +137,13 @@ constexpr auto unviewedRows = [] {
    using Element = LspPingElement;
    using Tlv = LspPingTlvType;
    using Fec = LspPingTargetFecSubTlvType;
-   using Responder = LspPingP2mpRespTlvType;
    return std::to_array< LspPingElementRow >( {
       unviewed( Element::tlv( Tlv::TargetFecStack ).followedBy( LspPingBehind::fecs ) ),
-      unviewed( Element::tlv( Tlv::VendorEnterpriseNum ).atLeast( 4 ) ),
-      unviewed( Element::tlv( Tlv::ErrorTlv ).followedBy( LspPingBehind::tlvs ) ),
       unviewed( Element::tlv( Tlv::P2mpRespId ).followedBy( LspPingBehind::responderTlvs ) ),
       unviewed( Element::targetFec( Fec::RSVPIpv6Lsp ).length( 56 ) ),
       unviewed( Element::targetFec( Fec::L2VPNEndpoint ).length( 14 ) ),
       unviewed( Element::ddmapSubTlv( LspPingDDMappingSubTlvType::LabelStack )
                    .followedBy( LspPingBehind::protocolLabels ) ),
-      unviewed( Element::responderSubTlv( Responder::EgrAddr4 ).length( 4 ) ),
-      unviewed( Element::responderSubTlv( Responder::EgrAddr6 ).length( 16 ) ),
-      unviewed( Element::responderSubTlv( Responder::NodeAddr4 ).length( 4 ) ),
-      unviewed( Element::responderSubTlv( Responder::NodeAddr6 ).length( 16 ) ),
    } );
 }();
 

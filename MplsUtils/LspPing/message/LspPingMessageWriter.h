@@ -102,7 +102,7 @@ class LSPPING_MESSAGE_EXPORT LspPingMessageWriter {
    }
    template < LspPingElementClass View, class Code, class Fill >
    [[nodiscard]] LspPingOpenElement open( Code code, Fill fill ) noexcept;
-   /// One that no class describes, be its code known or not.
+   /// One of which no class describes more than the header, be its code known or not.
    [[nodiscard]] inline LspPingOpenElement open( LspPingContext context, U32 code ) noexcept;
    template < LspPingCodes Code >
    [[nodiscard]] LspPingOpenElement open( Code code ) noexcept {

@@ -17,9 +17,11 @@ struct LspPingViewShape {
    static constexpr U32 header = lspPingHeaderSize( facts.context );
    static constexpr U32 offset = facts.isOverValue ? header : 0;
    static constexpr U32 end = offset + sizeof( View );
-   // The identifiers are part of the least length.
+   // The identifiers are part of the least length, and so is what a view itself gives.
    static constexpr U32 content =
-      facts.behind == LspPingBehind::identifiers ? end : header + facts.leastLength;
+      facts.behind == LspPingBehind::identifiers || facts.behind == LspPingBehind::tail
+         ? end
+         : header + facts.leastLength;
    static_assert( facts.behind == LspPingBehind::nothing || end == content,
                   "what stands behind the fixed part follows the view" );
    static constexpr U32 size = std::max( end, content );
@@ -33,7 +35,8 @@ struct LspPingViewShape {
       isQuick && facts.behind == LspPingBehind::nothing && size <= padded;
    static constexpr bool isQuickToOpen =
       isQuick && !facts.hasFixedLength && content % 4 == 0 &&
-      ( facts.behind == LspPingBehind::subTlvs || facts.behind == LspPingBehind::multipath ||
+      ( facts.behind == LspPingBehind::tlvs || facts.behind == LspPingBehind::fecs ||
+        facts.behind == LspPingBehind::subTlvs || facts.behind == LspPingBehind::multipath ||
         facts.behind == LspPingBehind::mappingLabels || facts.behind == LspPingBehind::labelStack );
 
    // What stands in a new element before it is filled in.
@@ -161,14 +164,15 @@ inline U32 LspPingMessageWriter::pushQuickly( LspPingElement const & facts, LspP
    return id;
 }
 
-// Containers and labels that no class describes are the ones that are opened by their codes.
+// Containers and labels whose class, if any, has the header alone are the ones that are opened by
+// their codes.
 inline bool LspPingMessageWriter::isQuickToOpen( LspPingElementRow const & row ) noexcept {
    constexpr U32 quick = 1u << static_cast< U32 >( LspPingBehind::tlvs ) |
                          1u << static_cast< U32 >( LspPingBehind::fecs ) |
                          1u << static_cast< U32 >( LspPingBehind::responderTlvs ) |
                          1u << static_cast< U32 >( LspPingBehind::protocolLabels );
    return ( quick >> static_cast< U32 >( row.facts.behind ) & 1 ) != 0 &&
-          row.facts.leastLength == 0 && row.viewSize == 0;
+          row.facts.leastLength == 0 && row.viewSize <= row.headerSize();
 }
 
 inline LspPingOpenElement LspPingMessageWriter::open( LspPingContext context, U32 code ) noexcept {
@@ -212,8 +216,8 @@ inline bool LspPingMessageWriter::closeQuickly( U32 id, LspPingBehind behind, U3
    bool const isMultipath =
       behind == LspPingBehind::multipath || behind == LspPingBehind::mappingLabels;
    U32 const inside = size_ - level.begin - fixed;
-   if( inside - 1 >= farFromTooLong ||
-       ( isMultipath && ( !level.hasMultipath || inside % 4 != 0 ) ) )
+   // An unpadded element may stand in it.
+   if( inside - 1 >= farFromTooLong || inside % 4 != 0 || ( isMultipath && !level.hasMultipath ) )
       return false;
    U8 * const element = place_.data() + level.begin;
    wordIs( element + 2, inside + fixed - 4 );
