@@ -250,8 +250,12 @@ bool LspPingMessageWriter::add( LspPingFecInfo const & fec ) noexcept {
       return refuse( why );
    if( fec.fecTlvLen() != 0 && fec.fecTlvLen() != fields.size )
       return refuse( Error::recordContradicts );
-   return add( LspPingContext::targetFec, static_cast< U32 >( fec.fecTlvType() ),
-               std::span( fields.bytes ).first( fields.size ) );
+   // Where the code has a class, these are its bytes all the same.
+   U32 const id =
+      openCode( LspPingContext::targetFec, static_cast< U32 >( fec.fecTlvType() ), nullptr );
+   LspPingOpenElement element{ *this, id, LspPingBehind::nothing, sizeof( LspPingTlvHdr ) };
+   element.bytes( std::span( fields.bytes ).first( fields.size ) );
+   return element.close();
 }
 
 bool LspPingMessageWriter::fecStack( LspPingFecStack const & stack ) noexcept {

@@ -6,7 +6,6 @@
 #include "MplsUtils/LspPing/framing/LspPingTlvHdr.h"
 #include "MplsUtils/LspPing/platform/Orlo/String.h"
 
-#include <cstddef>
 #include <iterator>
 
 namespace LspPing {
@@ -36,10 +35,6 @@ class LspPingRelayedAddresses {
  public:
    class Iterator {
     public:
-      using value_type = LspPingRelayedAddress;
-      using difference_type = std::ptrdiff_t;
-
-      constexpr Iterator() noexcept = default;
       constexpr explicit Iterator( std::span< U8 const > bytes ) noexcept : left_( bytes ) {}
 
       constexpr LspPingRelayedAddress operator*() const noexcept {
@@ -49,14 +44,6 @@ class LspPingRelayedAddresses {
       constexpr Iterator & operator++() noexcept {
          left_ = left_.subspan( size() );
          return *this;
-      }
-      constexpr Iterator operator++( int ) noexcept {
-         Iterator const before = *this;
-         ++*this;
-         return before;
-      }
-      constexpr bool operator==( Iterator const & other ) const noexcept {
-         return left_.size() == other.left_.size();
       }
       constexpr bool operator==( std::default_sentinel_t ) const noexcept { return size() == 0; }
       /// The bytes from this entry on.
