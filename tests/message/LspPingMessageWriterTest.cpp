@@ -257,14 +257,15 @@ TEST( LspPingMessageWriter, writesPadsFromAnObjectAndFromBytes ) {
               "tooShort at 32: " );
 }
 
-TEST( LspPingMessageWriter, writesTheContainersThatHaveNoClass ) {
+TEST( LspPingMessageWriter, writesTheContainersThatHaveNothingOfTheirOwn ) {
    EXPECT_EQ( written( []( Writer & writer ) {
                  {
                     auto errored = writer.open( LspPingTlvType::ErrorTlv );
                     writer.add< LspPingReplyTosTlv >( []( auto & tlv ) { tlv.tosIs( 0xb8 ); } );
                  }
                  auto responder = writer.open( LspPingTlvType::P2mpRespId );
-                 writer.add( LspPingContext::p2mpResponder, 1, Bytes{ 10, 0, 0, 1 } );
+                 writer.add< LspPingResponderEgressIpv4SubTlv >(
+                    []( auto & tlv ) { tlv.addressIs( Velnet::IpAddr( 10, 0, 0, 1 ) ); } );
               } ),
               "00 09 00 08 00 0a 00 04 b8 00 00 00 00 0b 00 08 00 01 00 04 0a 00 00 01" );
    EXPECT_EQ( written( []( Writer & writer ) {

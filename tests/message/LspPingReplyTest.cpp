@@ -45,7 +45,7 @@ TEST( LspPingMessage, isSaneWhereItIsWellFormedAndUnderstood ) {
 
 TEST( LspPingMessage, isNotUnderstoodWithAnElementThatMayNotBeIgnored ) {
    EXPECT_EQ( sanityOf( requestWith( { 0x7f, 0xff, 0, 0 } ) ), tlvNotUnderstood );
-   EXPECT_EQ( sanityOf( requestWith( { 0x80, 0x00, 0, 0 } ) ), noRetCode );
+   EXPECT_EQ( sanityOf( requestWith( { 0x80, 0x77, 0, 0 } ) ), noRetCode );
    // A FEC of a second stack.
    EXPECT_EQ( sanityOf( requestWith( { 0, 1, 0, 4, 0x7f, 0xff, 0, 0 } ) ), tlvNotUnderstood );
    EXPECT_EQ( sanityOf( requestWith( { 0, 1, 0, 4, 0x80, 0x00, 0, 0 } ) ), noRetCode );

@@ -39,8 +39,8 @@ TEST( LspPingWords, areThereForEveryEnumerator ) {
    expectWordsForAll< LspPingDownstreamSignalingProtocol >();
    expectWordsForAll< LspPingFecStackChangeSubTlvOperType >();
    expectWordsForAll< LspPingDDMappingSubTlvType >();
-   expectWordsForAll< LspPingTlvType >(
-      { LspPingTlvType::NotAssigned4, LspPingTlvType::NotAssigned8 } );
+   // Types 4 and 6 were assigned later, and have the words of their classes.
+   expectWordsForAll< LspPingTlvType >( { LspPingTlvType::NotAssigned8 } );
    expectWordsForAll< LspPingTargetFecSubTlvType >( { LspPingTargetFecSubTlvType::NotAssigned } );
    expectWordsForAll< LspPingExtMsgType >();
    expectWordsForAll< LspPingExtReplyMode >();

@@ -6,6 +6,8 @@
 #include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
 #include "tests/Bytes.h"
 
+#include <algorithm>
+#include <array>
 #include <random>
 #include <utility>
 #include <vector>
@@ -68,18 +70,33 @@ class RandomMessage {
    void multipath( Open & open );
    // What stands behind the views that go on to the end of the value.
    void tail( Open & open, Row const & row ) {
-      if( row.type == Kiv::typeIdOf< LspPing::LspPingP2mpPseudowireSubTlv > ) {
+      using namespace LspPing;
+      if( row.type == Kiv::typeIdOf< LspPingReplyModeOrderTlv > ) {
+         constexpr std::array< U8, 6 > modes{ 2, 5, 3, 5, 5, 4 };
+         open.bytes( std::span( modes ).first( 1 + below( modes.size() ) ) );
+      } else if( row.type == Kiv::typeIdOf< LspPingUpstreamNeighborAddressTlv > ||
+                 row.type == Kiv::typeIdOf< LspPingDownstreamNeighborAddressTlv > ) {
+         open.bytes( some( sizeof( Velnet::IpAddr ) + sizeof( Velnet::Ip6Addr ) ) );
+      } else if( row.type == Kiv::typeIdOf< LspPingRelayNodeAddressStackTlv > ) {
+         // The replying router, a destination, and entries without and with an address.
+         open.bytes( some( sizeof( Velnet::IpAddr ) ) );
+         U8 const count = static_cast< U8 >( below( 3 ) );
+         open.bytes( Bytes{ 0, 0, 0, count } );
+         for( U8 i = 0; i < count; ++i ) {
+            open.bytes( Bytes{ i, 0x80, 0, 0 } );
+            open.bytes( some( i * sizeof( Velnet::IpAddr ) ) );
+         }
+      } else if( row.type == Kiv::typeIdOf< LspPingP2mpPseudowireSubTlv > ) {
          // The address's length is counted in bytes or in bits.
          U32 const size = below( 2 ) == 0 ? 4 : 16;
          Bytes rest = some( count_ + 1 + size );
          rest[count_] = static_cast< U8 >( below( 2 ) == 0 ? size : 8 * size );
          open.bytes( rest );
-         return;
-      }
-      if( row.type == Kiv::typeIdOf< LspPing::LspPingPeerSetSidSubTlv > )
-         open.bytes( some( count_ * sizeof( LspPing::LspPingRemotePeer ) ) );
-      else
+      } else if( row.type == Kiv::typeIdOf< LspPingPeerSetSidSubTlv > ) {
+         open.bytes( some( count_ * sizeof( LspPingRemotePeer ) ) );
+      } else {
          open.bytes( some( below( 9 ) ) );
+      }
    }
    Velnet::IpGenAddr address( bool isIpv6 ) {
       U8 const last = static_cast< U8 >( random_() );
@@ -128,7 +145,8 @@ inline void RandomMessage::element( Writer & writer, Context context, U32 depth 
    }
    std::vector< Row const * > rows;
    for( Row const & row : LspPing::lspPingElements() )
-      if( row.facts.context == context && !isNone( row ) && ( depth < 4 || !mayHoldItself( row ) ) &&
+      if( row.facts.context == context && !isNone( row ) &&
+          ( depth < 4 || !mayHoldItself( row ) ) &&
           ( depth < LspPing::LspPingMessageReader::deepest || !row.facts.isContainer() ) )
          rows.push_back( &row );
    element( writer, *rows[below( static_cast< U32 >( rows.size() ) )], depth );
@@ -223,6 +241,15 @@ void RandomMessage::viewed( Writer & writer, Row const & row, U32 depth ) {
                view.flags() & ~( below( 2 ) == 0 ? 1u : 2u ) ) );
          if constexpr( requires { view.agiLengthIs( 0 ); } )
             view.agiLengthIs( static_cast< U8 >( count_ = below( 9 ) ) );
+         // What `tail` writes, and no two flags that exclude each other.
+         if constexpr( requires { view.neighborAddr(); } ) {
+            view.neighborAddrTypeIs( 1 );
+            view.localAddrTypeIs( 3 );
+         }
+         if constexpr( requires { view.replyAddrTypeIs( 1 ); } )
+            view.replyAddrTypeIs( 1 );
+         if constexpr( std::is_same_v< View, LspPing::LspPingReplyPathTlv > )
+            view.flagsIs( static_cast< U16 >( below( 3 ) ) );
          if( facts.otherLength != 0 && below( 2 ) == 0 )
             bytes[3] = static_cast< U8 >( facts.otherLength );
       };

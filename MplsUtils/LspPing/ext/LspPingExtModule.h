@@ -44,8 +44,7 @@ using LspPingExtTypes = Kiv::TypeList<
    class LspPingStaticTunnelSubTlv,
    // fec/LspPingExtPseudowireFec.h
    class LspPingL2VpnEndpointSubTlv, class LspPingFec128DeprecatedSubTlv,
-   class LspPingFec128Ipv6SubTlv, class LspPingFec129Ipv6SubTlv,
-   class LspPingP2mpPseudowireSubTlv,
+   class LspPingFec128Ipv6SubTlv, class LspPingFec129Ipv6SubTlv, class LspPingP2mpPseudowireSubTlv,
    // fec/LspPingMldpFec.h
    class LspPingP2mpFecStackIpv6SubTlv, class LspPingMp2mpFecStackIpv4SubTlv,
    class LspPingMp2mpFecStackIpv6SubTlv,
@@ -73,7 +72,23 @@ using LspPingExtTypes = Kiv::TypeList<
    class LspPingBfdAuthenticationSubTlv, class LspPingOamTrafficClassSubTlv,
    class LspPingPerformanceMonitoringSubTlv, class LspPingPmLossMeasurementSubTlv,
    class LspPingPmDelayMeasurementSubTlv, class LspPingFaultManagementSignalSubTlv,
-   class LspPingSourceMepIdSubTlv >;
+   class LspPingSourceMepIdSubTlv,
+   // tlv: LspPingIdentifierTlv, LspPingContainerTlv, LspPingReplyTlv,
+   // LspPingProxyTlv, LspPingNextHopSubTlv, LspPingRelayTlv, LspPingResponderSubTlv
+   class LspPingLsrCapabilityTlv, class LspPingVendorEnterpriseNumberTlv, class LspPingSourceIdTlv,
+   class LspPingDestinationIdTlv, class LspPingBfdDiscriminatorTlv, class LspPingReplyTcTlv,
+   class LspPingErroredTlvsTlv, class LspPingReversePathTargetFecStackTlv,
+   class LspPingBfdReversePathTlv, class LspPingReplyPathTlv, class LspPingTimeToLiveTlv,
+   class LspPingReplyModeOrderTlv, class LspPingEgressIpv4Tlv, class LspPingEgressIpv6Tlv,
+   class LspPingProxyEchoParametersIpv4Tlv, class LspPingProxyEchoParametersIpv6Tlv,
+   class LspPingNextHopIpv4SubTlv, class LspPingNextHopIpv4UnnumberedSubTlv,
+   class LspPingNextHopIpv6SubTlv, class LspPingNextHopIpv6UnnumberedSubTlv,
+   class LspPingNextHopIpv4AdjSubTlv, class LspPingNextHopIpv6AdjSubTlv,
+   class LspPingReplyToAddressIpv4Tlv, class LspPingReplyToAddressIpv6Tlv,
+   class LspPingUpstreamNeighborAddressTlv, class LspPingDownstreamNeighborAddressTlv,
+   class LspPingRelayNodeAddressStackTlv, class LspPingResponderEgressIpv4SubTlv,
+   class LspPingResponderEgressIpv6SubTlv, class LspPingResponderNodeIpv4SubTlv,
+   class LspPingResponderNodeIpv6SubTlv >;
 
 // Behind the library's, see types/LspPingModules.h.
 inline constexpr U16 lspPingExtModule = 18;

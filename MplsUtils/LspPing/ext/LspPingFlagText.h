@@ -34,6 +34,19 @@ inline void lspPingAppendFlags( Orlo::StringBuilder & out, std::string_view lett
    }
 }
 
+/// An enumeration's flags as text: "AB", "B+0x8", or "none".
+template < class Flags >
+struct LspPingFlagText {
+   U32 flags = 0;
+
+   friend void appendText( Orlo::StringBuilder & out, LspPingFlagText const & text ) {
+      constexpr auto & letters = lspPingFlagLetters< Flags >;
+      if( text.flags == 0 )
+         out.append( "none" );
+      lspPingAppendFlags( out, { letters.data(), letters.size() }, text.flags );
+   }
+};
+
 /// As a field of a view's text: "flags: NB", or "flags: none".
 inline void lspPingAppendFlagField( Orlo::StringBuilder & out, std::string_view letters,
                                     U32 flags ) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "MplsUtils/LspPing/platform/Velnet/IpGenAddr.h"
 #include "MplsUtils/LspPing/types/LspPingElement.h"
 
 #include <cstddef>
@@ -18,16 +17,6 @@ std::span< U8 const > lspPingTail( View const & view ) noexcept {
    return size > sizeof( View )
              ? std::span( reinterpret_cast< U8 const * >( &view ), size ).subspan( sizeof( View ) )
              : std::span< U8 const >();
-}
-
-/// The address that these bytes are; of no family unless there are 4 or 16.
-inline Velnet::IpGenAddr lspPingAddressOf( std::span< U8 const > bytes ) noexcept {
-   // They are there, and addresses have no alignment.
-   if( bytes.size() == sizeof( Velnet::IpAddr ) )
-      return *reinterpret_cast< Velnet::IpAddr const * >( bytes.data() );
-   if( bytes.size() == sizeof( Velnet::Ip6Addr ) )
-      return *reinterpret_cast< Velnet::Ip6Addr const * >( bytes.data() );
-   return {};
 }
 
 /// As many bytes are needed to lay the view over these: the `kivExtent` of such a view.

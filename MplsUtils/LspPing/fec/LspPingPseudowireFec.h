@@ -92,7 +92,8 @@ class LSPPING_EXPORT LspPingFec128Ipv4SubTlv
  public:
    static constexpr auto element =
       LspPingElement::targetFec( LspPingTargetFecSubTlvType::FEC128Pseudowire )
-         .length( valueLength );
+         .length( valueLength )
+         .definedIn( "RFC 8029 section 3.2.9" );
 
    /// Unlike in almost every other view, a must-be-zero field that is not makes this one invalid.
    constexpr bool valid() const noexcept {
@@ -205,7 +206,8 @@ class LSPPING_EXPORT LspPingFec129Ipv4SubTlv
    static constexpr auto element =
       LspPingElement::targetFec( LspPingTargetFecSubTlvType::FEC129Pseudowire )
          .atLeast( minTlvLength )
-         .followedBy( LspPingBehind::identifiers );
+         .followedBy( LspPingBehind::identifiers )
+         .definedIn( "RFC 8029 section 3.2.10" );
 
    /// False too when the identifiers are three empty ones of type 0.
    bool valid() const noexcept;

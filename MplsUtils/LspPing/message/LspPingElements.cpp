@@ -178,21 +178,10 @@ constexpr LspPingElementRow unviewed( LspPingElement facts ) noexcept {
 }
 
 // Elements that no class describes.
-constexpr auto unviewedRows = [] {
-   using Element = LspPingElement;
-   using Tlv = LspPingTlvType;
-   using Responder = LspPingP2mpRespTlvType;
-   return std::to_array< LspPingElementRow >( {
-      unviewed( LspPingOpenedByCode::fecStack ),
-      unviewed( Element::tlv( Tlv::VendorEnterpriseNum ).atLeast( 4 ) ),
-      unviewed( LspPingOpenedByCode::erroredTlvs ),
-      unviewed( LspPingOpenedByCode::responders ),
-      unviewed( Element::responderSubTlv( Responder::EgrAddr4 ).length( 4 ) ),
-      unviewed( Element::responderSubTlv( Responder::EgrAddr6 ).length( 16 ) ),
-      unviewed( Element::responderSubTlv( Responder::NodeAddr4 ).length( 4 ) ),
-      unviewed( Element::responderSubTlv( Responder::NodeAddr6 ).length( 16 ) ),
-   } );
-}();
+constexpr auto unviewedRows = std::to_array< LspPingElementRow >( {
+   unviewed( LspPingOpenedByCode::fecStack ),
+   unviewed( LspPingOpenedByCode::responders ),
+} );
 
 template < class T >
 constexpr std::size_t rowCount() noexcept {

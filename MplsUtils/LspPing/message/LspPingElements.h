@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MplsUtils/LspPing/ext/mapping/LspPingMappingSubTlv.h"
+#include "MplsUtils/LspPing/ext/tlv/LspPingContainerTlv.h"
 #include "MplsUtils/LspPing/message/Export.h"
 #include "MplsUtils/LspPing/message/LspPingProblem.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
@@ -95,8 +96,7 @@ struct alignas( 64 ) LspPingElementRow {
 struct LspPingOpenedByCode {
    static constexpr LspPingElement fecStack =
       LspPingElement::tlv( LspPingTlvType::TargetFecStack ).followedBy( LspPingBehind::fecs );
-   static constexpr LspPingElement erroredTlvs =
-      LspPingElement::tlv( LspPingTlvType::ErrorTlv ).followedBy( LspPingBehind::tlvs );
+   static constexpr LspPingElement erroredTlvs = LspPingErroredTlvsTlv::element;
    static constexpr LspPingElement responders =
       LspPingElement::tlv( LspPingTlvType::P2mpRespId ).followedBy( LspPingBehind::responderTlvs );
    static constexpr LspPingElement labelStack = LspPingLabelStackSubTlv::element;

@@ -241,10 +241,12 @@ bool LspPingWalk::isPlausible( LspPingContext context, Region region, U32 step,
       region.begin += step;
       U32 const code = header == 3 ? U32{ byte( region.begin ) } : word( region.begin );
       U32 const whole = header + word( region.begin + header - 2 );
-      if( whole > region.size() || code == 0 )
-         return false;
-      if( codes == Codes::known &&
-          quickElementOf( context, code, bytes_.subspan( region.begin, whole ) ) == nullptr )
+      LspPingElementRow const * const row = quickElementOf(
+         context, code, bytes_.subspan( region.begin, std::min( whole, region.size() ) ) );
+      // Where that one ends is a question of its own.
+      if( row != nullptr && !row->facts.otherReading.empty() )
+         return true;
+      if( whole > region.size() || code == 0 || ( codes == Codes::known && row == nullptr ) )
          return false;
       step = std::min( lspPingPadded( whole ), region.size() );
    }
@@ -267,9 +269,11 @@ LspPingWalk::Reading LspPingWalk::readingOf( LspPingElementRow const & row, Regi
       return { length, isPadded ? asWritten.total : whole, isPadded };
    }
    U32 const other = length - static_cast< U32 >( int{ facts.statedMore } );
+   // As it is written, a fixed length is wrong whatever follows.
    if( facts.statedMore == 0 || other < facts.leastLength || other > 0xffff ||
-       ( facts.hasFixedLength && other != facts.leastLength ) ||
-       isPlausible( facts.context, region, asWritten.total, Codes::any ) ||
+       ( facts.hasFixedLength
+            ? other != facts.leastLength
+            : isPlausible( facts.context, region, asWritten.total, Codes::any ) ) ||
        !isPlausible( facts.context, region, stepOf( other ), Codes::known ) )
       return asWritten;
    return { other, stepOf( other ), true };

@@ -1,5 +1,6 @@
 #include "MplsUtils/LspPing/message/LspPingMessageWriter.h"
 
+#include "MplsUtils/LspPing/ext/tlv/LspPingContainerTlv.h"
 #include "MplsUtils/LspPing/fec/LspPingP2mpFec.h"
 #include "MplsUtils/LspPing/platform/base/OutOfMemory.h"
 
@@ -86,7 +87,7 @@ bool LspPingMessageWriter::reply( LspPingMessage const & request, LspPingReturnC
    } );
    if( !isWritten || code != LspPingReturnCode::tlvNotUnderstood )
       return isWritten;
-   LspPingOpenElement errored = open( LspPingTlvType::ErrorTlv );
+   LspPingOpenElement errored = open< LspPingErroredTlvsTlv >();
    for( LspPingElementRef const tlv : request.elements() )
       if( !tlv.isUnderstood() && !add( tlv ) )
          return errored.takeBack( Error::elementCut );
@@ -344,7 +345,7 @@ U32 LspPingMessageWriter::openCode( LspPingContext context, U32 code ) noexcept 
    U32 const header = lspPingHeaderSize( context );
    U32 const id = begin( context, row != nullptr ? &row->facts : nullptr, code, header, header );
    // The Pad TLV's class is no view, and some views are the header and no more.
-   if( id != noId && row != nullptr && row->viewSize != 0 && row->viewSize != row->headerSize() )
+   if( id != noId && row != nullptr && row->viewSize > header )
       takeBack( Error::needsClass );
    return id;
 }

@@ -17,9 +17,11 @@ struct LspPingViewShape {
    static constexpr U32 header = lspPingHeaderSize( facts.context );
    static constexpr U32 offset = facts.isOverValue ? header : 0;
    static constexpr U32 end = offset + sizeof( View );
-   // The identifiers are part of the least length.
+   // The identifiers are part of the least length, and so is what a view itself gives.
    static constexpr U32 content =
-      facts.behind == LspPingBehind::identifiers ? end : header + facts.leastLength;
+      facts.behind == LspPingBehind::identifiers || facts.behind == LspPingBehind::tail
+         ? end
+         : header + facts.leastLength;
    static_assert( facts.behind == LspPingBehind::nothing || end == content,
                   "what stands behind the fixed part follows the view" );
    static constexpr U32 size = std::max( end, content );
@@ -33,7 +35,8 @@ struct LspPingViewShape {
       isQuick && facts.behind == LspPingBehind::nothing && size <= padded;
    static constexpr bool isQuickToOpen =
       isQuick && !facts.hasFixedLength && content % 4 == 0 &&
-      ( facts.behind == LspPingBehind::subTlvs || facts.behind == LspPingBehind::multipath ||
+      ( facts.behind == LspPingBehind::tlvs || facts.behind == LspPingBehind::fecs ||
+        facts.behind == LspPingBehind::subTlvs || facts.behind == LspPingBehind::multipath ||
         facts.behind == LspPingBehind::mappingLabels ||
         facts.behind == LspPingBehind::protocolLabels ||
         facts.behind == LspPingBehind::labelStack );
@@ -210,8 +213,8 @@ inline bool LspPingMessageWriter::closeQuickly( U32 id, LspPingBehind behind, U3
    bool const isMultipath =
       behind == LspPingBehind::multipath || behind == LspPingBehind::mappingLabels;
    U32 const inside = own.size - level.begin - fixed;
-   if( inside - 1 >= farFromTooLong ||
-       ( isMultipath && ( !level.hasMultipath || inside % 4 != 0 ) ) )
+   // An unpadded element may stand in it.
+   if( inside - 1 >= farFromTooLong || inside % 4 != 0 || ( isMultipath && !level.hasMultipath ) )
       return false;
    U8 * const element = place_.data() + level.begin;
    wordIs( element + 2, inside + fixed - 4 );

@@ -208,7 +208,7 @@ TEST( Elements, showAResponderByItsViewOrByItsSubTlv ) {
               "   NodeAddr( Addr: '10.0.0.1' )\n" );
    EXPECT_EQ( elementsOf( tlv( 11, tlv( 1, { 10, 0, 0, 1 } ) ) ),
               "   P2mpRespId\n"
-              "      EgrAddr4( Code: 1, Length: 4, Bytes: 000100040a000001 )\n" );
+              "      ResponderEgressIpv4( '10.0.0.1' )\n" );
 }
 
 TEST( Elements, showSubTlvsOfOurVendorOnly ) {

@@ -15,9 +15,12 @@ TEST( Walk, goesOnBehindANilFec ) {
 }
 
 TEST( Walk, showsTheBytesOfWhatHasNoView ) {
-   EXPECT_EQ( elementsOf( tlv( 99, { 1, 2, 3 } ) + tlv( 5, { 0, 0, 0x7e, 0xd9 } ) ),
-              "   99( Code: 99, Length: 3, Bytes: 00630003010203 )\n"
-              "   VendorEnterpriseNum( Code: 5, Length: 4, Bytes: 0005000400007ed9 )\n" );
+   EXPECT_EQ(
+      elementsOf( tlv( 99, { 1, 2, 3 } ) + tlv( 1, tlv( 8, Bytes( 14, 1 ) ) ) ),
+      "   99( Code: 99, Length: 3, Bytes: 00630003010203 )\n"
+      "   TargetFecStack\n"
+      "      L2VPNEndpoint( Code: 8, Length: 14, Bytes: 0008000e0101010101010101010101010101 "
+      ")\n" );
 }
 
 TEST( Walk, takesNothingForAMessageOfNoTlvs ) {

@@ -127,7 +127,7 @@ class LSPPING_EXT_EXPORT LspPingIgpAdjacencyIpv4SubTlv
    : public Kiv::Typed< LspPingIgpAdjacencyIpv4SubTlv,
                         LspPingIgpAdjacencySubTlv< Velnet::IpAddr, Velnet::IpAddr > > {
  public:
-   static constexpr auto element = elementOf();
+   static constexpr auto element = elementOf().definedIn( "RFC 8287 section 5.3" );
 
    constexpr bool valid() const noexcept { return isOf( element ); }
    /// "IgpAdjacency( ipv4Adjacency, protocol: ospf, local: '10.0.0.1', remote: '10.0.0.2',
@@ -145,7 +145,7 @@ class LSPPING_EXT_EXPORT LspPingIgpAdjacencyIpv4IsisSubTlv
    : public Kiv::Typed< LspPingIgpAdjacencyIpv4IsisSubTlv,
                         LspPingIgpAdjacencySubTlv< Velnet::IpAddr, LspPingSystemId > > {
  public:
-   static constexpr auto element = elementOf();
+   static constexpr auto element = elementOf().definedIn( "RFC 8287 section 5.3" );
 
    constexpr bool valid() const noexcept { return isOf( element ); }
    /// "IgpAdjacency( ipv4Adjacency, protocol: isis, local: '10.0.0.1', remote: '10.0.0.2',
@@ -165,7 +165,7 @@ class LSPPING_EXT_EXPORT LspPingIgpAdjacencyIpv6SubTlv
    : public Kiv::Typed< LspPingIgpAdjacencyIpv6SubTlv,
                         LspPingIgpAdjacencySubTlv< Velnet::Ip6Addr, Velnet::IpAddr > > {
  public:
-   static constexpr auto element = elementOf();
+   static constexpr auto element = elementOf().definedIn( "RFC 8287 section 5.3" );
 
    constexpr bool valid() const noexcept { return isOf( element ); }
    /// As over IPv4, or "Invalid IgpAdjacencyIpv6SubTlv".
@@ -181,7 +181,7 @@ class LSPPING_EXT_EXPORT LspPingIgpAdjacencyIpv6IsisSubTlv
    : public Kiv::Typed< LspPingIgpAdjacencyIpv6IsisSubTlv,
                         LspPingIgpAdjacencySubTlv< Velnet::Ip6Addr, LspPingSystemId > > {
  public:
-   static constexpr auto element = elementOf();
+   static constexpr auto element = elementOf().definedIn( "RFC 8287 section 5.3" );
 
    constexpr bool valid() const noexcept { return isOf( element ); }
    /// As over IPv4, or "Invalid IgpAdjacencyIpv6IsisSubTlv".
@@ -301,7 +301,8 @@ class LspPingPeerAdjSidSubTlv : public LspPingPeersSubTlv< LspPingPeerAdjHdr > {
 class LSPPING_EXT_EXPORT LspPingPeerAdjSidIpv4SubTlv
    : public Kiv::Typed< LspPingPeerAdjSidIpv4SubTlv, LspPingPeerAdjSidSubTlv< Velnet::IpAddr > > {
  public:
-   static constexpr auto element = elementOf( LspPingPeerAdjType::ipv4PeerAdj );
+   static constexpr auto element =
+      elementOf( LspPingPeerAdjType::ipv4PeerAdj ).definedIn( "RFC 9703 section 4.2" );
 
    constexpr bool valid() const noexcept { return isOf( element ); }
    /// "PeerAdjSid( local AS: 65001, remote AS: 65002, local router: '10.1.1.1', remote router:
@@ -317,7 +318,8 @@ static_assert( Kiv::isWireView< LspPingPeerAdjSidIpv4SubTlv, 32 > );
 class LSPPING_EXT_EXPORT LspPingPeerAdjSidIpv6SubTlv
    : public Kiv::Typed< LspPingPeerAdjSidIpv6SubTlv, LspPingPeerAdjSidSubTlv< Velnet::Ip6Addr > > {
  public:
-   static constexpr auto element = elementOf( LspPingPeerAdjType::ipv6PeerAdj );
+   static constexpr auto element =
+      elementOf( LspPingPeerAdjType::ipv6PeerAdj ).definedIn( "RFC 9703 section 4.2" );
 
    constexpr bool valid() const noexcept { return isOf( element ); }
    /// As over IPv4, or "Invalid PeerAdjSidIpv6SubTlv".
@@ -347,7 +349,8 @@ class LSPPING_EXT_EXPORT LspPingPeerNodeSidSubTlv
    static constexpr auto element =
       LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::PeerNodeSid )
          .length( 16 )
-         .inWords( "PeerNode SID" );
+         .inWords( "PeerNode SID" )
+         .definedIn( "RFC 9703 section 4.1" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );
@@ -390,7 +393,8 @@ class LSPPING_EXT_EXPORT LspPingPeerSetSidSubTlv
       LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::PeerSetSid )
          .atLeast( 12 )
          .followedBy( LspPingBehind::tail )
-         .inWords( "PeerSet SID" );
+         .inWords( "PeerSet SID" )
+         .definedIn( "RFC 9703 section 4.3" );
 
    constexpr U32 localAs() const noexcept { return localAs_.value(); }
    constexpr void localAsIs( U32 number ) noexcept { localAs_.valueIs( number ); }

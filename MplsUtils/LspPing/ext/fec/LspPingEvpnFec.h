@@ -249,7 +249,7 @@ class LspPingEvpnPrefix : public LspPingEvpnSegment {
 class LSPPING_EXT_EXPORT LspPingEvpnMacSubTlv
    : public Kiv::Typed< LspPingEvpnMacSubTlv, LspPingEvpnMac > {
  public:
-   static constexpr auto element = elementOf( 0 );
+   static constexpr auto element = elementOf( 0 ).definedIn( "RFC 9489 section 4.1" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && hasLengths( 0 );
@@ -267,7 +267,7 @@ static_assert( Kiv::isWireView< LspPingEvpnMacSubTlv, 36 > );
 class LSPPING_EXT_EXPORT LspPingEvpnMacIpv4SubTlv
    : public Kiv::Typed< LspPingEvpnMacIpv4SubTlv, LspPingEvpnMacIp< Velnet::IpAddr > > {
  public:
-   static constexpr auto element = elementOf( addressSize );
+   static constexpr auto element = elementOf( addressSize ).definedIn( "RFC 9489 section 4.1" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) &&
@@ -286,7 +286,7 @@ static_assert( Kiv::isWireView< LspPingEvpnMacIpv4SubTlv, 40 > );
 class LSPPING_EXT_EXPORT LspPingEvpnMacIpv6SubTlv
    : public Kiv::Typed< LspPingEvpnMacIpv6SubTlv, LspPingEvpnMacIp< Velnet::Ip6Addr > > {
  public:
-   static constexpr auto element = elementOf( addressSize );
+   static constexpr auto element = elementOf( addressSize ).definedIn( "RFC 9489 section 4.1" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) &&
@@ -306,7 +306,7 @@ class LSPPING_EXT_EXPORT LspPingEvpnInclusiveMulticastIpv4SubTlv
    : public Kiv::Typed< LspPingEvpnInclusiveMulticastIpv4SubTlv,
                         LspPingEvpnInclusiveMulticast< Velnet::IpAddr > > {
  public:
-   static constexpr auto element = elementOf();
+   static constexpr auto element = elementOf().definedIn( "RFC 9489 section 4.2" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) &&
@@ -328,7 +328,7 @@ class LSPPING_EXT_EXPORT LspPingEvpnInclusiveMulticastIpv6SubTlv
    : public Kiv::Typed< LspPingEvpnInclusiveMulticastIpv6SubTlv,
                         LspPingEvpnInclusiveMulticast< Velnet::Ip6Addr > > {
  public:
-   static constexpr auto element = elementOf();
+   static constexpr auto element = elementOf().definedIn( "RFC 9489 section 4.2" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) &&
@@ -352,7 +352,8 @@ class LSPPING_EXT_EXPORT LspPingEvpnEthernetAdSubTlv
    static constexpr auto element =
       LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::EvpnEthernetAd )
          .length( 24 )
-         .inWords( "EVPN Ethernet Auto-Discovery" );
+         .inWords( "EVPN Ethernet Auto-Discovery" )
+         .definedIn( "RFC 9489 section 4.3" );
 
    constexpr U16 mbz() const noexcept { return mbz_.value(); }
    constexpr void mbzIs( U16 value ) noexcept { mbz_.valueIs( value ); }
@@ -378,7 +379,7 @@ static_assert( Kiv::isWireView< LspPingEvpnEthernetAdSubTlv, 28 > );
 class LSPPING_EXT_EXPORT LspPingEvpnIpv4PrefixSubTlv
    : public Kiv::Typed< LspPingEvpnIpv4PrefixSubTlv, LspPingEvpnPrefix< Velnet::IpAddr > > {
  public:
-   static constexpr auto element = elementOf();
+   static constexpr auto element = elementOf().definedIn( "RFC 9489 section 4.4" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) &&
@@ -397,7 +398,7 @@ static_assert( Kiv::isWireView< LspPingEvpnIpv4PrefixSubTlv, 36 > );
 class LSPPING_EXT_EXPORT LspPingEvpnIpv6PrefixSubTlv
    : public Kiv::Typed< LspPingEvpnIpv6PrefixSubTlv, LspPingEvpnPrefix< Velnet::Ip6Addr > > {
  public:
-   static constexpr auto element = elementOf();
+   static constexpr auto element = elementOf().definedIn( "RFC 9489 section 4.4" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) &&

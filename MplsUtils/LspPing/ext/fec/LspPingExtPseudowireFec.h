@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MplsUtils/LspPing/ext/LspPingAddressTail.h"
 #include "MplsUtils/LspPing/ext/LspPingExtModule.h"
 #include "MplsUtils/LspPing/ext/LspPingTail.h"
 #include "MplsUtils/LspPing/fec/LspPingPseudowireFec.h"
@@ -26,7 +27,9 @@ class LSPPING_EXT_EXPORT LspPingL2VpnEndpointSubTlv
    : public Kiv::Typed< LspPingL2VpnEndpointSubTlv, LspPingTlvHdr > {
  public:
    static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::L2VPNEndpoint ).length( 14 );
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::L2VPNEndpoint )
+         .length( 14 )
+         .definedIn( "RFC 8029 section 3.2.7" );
 
    /// The route distinguisher as one number, whatever its own type and parts.
    constexpr U64 rd() const noexcept { return rd_.value(); }
@@ -88,7 +91,8 @@ class LSPPING_EXT_EXPORT LspPingFec128DeprecatedSubTlv
    static constexpr auto element =
       LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::FEC128PseudowireDeprecated )
          .length( 10 )
-         .inWords( "FEC 128 Pseudowire - IPv4 (deprecated)" );
+         .inWords( "FEC 128 Pseudowire - IPv4 (deprecated)" )
+         .definedIn( "RFC 8029 appendix A.1.1" );
 
    constexpr Velnet::IpAddr receiverAddr() const noexcept { return receiverAddr_; }
    constexpr void receiverAddrIs( Velnet::IpAddr address ) noexcept { receiverAddr_ = address; }
@@ -134,7 +138,8 @@ class LSPPING_EXT_EXPORT LspPingFec128Ipv6SubTlv
    static constexpr auto element =
       LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::FEC128PseudowireIpv6 )
          .length( valueLength )
-         .inWords( "FEC 128 Pseudowire - IPv6" );
+         .inWords( "FEC 128 Pseudowire - IPv6" )
+         .definedIn( "RFC 6829 section 3.1" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );
@@ -156,7 +161,8 @@ class LSPPING_EXT_EXPORT LspPingFec129Ipv6SubTlv
       LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::FEC129PseudowireIpv6 )
          .atLeast( minTlvLength )
          .followedBy( LspPingBehind::identifiers )
-         .inWords( "FEC 129 Pseudowire - IPv6" );
+         .inWords( "FEC 129 Pseudowire - IPv6" )
+         .definedIn( "RFC 6829 section 3.2" );
 
    /// False too when the identifiers are three empty ones of type 0.
    bool valid() const noexcept { return element.hasCode( type() ) && hasIdentifiers(); }
@@ -188,7 +194,8 @@ class LSPPING_EXT_EXPORT LspPingP2mpPseudowireSubTlv
       LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::P2mpPseudowire )
          .atLeast( 2 )
          .followedBy( LspPingBehind::tail )
-         .inWords( "P2MP Pseudowire" );
+         .inWords( "P2MP Pseudowire" )
+         .definedIn( "RFC 8339 section 3.1" );
 
    constexpr U8 agiType() const noexcept { return agiType_; }
    constexpr void agiTypeIs( U8 type ) noexcept { agiType_ = type; }

@@ -1,5 +1,6 @@
 #include "MplsUtils/LspPing/ext/fec/LspPingExtRsvpFec.h"
 
+#include "MplsUtils/LspPing/ext/LspPingFlagText.h"
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
 
 namespace LspPing {
@@ -21,8 +22,9 @@ Orlo::String tunnelText( View const & tunnel, std::string_view name ) {
       return Kiv::_fmt( "Invalid %sSubTlv", name );
    return Kiv::_fmt( "%s( destination: '%s', flags: %s, tunnel: %d, extended tunnel: '%s', "
                      "sender: '%s' )",
-                     name, tunnel.destination(), lspPingTunnelFlagsText( tunnel.flags() ),
-                     tunnel.tunnelId(), tunnel.extendedTunnelId(), tunnel.senderAddress() );
+                     name, tunnel.destination(),
+                     LspPingFlagText< LspPingTunnelFlags >{ tunnel.flags() }, tunnel.tunnelId(),
+                     tunnel.extendedTunnelId(), tunnel.senderAddress() );
 }
 
 } // namespace

@@ -13,7 +13,9 @@ class LSPPING_EXT_EXPORT LspPingRsvpIpv6SubTlv
                         LspPingRsvpSubTlv< Velnet::Ip6Addr, Velnet::Ip6Addr > > {
  public:
    static constexpr auto element =
-      LspPingElement::targetFec( LspPingTargetFecSubTlvType::RSVPIpv6Lsp ).length( 56 );
+      LspPingElement::targetFec( LspPingTargetFecSubTlvType::RSVPIpv6Lsp )
+         .length( 56 )
+         .definedIn( "RFC 8029 section 3.2.4" );
 
    /// The tunnel's end point.
    constexpr Velnet::Ip6Addr destination() const noexcept { return session(); }
@@ -47,7 +49,8 @@ class LSPPING_EXT_EXPORT LspPingRsvpP2mpIpv6SubTlv
       LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::RSVPP2MPIpv6 )
          .length( drawnLength )
          .orStated( statedLength - drawnLength, "length long by 12, RFC 6425 section 3.1.1" )
-         .inWords( "RSVP P2MP IPv6 Session" );
+         .inWords( "RSVP P2MP IPv6 Session" )
+         .definedIn( "RFC 6425 section 3.1.1.2" );
 
    constexpr U32 p2mpId() const noexcept { return session().value(); }
    constexpr void p2mpIdIs( U32 id ) noexcept { sessionIs( Velnet::NetU32( id ) ); }
@@ -130,7 +133,8 @@ class LSPPING_EXT_EXPORT LspPingRsvpTunnelIpv4SubTlv
    static constexpr auto element =
       LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::RSVPIpv4Tunnel )
          .length( valueLength )
-         .inWords( "IPv4 RSVP Tunnel" );
+         .inWords( "IPv4 RSVP Tunnel" )
+         .definedIn( "RFC 7110 section 4.3.1" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) &&
@@ -152,7 +156,8 @@ class LSPPING_EXT_EXPORT LspPingRsvpTunnelIpv6SubTlv
    static constexpr auto element =
       LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::RSVPIpv6Tunnel )
          .length( valueLength )
-         .inWords( "IPv6 RSVP Tunnel" );
+         .inWords( "IPv6 RSVP Tunnel" )
+         .definedIn( "RFC 7110 section 4.3.2" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) &&

@@ -75,7 +75,8 @@ class LSPPING_EXT_EXPORT LspPingP2mpFecStackIpv6SubTlv
                         LspPingMldpRoot< LspPingTlvHdr, Velnet::Ip6Addr > > {
  public:
    static constexpr auto element =
-      elementOf( LspPingElement::targetFec( LspPingTargetFecSubTlvType::P2mpFec ) );
+      elementOf( LspPingElement::targetFec( LspPingTargetFecSubTlvType::P2mpFec ) )
+         .definedIn( "RFC 6425 section 3.1.2.1" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && hasRoot();
@@ -97,7 +98,8 @@ class LSPPING_EXT_EXPORT LspPingMp2mpFecStackIpv4SubTlv
  public:
    static constexpr auto element =
       elementOf( LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::Mp2mpFec ) )
-         .inWords( "Multicast MP2MP LDP FEC Stack" );
+         .inWords( "Multicast MP2MP LDP FEC Stack" )
+         .definedIn( "RFC 6425 section 3.1.2.1" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && hasRoot();
@@ -119,7 +121,8 @@ class LSPPING_EXT_EXPORT LspPingMp2mpFecStackIpv6SubTlv
  public:
    static constexpr auto element =
       elementOf( LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::Mp2mpFec ) )
-         .inWords( "Multicast MP2MP LDP FEC Stack" );
+         .inWords( "Multicast MP2MP LDP FEC Stack" )
+         .definedIn( "RFC 6425 section 3.1.2.1" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && hasRoot();

@@ -125,7 +125,8 @@ class LSPPING_EXT_EXPORT LspPingOpaqueValSGIpv6SubTlv
  public:
    static constexpr auto element = LspPingElement::opaqueValue( LspPingExtOpaqueValueType::SGIpv6 )
                                       .length( valueLength )
-                                      .inWords( "Transit IPv6 Source" );
+                                      .inWords( "Transit IPv6 Source" )
+                                      .definedIn( "RFC 6826 section 3.2" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && isWellFormed();
@@ -146,7 +147,8 @@ class LSPPING_EXT_EXPORT LspPingOpaqueValBidirIpv4SubTlv
    static constexpr auto element =
       LspPingElement::opaqueValue( LspPingExtOpaqueValueType::BidirIpv4 )
          .length( valueLength )
-         .inWords( "Transit IPv4 Bidir" );
+         .inWords( "Transit IPv4 Bidir" )
+         .definedIn( "RFC 6826 section 3.3" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && isWellFormed();
@@ -169,7 +171,8 @@ class LSPPING_EXT_EXPORT LspPingOpaqueValBidirIpv6SubTlv
    static constexpr auto element =
       LspPingElement::opaqueValue( LspPingExtOpaqueValueType::BidirIpv6 )
          .length( valueLength )
-         .inWords( "Transit IPv6 Bidir" );
+         .inWords( "Transit IPv6 Bidir" )
+         .definedIn( "RFC 6826 section 3.4" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && isWellFormed();
@@ -193,7 +196,8 @@ class LSPPING_EXT_EXPORT LspPingOpaqueValVpnSGIpv4SubTlv
    static constexpr auto element =
       LspPingElement::opaqueValue( LspPingExtOpaqueValueType::VpnSGIpv4 )
          .length( valueLength )
-         .inWords( "Transit VPNv4 Source" );
+         .inWords( "Transit VPNv4 Source" )
+         .definedIn( "RFC 7246 section 3.1" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && isWellFormed();
@@ -217,7 +221,8 @@ class LSPPING_EXT_EXPORT LspPingOpaqueValVpnSGIpv6SubTlv
    static constexpr auto element =
       LspPingElement::opaqueValue( LspPingExtOpaqueValueType::VpnSGIpv6 )
          .length( valueLength )
-         .inWords( "Transit VPNv6 Source" );
+         .inWords( "Transit VPNv6 Source" )
+         .definedIn( "RFC 7246 section 3.2" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && isWellFormed();
@@ -241,7 +246,8 @@ class LSPPING_EXT_EXPORT LspPingOpaqueValVpnBidirIpv4SubTlv
    static constexpr auto element =
       LspPingElement::opaqueValue( LspPingExtOpaqueValueType::VpnBidirIpv4 )
          .length( valueLength )
-         .inWords( "Transit VPNv4 Bidir" );
+         .inWords( "Transit VPNv4 Bidir" )
+         .definedIn( "RFC 7246 section 3.3" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && isWellFormed();
@@ -265,7 +271,8 @@ class LSPPING_EXT_EXPORT LspPingOpaqueValVpnBidirIpv6SubTlv
    static constexpr auto element =
       LspPingElement::opaqueValue( LspPingExtOpaqueValueType::VpnBidirIpv6 )
          .length( valueLength )
-         .inWords( "Transit VPNv6 Bidir" );
+         .inWords( "Transit VPNv6 Bidir" )
+         .definedIn( "RFC 7246 section 3.4" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && isWellFormed();
@@ -343,8 +350,9 @@ class LSPPING_EXT_EXPORT LspPingOpaqueValRecursiveIpv4SubTlv
    : public Kiv::Typed< LspPingOpaqueValRecursiveIpv4SubTlv,
                         LspPingRecursiveOpaqueVal< LspPingRecursiveHdr, Velnet::IpAddr > > {
  public:
-   static constexpr auto element =
-      elementOf( LspPingExtOpaqueValueType::Recursive ).inWords( "Recursive Opaque Value" );
+   static constexpr auto element = elementOf( LspPingExtOpaqueValueType::Recursive )
+                                      .inWords( "Recursive Opaque Value" )
+                                      .definedIn( "RFC 6512 section 2.1" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && isWellFormed();
@@ -365,8 +373,9 @@ class LSPPING_EXT_EXPORT LspPingOpaqueValRecursiveIpv6SubTlv
    : public Kiv::Typed< LspPingOpaqueValRecursiveIpv6SubTlv,
                         LspPingRecursiveOpaqueVal< LspPingRecursiveHdr, Velnet::Ip6Addr > > {
  public:
-   static constexpr auto element =
-      elementOf( LspPingExtOpaqueValueType::Recursive ).inWords( "Recursive Opaque Value" );
+   static constexpr auto element = elementOf( LspPingExtOpaqueValueType::Recursive )
+                                      .inWords( "Recursive Opaque Value" )
+                                      .definedIn( "RFC 6512 section 2.1" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && isWellFormed();
@@ -387,8 +396,9 @@ class LSPPING_EXT_EXPORT LspPingOpaqueValVpnRecursiveIpv4SubTlv
    : public Kiv::Typed< LspPingOpaqueValVpnRecursiveIpv4SubTlv,
                         LspPingRecursiveOpaqueVal< LspPingVpnRecursiveHdr, Velnet::IpAddr > > {
  public:
-   static constexpr auto element =
-      elementOf( LspPingExtOpaqueValueType::VpnRecursive ).inWords( "VPN-Recursive Opaque Value" );
+   static constexpr auto element = elementOf( LspPingExtOpaqueValueType::VpnRecursive )
+                                      .inWords( "VPN-Recursive Opaque Value" )
+                                      .definedIn( "RFC 6512 section 3.1" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && isWellFormed();
@@ -409,8 +419,9 @@ class LSPPING_EXT_EXPORT LspPingOpaqueValVpnRecursiveIpv6SubTlv
    : public Kiv::Typed< LspPingOpaqueValVpnRecursiveIpv6SubTlv,
                         LspPingRecursiveOpaqueVal< LspPingVpnRecursiveHdr, Velnet::Ip6Addr > > {
  public:
-   static constexpr auto element =
-      elementOf( LspPingExtOpaqueValueType::VpnRecursive ).inWords( "VPN-Recursive Opaque Value" );
+   static constexpr auto element = elementOf( LspPingExtOpaqueValueType::VpnRecursive )
+                                      .inWords( "VPN-Recursive Opaque Value" )
+                                      .definedIn( "RFC 6512 section 3.1" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() ) && isWellFormed();
@@ -442,7 +453,8 @@ class LSPPING_EXT_EXPORT LspPingOpaqueValExtendedSubTlv
       LspPingElement::opaqueValue( LspPingExtOpaqueValueType::Extended )
          .extendedCode( 2 )
          .followedBy( LspPingBehind::tail )
-         .inWords( "extended type" );
+         .inWords( "extended type" )
+         .definedIn( "RFC 6388 section 2.3" );
 
    constexpr U8 type() const noexcept { return type_; }
    constexpr void typeIs( U8 type ) noexcept { type_ = type; }

@@ -28,7 +28,8 @@ class LSPPING_EXT_EXPORT LspPingSegmentLabelSubTlv
    static constexpr auto element =
       LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::SegmentLabel )
          .length( 8 )
-         .inWords( "SID only, in the form of MPLS label" );
+         .inWords( "SID only, in the form of MPLS label" )
+         .definedIn( "RFC 9716 section 4.1" );
 
    /// LspPingSegmentFlags.
    constexpr U8 flags() const noexcept { return flags_; }
@@ -131,7 +132,8 @@ class LSPPING_EXT_EXPORT LspPingSegmentIpv4NodeSubTlv
  public:
    static constexpr auto element =
       elementOf( LspPingExtTargetFecSubTlvType::SegmentIpv4Node )
-         .inWords( "IPv4 Node Address with an optional SID for SR-MPLS" );
+         .inWords( "IPv4 Node Address with an optional SID for SR-MPLS" )
+         .definedIn( "RFC 9716" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );
@@ -151,7 +153,8 @@ class LSPPING_EXT_EXPORT LspPingSegmentIpv6NodeSubTlv
  public:
    static constexpr auto element =
       elementOf( LspPingExtTargetFecSubTlvType::SegmentIpv6Node )
-         .inWords( "IPv6 Node Address with an optional SID for SR-MPLS" );
+         .inWords( "IPv6 Node Address with an optional SID for SR-MPLS" )
+         .definedIn( "RFC 9716" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );

@@ -83,7 +83,7 @@ class LSPPING_EXT_EXPORT LspPingSrP2mpPolicyIpv4SubTlv
    : public Kiv::Typed< LspPingSrP2mpPolicyIpv4SubTlv,
                         LspPingSrP2mpPolicySubTlv< Velnet::IpAddr > > {
  public:
-   static constexpr auto element = elementOf();
+   static constexpr auto element = elementOf().definedIn( "RFC 9961 section 3.2.1.1" );
 
    constexpr bool valid() const noexcept { return isOf( element ); }
    /// "SrP2mpPolicy( root: '10.0.0.1', tree: 7, instance: 3 )", or "Invalid
@@ -99,7 +99,7 @@ class LSPPING_EXT_EXPORT LspPingSrP2mpPolicyIpv6SubTlv
    : public Kiv::Typed< LspPingSrP2mpPolicyIpv6SubTlv,
                         LspPingSrP2mpPolicySubTlv< Velnet::Ip6Addr > > {
  public:
-   static constexpr auto element = elementOf();
+   static constexpr auto element = elementOf().definedIn( "RFC 9961 section 3.2.1.1" );
 
    constexpr bool valid() const noexcept { return isOf( element ); }
    /// "SrP2mpPolicy( root: '2001:db8::1', tree: 7, instance: 3 )", or "Invalid
@@ -266,7 +266,8 @@ class LSPPING_EXT_EXPORT LspPingSrPolicyIpv4SubTlv
    : public Kiv::Typed< LspPingSrPolicyIpv4SubTlv, LspPingSrPolicySubTlv< Velnet::IpAddr > > {
  public:
    static constexpr auto element = elementOf( LspPingExtTargetFecSubTlvType::SrPolicyIpv4 )
-                                      .inWords( "SR Policy Associated PSID - IPv4" );
+                                      .inWords( "SR Policy Associated PSID - IPv4" )
+                                      .definedIn( "RFC 9884 section 3.1" );
 
    constexpr bool valid() const noexcept { return isOf( element ); }
    /// "SrPolicyIpv4( headend: '10.0.0.1', color: 100, endpoint: '10.0.0.2' )", or "Invalid
@@ -284,7 +285,8 @@ class LSPPING_EXT_EXPORT LspPingSrCandidatePathIpv4SubTlv
  public:
    static constexpr auto element =
       elementOf( LspPingExtTargetFecSubTlvType::SrCandidatePathIpv4, pathLength )
-         .inWords( "SR Candidate Path Associated PSID - IPv4" );
+         .inWords( "SR Candidate Path Associated PSID - IPv4" )
+         .definedIn( "RFC 9884 section 3.2" );
 
    constexpr bool valid() const noexcept { return isOf( element ); }
    /// "SrCandidatePathIpv4( headend: '10.0.0.1', color: 100, endpoint: '10.0.0.2', origin: 30,
@@ -304,7 +306,8 @@ class LSPPING_EXT_EXPORT LspPingSrSegmentListIpv4SubTlv
  public:
    static constexpr auto element =
       elementOf( LspPingExtTargetFecSubTlvType::SrSegmentListIpv4, listLength )
-         .inWords( "SR Segment List Associated PSID - IPv4" );
+         .inWords( "SR Segment List Associated PSID - IPv4" )
+         .definedIn( "RFC 9884 section 3.3" );
 
    constexpr bool valid() const noexcept { return isOf( element ); }
    /// "SrSegmentListIpv4( headend: '10.0.0.1', color: 100, endpoint: '10.0.0.2', origin: 30,
@@ -323,7 +326,8 @@ class LSPPING_EXT_EXPORT LspPingSrPolicyIpv6SubTlv
    : public Kiv::Typed< LspPingSrPolicyIpv6SubTlv, LspPingSrPolicySubTlv< Velnet::Ip6Addr > > {
  public:
    static constexpr auto element = elementOf( LspPingExtTargetFecSubTlvType::SrPolicyIpv6 )
-                                      .inWords( "SR Policy Associated PSID - IPv6" );
+                                      .inWords( "SR Policy Associated PSID - IPv6" )
+                                      .definedIn( "RFC 9884 section 3.4" );
 
    constexpr bool valid() const noexcept { return isOf( element ); }
    /// "SrPolicyIpv6( .. )" as over IPv4, or "Invalid SrPolicyIpv6SubTlv".
@@ -340,7 +344,8 @@ class LSPPING_EXT_EXPORT LspPingSrCandidatePathIpv6SubTlv
  public:
    static constexpr auto element =
       elementOf( LspPingExtTargetFecSubTlvType::SrCandidatePathIpv6, pathLength )
-         .inWords( "SR Candidate Path Associated PSID - IPv6" );
+         .inWords( "SR Candidate Path Associated PSID - IPv6" )
+         .definedIn( "RFC 9884 section 3.5" );
 
    constexpr bool valid() const noexcept { return isOf( element ); }
    /// "SrCandidatePathIpv6( .. )" as over IPv4, or "Invalid SrCandidatePathIpv6SubTlv".
@@ -359,7 +364,8 @@ class LSPPING_EXT_EXPORT LspPingSrSegmentListIpv6SubTlv
  public:
    static constexpr auto element =
       elementOf( LspPingExtTargetFecSubTlvType::SrSegmentListIpv6, listLength )
-         .inWords( "SR Segment List Associated PSID - IPv6" );
+         .inWords( "SR Segment List Associated PSID - IPv6" )
+         .definedIn( "RFC 9884 section 3.6" );
 
    constexpr bool valid() const noexcept { return isOf( element ); }
    /// "SrSegmentListIpv6( .. )" as over IPv4, or "Invalid SrSegmentListIpv6SubTlv".

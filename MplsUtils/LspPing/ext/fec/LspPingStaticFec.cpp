@@ -1,5 +1,6 @@
 #include "MplsUtils/LspPing/ext/fec/LspPingStaticFec.h"
 
+#include "MplsUtils/LspPing/ext/LspPingFlagText.h"
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
 
 namespace LspPing {
@@ -50,7 +51,7 @@ Orlo::String LspPingStaticTunnelSubTlv::stringValue() const {
    return Kiv::_fmt( "StaticTunnel( %s, source tunnel: %d, %s, destination tunnel: %d, "
                      "flags: %s )",
                      sourceText( *this ), sourceTunnelNum(), destinationText( *this ),
-                     destinationTunnelNum(), lspPingTunnelFlagsText( flags() ) );
+                     destinationTunnelNum(), LspPingFlagText< LspPingTunnelFlags >{ flags() } );
 }
 
 } // namespace LspPing

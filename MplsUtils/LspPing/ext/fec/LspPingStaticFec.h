@@ -72,7 +72,8 @@ class LSPPING_EXT_EXPORT LspPingStaticLspSubTlv
    static constexpr auto element =
       LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::StaticLsp )
          .length( 24 )
-         .inWords( "Static LSP" );
+         .inWords( "Static LSP" )
+         .definedIn( "RFC 6426 section 2.3.1" );
 
    constexpr U16 destinationTunnelNum() const noexcept { return destinationTunnelNum_.value(); }
    constexpr void destinationTunnelNumIs( U16 number ) noexcept {
@@ -156,7 +157,8 @@ class LSPPING_EXT_EXPORT LspPingStaticPseudowireSubTlv
    static constexpr auto element =
       LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::StaticPseudowire )
          .length( 32 )
-         .inWords( "Static Pseudowire" );
+         .inWords( "Static Pseudowire" )
+         .definedIn( "RFC 6426 section 2.3.2" );
 
    /// Of the attachment circuit, RFC 5003.
    constexpr U32 destinationAcId() const noexcept { return destinationAcId_.value(); }
@@ -214,7 +216,8 @@ class LSPPING_EXT_EXPORT LspPingStaticTunnelSubTlv
    static constexpr auto element =
       LspPingElement::targetFec( LspPingExtTargetFecSubTlvType::StaticTunnel )
          .length( 24 )
-         .inWords( "Static Tunnel" );
+         .inWords( "Static Tunnel" )
+         .definedIn( "RFC 7110 section 4.3.3" );
 
    constexpr U16 sourceTunnelNum() const noexcept { return sourceTunnelNum_.value(); }
    constexpr void sourceTunnelNumIs( U16 number ) noexcept { sourceTunnelNum_.valueIs( number ); }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "MplsUtils/LspPing/ext/types/LspPingExtMappingTypes.h"
-#include "MplsUtils/LspPing/platform/Orlo/String.h"
 
 // What the tunnels of RFC 7110 section 4.3 share: which of a tunnel's LSPs is the way back.
 namespace LspPing {
@@ -12,8 +11,5 @@ constexpr bool lspPingAreTunnelFlags( U16 flags ) noexcept {
                         static_cast< U32 >( LspPingTunnelFlags::secondaryFlag );
    return ( flags & both ) != both;
 }
-
-/// "P", "S" or "none", and what should be zero behind it: "P+0x80".
-Orlo::String lspPingTunnelFlagsText( U16 flags );
 
 } // namespace LspPing

@@ -44,6 +44,7 @@ class LspPingDetailedIntfBody : public LspPingTlvHdr {
    static constexpr auto elementOf( LspPingAddrType type ) {
       return LspPingElement::tlv( LspPingExtTlvType::DetailedIntfAndLabelStack )
          .when( sizeof( LspPingTlvHdr ), type )
+         .definedIn( "RFC 8611 section 10" )
          .atLeast( 4 + sizeof( Address ) + sizeof( Interface ) )
          .orStated( 4, "length too long by 4, RFC 8611 section 10" )
          .template followedBy< LspPingDetailedIntfSubTlvType >()
@@ -194,7 +195,8 @@ class LSPPING_EXT_EXPORT LspPingIncomingLabelStackSubTlv
    static constexpr auto element =
       LspPingElement::subTlv( LspPingDetailedIntfSubTlvType::IncomingLabelStack )
          .followedBy( LspPingBehind::labelStack )
-         .inWords( "Incoming Label Stack" );
+         .inWords( "Incoming Label Stack" )
+         .definedIn( "RFC 8611 section 10.1.1" );
 
    /// Looks at the type only.
    constexpr bool valid() const noexcept { return element.hasCode( type() ); }
@@ -228,7 +230,8 @@ class LSPPING_EXT_EXPORT LspPingIncomingIntfIndexSubTlv
    static constexpr auto element =
       LspPingElement::subTlv( LspPingDetailedIntfSubTlvType::IncomingIntfIndex )
          .length( 8 )
-         .inWords( "Incoming Interface Index" );
+         .inWords( "Incoming Interface Index" )
+         .definedIn( "RFC 8611 section 10.1.2" );
 
    /// LspPingIntfIndexFlags.
    constexpr U16 intfFlags() const noexcept { return intfFlags_.value(); }

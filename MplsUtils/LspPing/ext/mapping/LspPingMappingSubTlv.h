@@ -20,7 +20,8 @@ class LSPPING_EXT_EXPORT LspPingLabelStackSubTlv
  public:
    static constexpr auto element =
       LspPingElement::ddmapSubTlv( LspPingDDMappingSubTlvType::LabelStack )
-         .followedBy( LspPingBehind::protocolLabels );
+         .followedBy( LspPingBehind::protocolLabels )
+         .definedIn( "RFC 8029 section 3.4.1.2" );
 
    /// Looks at the type only.
    constexpr bool valid() const noexcept { return element.hasCode( type() ); }
@@ -72,7 +73,8 @@ class LSPPING_EXT_EXPORT LspPingLocalIntfIndexSubTlv
    static constexpr auto element =
       LspPingElement::ddmapSubTlv( LspPingExtDDMappingSubTlvType::LocalIntfIndex )
          .length( 4 )
-         .inWords( "Local Interface Index" );
+         .inWords( "Local Interface Index" )
+         .definedIn( "RFC 8611 section 8" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );
@@ -93,7 +95,8 @@ class LSPPING_EXT_EXPORT LspPingRemoteIntfIndexSubTlv
    static constexpr auto element =
       LspPingElement::ddmapSubTlv( LspPingExtDDMappingSubTlvType::RemoteIntfIndex )
          .length( 4 )
-         .inWords( "Remote Interface Index" );
+         .inWords( "Remote Interface Index" )
+         .definedIn( "RFC 8611 section 9" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );

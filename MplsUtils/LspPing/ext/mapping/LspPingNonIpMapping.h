@@ -33,7 +33,8 @@ class LSPPING_EXT_EXPORT LspPingDdmapNonIpTlv
    static constexpr auto element = LspPingDdmapHdr::element.when( LspPingExtAddrType::nonIp )
                                       .atLeast( lspPingNonIpSize )
                                       .orStated( lspPingNonIpStatedMore, lspPingNonIpReading )
-                                      .followedBy( LspPingBehind::subTlvs );
+                                      .followedBy( LspPingBehind::subTlvs )
+                                      .definedIn( "RFC 6426 section 2.1.1" );
 
    /// IF_Num of RFC 6370; 0 where there is none.
    constexpr U32 ingressIfNum() const noexcept { return ingressIfNum_.value(); }
@@ -96,7 +97,8 @@ class LSPPING_EXT_EXPORT LspPingDownstreamMappingNonIpTlv
       LspPingDownstreamMappingHdr::element.when( LspPingExtAddrType::nonIp )
          .atLeast( lspPingNonIpSize )
          .orStated( lspPingNonIpStatedMore, lspPingNonIpReading )
-         .followedBy( LspPingBehind::mappingLabels );
+         .followedBy( LspPingBehind::mappingLabels )
+         .definedIn( "RFC 6426 section 2.1.1" );
 
    /// IF_Num of RFC 6370; 0 where there is none.
    constexpr U32 ingressIfNum() const noexcept { return ingressIfNum_.value(); }

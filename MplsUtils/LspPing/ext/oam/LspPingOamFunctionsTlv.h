@@ -22,7 +22,8 @@ class LSPPING_EXT_EXPORT LspPingOamFunctionsTlv
    static constexpr auto element = LspPingElement::tlv( LspPingExtTlvType::MplsOamFunctions )
                                       .atLeast( 4 )
                                       .followedBy< LspPingOamFunctionSubTlvType >()
-                                      .inWords( "MPLS OAM Functions" );
+                                      .inWords( "MPLS OAM Functions" )
+                                      .definedIn( "RFC 7759 section 2.2" );
 
    /// LspPingOamFunctionFlags.
    constexpr U32 functionFlags() const noexcept { return functionFlags_.value(); }

@@ -22,7 +22,8 @@ class LSPPING_EXT_EXPORT LspPingPerformanceMonitoringSubTlv
    static constexpr auto element = LspPingElement::subTlv( Code::PerformanceMonitoring )
                                       .atLeast( 4 )
                                       .followedBy< LspPingOamFunctionSubTlvType >()
-                                      .inWords( "Performance Monitoring" );
+                                      .inWords( "Performance Monitoring" )
+                                      .definedIn( "RFC 7759 section 2.2.6" );
 
    /// Delay is measured directly, not inferred.
    constexpr bool dFlag() const noexcept { return bits< 0 >() != 0; }
@@ -135,7 +136,8 @@ class LSPPING_EXT_EXPORT LspPingPmLossMeasurementSubTlv
  public:
    static constexpr auto element = LspPingElement::subTlv( Code::PmLossMeasurement )
                                       .length( 16 )
-                                      .inWords( "PM Loss Measurement" );
+                                      .inWords( "PM Loss Measurement" )
+                                      .definedIn( "RFC 7759 section 2.2.7" );
 
    /// Of packets lost in a measurement.
    constexpr U32 lossThreshold() const noexcept { return threshold(); }
@@ -163,7 +165,8 @@ class LSPPING_EXT_EXPORT LspPingPmDelayMeasurementSubTlv
  public:
    static constexpr auto element = LspPingElement::subTlv( Code::PmDelayMeasurement )
                                       .length( 16 )
-                                      .inWords( "PM Delay Measurement" );
+                                      .inWords( "PM Delay Measurement" )
+                                      .definedIn( "RFC 7759 section 2.2.8" );
 
    /// There and back, in milliseconds.
    constexpr U32 delayThreshold() const noexcept { return threshold(); }

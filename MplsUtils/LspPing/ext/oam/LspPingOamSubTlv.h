@@ -21,7 +21,8 @@ class LSPPING_EXT_EXPORT LspPingBfdConfigurationSubTlv
    static constexpr auto element = LspPingElement::subTlv( Code::BfdConfiguration )
                                       .atLeast( 4 )
                                       .followedBy< LspPingOamFunctionSubTlvType >()
-                                      .inWords( "BFD Configuration" );
+                                      .inWords( "BFD Configuration" )
+                                      .definedIn( "RFC 7759 section 2.2.1" );
 
    /// Of BFD, three bits.
    constexpr U8 version() const noexcept { return static_cast< U8 >( bits< 0, 3 >() ); }
@@ -86,7 +87,8 @@ class LSPPING_EXT_EXPORT LspPingBfdLocalDiscriminatorSubTlv
    static constexpr auto element =
       LspPingElement::subTlv( LspPingOamFunctionSubTlvType::BfdLocalDiscriminator )
          .length( 4 )
-         .inWords( "BFD Local Discriminator" );
+         .inWords( "BFD Local Discriminator" )
+         .definedIn( "RFC 7759 section 2.2.2" );
 
    /// Of the sender's session; never 0.
    constexpr U32 discriminator() const noexcept { return discriminator_.value(); }
@@ -129,7 +131,8 @@ class LSPPING_EXT_EXPORT LspPingBfdNegotiationTimersSubTlv
    static constexpr auto element =
       LspPingElement::subTlv( LspPingOamFunctionSubTlvType::BfdNegotiationTimers )
          .length( 12 )
-         .inWords( "BFD Negotiation Timer Parameters" );
+         .inWords( "BFD Negotiation Timer Parameters" )
+         .definedIn( "RFC 7759 section 2.2.3" );
 
    /// With symmetric timing, of both directions.
    constexpr U32 minTxInterval() const noexcept { return minTxInterval_.value(); }
@@ -183,7 +186,8 @@ class LSPPING_EXT_EXPORT LspPingBfdAuthenticationSubTlv
    static constexpr auto element =
       LspPingElement::subTlv( LspPingOamFunctionSubTlvType::BfdAuthentication )
          .length( 4 )
-         .inWords( "BFD Authentication" );
+         .inWords( "BFD Authentication" )
+         .definedIn( "RFC 7759 section 2.2.4" );
 
    /// RFC 5880 section 4.1.
    constexpr U8 authType() const noexcept { return authType_; }
@@ -229,8 +233,10 @@ static_assert( Kiv::isWireView< LspPingBfdAuthenticationSubTlv, 8 > );
 class LSPPING_EXT_EXPORT LspPingOamTrafficClassSubTlv
    : public Kiv::Typed< LspPingOamTrafficClassSubTlv, LspPingOamBitsSubTlv > {
  public:
-   static constexpr auto element =
-      LspPingElement::subTlv( Code::TrafficClass ).length( 4 ).inWords( "Traffic Class" );
+   static constexpr auto element = LspPingElement::subTlv( Code::TrafficClass )
+                                      .length( 4 )
+                                      .inWords( "Traffic Class" )
+                                      .definedIn( "RFC 7759 section 2.2.5" );
 
    /// Three bits, of the label stack entry that such messages are sent with.
    constexpr U8 tc() const noexcept { return static_cast< U8 >( bits< 0, 3 >() ); }
@@ -271,7 +277,8 @@ class LSPPING_EXT_EXPORT LspPingFaultManagementSignalSubTlv
    static constexpr auto element = LspPingElement::subTlv( Code::FaultManagementSignal )
                                       .atLeast( 4 )
                                       .followedBy< LspPingOamFunctionSubTlvType >()
-                                      .inWords( "Fault Management Signal" );
+                                      .inWords( "Fault Management Signal" )
+                                      .definedIn( "RFC 7759 section 2.2.9" );
 
    /// Alarm indication and lock report signals, RFC 6427, are enabled.
    constexpr bool eFlag() const noexcept { return bits< 0 >() != 0; }
@@ -327,7 +334,8 @@ class LSPPING_EXT_EXPORT LspPingSourceMepIdSubTlv
    static constexpr auto element =
       LspPingElement::subTlv( LspPingOamFunctionSubTlvType::SourceMepId )
          .length( 8 )
-         .inWords( "Source MEP-ID" );
+         .inWords( "Source MEP-ID" )
+         .definedIn( "RFC 7759 section 2.2.10" );
 
    /// Identifiers of RFC 6370.
    constexpr U32 sourceNodeId() const noexcept { return sourceNodeId_.value(); }
