@@ -147,7 +147,7 @@ Bytes unknownFec() {
 
 Bytes unknownTlv() {
    return wellFormedWith(
-      []( Writer & writer ) { writer.add( LspPingContext::message, 13, std::array< U8, 6 >{} ); } );
+      []( Writer & writer ) { writer.add( LspPingContext::message, 28, std::array< U8, 6 >{} ); } );
 }
 
 Bytes mapping( U8 addrType ) {

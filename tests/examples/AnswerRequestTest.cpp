@@ -70,7 +70,7 @@ TEST_F( AnswerRequest, tellsItsNextHopAndTheMultipathInformationThatWasAskedFor 
 
 TEST_F( AnswerRequest, tellsNoNextHopWhereNobodyAsked ) {
    EXPECT_EQ( replyTo( header + target ), switched + interface );
-   EXPECT_EQ( replyTo( header + target + Bytes{ 0x80, 0, 0, 0 } ), switched + interface );
+   EXPECT_EQ( replyTo( header + target + Bytes{ 0x80, 0x77, 0, 0 } ), switched + interface );
 }
 
 TEST_F( AnswerRequest, saysThatARequestIsMalformed ) {

@@ -200,7 +200,7 @@ bool isSame( LspPingMessageRecords const & a, LspPingMessageRecords const & b ) 
 // does not have was told when it was made, and is told again.
 TEST( LspPingRecordWriting, givesElementsThatMakeTheSameRecords ) {
    std::map< std::string_view, U32 > outcomes;
-   for( U64 seed = 0; seed < 40000; ++seed ) {
+   for( U64 seed = 0; seed < 80000; ++seed ) {
       Bytes memory;
       Writer first( memory );
       RandomMessage( seed ).write( first );

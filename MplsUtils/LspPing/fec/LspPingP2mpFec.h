@@ -118,6 +118,7 @@ class LSPPING_EXPORT LspPingOpaqueValGenSubTlv
    static constexpr auto element =
       LspPingElement::opaqueValue( LspPingP2mpFecStackSubTlvType::GenericLsp )
          .length( 4 )
+         .inWords( "Generic LSP Identifier" )
          .definedIn( "RFC 6388 section 2.3.1" );
 
    constexpr U32 lspId() const noexcept { return lspId_.value(); }
@@ -160,6 +161,7 @@ class LSPPING_EXPORT LspPingOpaqueValSGSubTlv
    static constexpr auto element =
       LspPingElement::opaqueValue( LspPingP2mpFecStackSubTlvType::SGIpv4 )
          .length( 8 )
+         .inWords( "Transit IPv4 Source" )
          .definedIn( "RFC 6826 section 3.1" );
 
    constexpr Velnet::IpAddr sourceAddr() const noexcept { return sourceAddr_; }

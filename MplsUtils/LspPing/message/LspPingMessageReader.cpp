@@ -528,7 +528,7 @@ U32 LspPingWalk::multipath( U32 index, Region region, U8 type, U32 length ) {
    element.multipathLength = length;
    LspPingMultipath const multipath( element.multipathType, bytes_.subspan( region.begin, length ),
                                      isMappingIpv6_ );
-   element.flags.isMultipathIpv6 = multipath.isIpv6();
+   element.flags.isMultipathIpv6 = multipath.readFamily();
    if( type == 0 )
       problem( Code::multipathWithoutType, region.begin, { length }, index );
    else if( !multipath.isWellFormed() )

@@ -54,7 +54,7 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
                                         !isLabels() && isAddressIpv6( isMappingIpv6 ) ) {}
 
    struct FamilyKnown {};
-   /// As it was read before.
+   /// As it was read before, with what `readFamily` said.
    LspPingMultipath( LspPingMultipathType type, std::span< U8 const > information, bool isIpv6,
                      FamilyKnown ) noexcept
       : bytes_( information ),
@@ -66,14 +66,16 @@ class LSPPING_MESSAGE_EXPORT LspPingMultipath {
    std::span< U8 const > bytes() const noexcept { return bytes_; }
 
    /// In IPv6 the addresses are IPv4-mapped, and it is not said that the family is the mapping's
-   /// own: addresses of 127/8 are seen in mappings of IPv6. Of an IP and label set, the mapping's.
-   bool isIpv6() const noexcept { return isIpv6_; }
+   /// own: addresses of 127/8 are seen in mappings of IPv6. An IP and label set has its in `ip()`.
+   bool isIpv6() const noexcept { return isIpv6_ && !isIpAndLabelSet(); }
    bool isLabels() const noexcept { return type_ == LspPingMultipathType::maskedLabelSetMultipath; }
    bool isIpAndLabelSet() const noexcept { return type_ == ipAndLabelSet; }
    bool isList() const noexcept {
       return type_ == LspPingMultipathType::ipMultipath ||
              type_ == LspPingMultipathType::ipRangeMultipath;
    }
+   /// Whether it was read as of IPv6; of an IP and label set, in a mapping of IPv6.
+   bool readFamily() const noexcept { return isIpv6_; }
    /// A base and a mask behind it, of at least one byte.
    bool isSet() const noexcept {
       return ( type_ == LspPingMultipathType::maskedIpSetMultipath || isLabels() ) &&

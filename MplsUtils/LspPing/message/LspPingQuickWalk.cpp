@@ -89,7 +89,7 @@ bool LspPingWalk::quickInside( Data & element, LspPingUsualElement const & usual
       if( size == 0 || wordAt( begin - 3 ) != size || !information.isWellFormed() )
          break;
       element.flags.hasMultipath = true;
-      element.flags.isMultipathIpv6 = information.isIpv6();
+      element.flags.isMultipathIpv6 = information.readFamily();
       element.multipathType = type;
       element.multipathOffset = offsetOf( begin );
       element.multipathLength = size;

@@ -15,12 +15,11 @@ TEST( Walk, goesOnBehindANilFec ) {
 }
 
 TEST( Walk, showsTheBytesOfWhatHasNoView ) {
-   EXPECT_EQ(
-      elementsOf( tlv( 99, { 1, 2, 3 } ) + tlv( 1, tlv( 8, Bytes( 14, 1 ) ) ) ),
-      "   99( Code: 99, Length: 3, Bytes: 00630003010203 )\n"
-      "   TargetFecStack\n"
-      "      L2VPNEndpoint( Code: 8, Length: 14, Bytes: 0008000e0101010101010101010101010101 "
-      ")\n" );
+   EXPECT_EQ( elementsOf( tlv( 99, { 1, 2, 3 } ) + tlv( 1, tlv( 29, Bytes( 14, 1 ) ) ) ),
+              "   99( Code: 99, Length: 3, Bytes: 00630003010203 )\n"
+              "   TargetFecStack\n"
+              "      29( Code: 29, Length: 14, Bytes: 001d000e0101010101010101010101010101 "
+              ")\n" );
 }
 
 TEST( Walk, takesNothingForAMessageOfNoTlvs ) {

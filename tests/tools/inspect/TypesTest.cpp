@@ -111,7 +111,9 @@ std::string kept( std::string const & path ) {
 TEST( Types, printsTheReferencesThatAreKept ) {
    EXPECT_EQ( runTypes( "", false, true ).out, kept( LSPPING_DOCS "/types.md" ) )
       << "docs/types.md is not current: build the target types-reference";
-   EXPECT_EQ( run( &LspPingTool::runTypes, LspPingTool::TypesOptions{ .elements = true } ).out,
+   LspPingTool::TypesOptions elements;
+   elements.elements = true;
+   EXPECT_EQ( InspectTest::run( &LspPingTool::runTypes, elements ).out,
               kept( LSPPING_DOCS "/elements.md" ) )
       << "docs/elements.md is not current: build the target types-reference";
 }

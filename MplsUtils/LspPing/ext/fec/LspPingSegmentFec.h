@@ -133,7 +133,7 @@ class LSPPING_EXT_EXPORT LspPingSegmentIpv4NodeSubTlv
    static constexpr auto element =
       elementOf( LspPingExtTargetFecSubTlvType::SegmentIpv4Node )
          .inWords( "IPv4 Node Address with an optional SID for SR-MPLS" )
-         .definedIn( "RFC 9716" );
+         .definedIn( "RFC 9716 section 4.2" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );
@@ -154,7 +154,7 @@ class LSPPING_EXT_EXPORT LspPingSegmentIpv6NodeSubTlv
    static constexpr auto element =
       elementOf( LspPingExtTargetFecSubTlvType::SegmentIpv6Node )
          .inWords( "IPv6 Node Address with an optional SID for SR-MPLS" )
-         .definedIn( "RFC 9716" );
+         .definedIn( "RFC 9716 section 4.3" );
 
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );
