@@ -31,7 +31,7 @@ class LSPPING_EXT_EXPORT LspPingLsrCapabilityTlv
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );
    }
-   /// "LsrCapability( flags: downstreamLagFlag )", or "Invalid LsrCapabilityTlv".
+   /// "LsrCapability( flags: D )", or "Invalid LsrCapabilityTlv".
    Orlo::String stringValue() const;
 
    static consteval auto kivAttributes() {

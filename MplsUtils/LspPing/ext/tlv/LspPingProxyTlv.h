@@ -104,8 +104,8 @@ class LSPPING_EXT_EXPORT LspPingProxyEchoParametersIpv4Tlv
       return element.hasCode( type() ) && element.selectors[0].has( addrType() ) &&
              element.hasLength( length() );
    }
-   /// "ProxyEchoParametersIpv4( '127.0.0.1', reply mode: ReplyIpUdp, flags: 0, TTL: 255, DSCP: 0,
-   /// source port: 49152, global flags: vFlag, payload size: 0 )", or "Invalid
+   /// "ProxyEchoParametersIpv4( '127.0.0.1', reply mode: ReplyIpUdp, flags: none, TTL: 255, DSCP:
+   /// 0, source port: 49152, global flags: V, payload size: 0 )", or "Invalid
    /// ProxyEchoParametersIpv4Tlv".
    Orlo::String stringValue() const;
 

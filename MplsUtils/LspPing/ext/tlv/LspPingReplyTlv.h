@@ -38,7 +38,7 @@ class LSPPING_EXT_EXPORT LspPingReplyPathTlv
       return element.hasCode( type() ) && element.hasLength( length() ) &&
              ( flags() & both ) != both;
    }
-   /// "ReplyPath( return code: sentViaReplyPath, flags: bidirectionalFlag )", or "Invalid
+   /// "ReplyPath( return code: sentViaReplyPath, flags: B )", or "Invalid
    /// ReplyPathTlv".
    Orlo::String stringValue() const;
 
@@ -89,7 +89,7 @@ class LSPPING_EXT_EXPORT LspPingTimeToLiveTlv
       return element.hasCode( type() ) && ( element.hasLength( length() ) ||
                                             length() == element.leastLength + element.statedMore );
    }
-   /// "TimeToLive( 2, flags: replyTtlFlag )", or "Invalid TimeToLiveTlv".
+   /// "TimeToLive( 2, flags: R )", or "Invalid TimeToLiveTlv".
    Orlo::String stringValue() const;
 
    static consteval auto kivAttributes() {
