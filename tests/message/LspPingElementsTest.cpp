@@ -25,6 +25,15 @@ TEST( LspPingElements, haveViewsThatNeedNoMoreThanThePaddedValue ) {
    }
 }
 
+TEST( LspPingElements, tellWhereTheyAreDefined ) {
+   for( LspPingElementRow const & row : lspPingElements() ) {
+      // The vendor's own sub-TLV is in no RFC.
+      bool const isDefined = row.facts.context != LspPingContext::vendorPrivate;
+      if( row.isDescribed() )
+         EXPECT_EQ( row.facts.rfc.starts_with( "RFC " ), isDefined ) << row.code();
+   }
+}
+
 TEST( LspPingElements, areSorted ) {
    LspPingElementRow const * before = nullptr;
    for( LspPingElementRow const & row : lspPingElements() ) {

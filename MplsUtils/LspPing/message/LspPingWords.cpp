@@ -226,12 +226,10 @@ constexpr auto subTlvs = std::to_array< Words >( {
 } );
 
 // What stands beside the class of a code that is not in a table here.
-template < class Codes >
-std::string_view orOfElement( std::string_view words, Codes code ) noexcept {
+std::string_view orOfElement( std::string_view words, LspPingContext context, U32 code ) noexcept {
    if( words.empty() )
       for( LspPingElementRow const & row : lspPingElements() )
-         if( row.facts.context == lspPingContextOf< Codes > &&
-             row.code() == static_cast< U32 >( code ) )
+         if( row.facts.context == context && row.facts.hasCode( code ) )
             return row.facts.words;
    return words;
 }
@@ -277,14 +275,31 @@ std::string_view lspPingWords( LspPingSrIgpProtocol protocol ) noexcept {
 std::string_view lspPingWords( LspPingAdjacencyType type ) noexcept {
    return wordsOf( adjacencies, type );
 }
+std::string_view lspPingElementWords( LspPingContext context, U32 code ) noexcept {
+   std::string_view words;
+   switch( context ) {
+   case LspPingContext::message:
+      words = wordsOf( tlvs, code );
+      break;
+   case LspPingContext::targetFec:
+      words = wordsOf( fecs, code );
+      break;
+   case LspPingContext::ddmap:
+      words = wordsOf( subTlvs, code );
+      break;
+   default:
+      break;
+   }
+   return orOfElement( words, context, code );
+}
 std::string_view lspPingWords( LspPingTlvType code ) noexcept {
-   return orOfElement( wordsOf( tlvs, code ), code );
+   return lspPingElementWords( LspPingContext::message, static_cast< U32 >( code ) );
 }
 std::string_view lspPingWords( LspPingTargetFecSubTlvType code ) noexcept {
-   return orOfElement( wordsOf( fecs, code ), code );
+   return lspPingElementWords( LspPingContext::targetFec, static_cast< U32 >( code ) );
 }
 std::string_view lspPingWords( LspPingDDMappingSubTlvType code ) noexcept {
-   return orOfElement( wordsOf( subTlvs, code ), code );
+   return lspPingElementWords( LspPingContext::ddmap, static_cast< U32 >( code ) );
 }
 
 bool lspPingHasStackDepth( LspPingReturnCode code ) noexcept {

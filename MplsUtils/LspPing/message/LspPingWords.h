@@ -67,6 +67,10 @@ inline std::string_view lspPingWords( LspPingExtDDMappingSubTlvType code ) noexc
    return lspPingWords( static_cast< LspPingDDMappingSubTlvType >( code ) );
 }
 
+/// The same of a code in any context: of a TLV, a sub-TLV, a FEC or an opaque value.
+LSPPING_MESSAGE_EXPORT std::string_view lspPingElementWords( LspPingContext context,
+                                                             U32 code ) noexcept;
+
 /// Whether the return subcode of that code is a depth in the label stack.
 LSPPING_MESSAGE_EXPORT bool lspPingHasStackDepth( LspPingReturnCode code ) noexcept;
 

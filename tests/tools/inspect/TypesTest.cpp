@@ -45,10 +45,12 @@ TEST( Types, showsTheFactsOfElementsAsJson ) {
    };
    EXPECT_EQ( elementOf( "LspPingSrIpv4SubTlv" ),
               R"("element":{"context":"targetFec","codes":[34,31744],"leastLength":6,)"
-              R"("lengths":[6,8],"selectors":[],"behind":"nothing"})" );
+              R"("lengths":[6,8],"selectors":[],"behind":"nothing",)"
+              R"("words":"IPv4 IGP-Prefix Segment ID","rfc":"RFC 8287 section 5.1"})" );
    EXPECT_EQ( elementOf( "LspPingDdmapV6Tlv" ),
               R"("element":{"context":"message","codes":[20],"leastLength":40,"lengths":[],)"
-              R"("selectors":[{"offset":6,"value":3}],"behind":"subTlvs"})" );
+              R"("selectors":[{"offset":6,"value":3}],"behind":"subTlvs",)"
+              R"("words":"Downstream Detailed Mapping","rfc":"RFC 8029 section 3.4"})" );
    EXPECT_EQ( elementOf( "LspPingTlvHdr" ), "" );
 }
 

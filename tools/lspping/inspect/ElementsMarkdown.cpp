@@ -16,18 +16,6 @@ std::string withoutNamespace( std::string_view name ) {
    return std::string( name.substr( name.rfind( ':' ) + 1 ) );
 }
 
-// The code as people say it, or at least its enumerator.
-std::string words( Row const & row ) {
-   std::string_view text = row.facts.words;
-   if( text.empty() && row.facts.context == LspPingContext::message )
-      text = lspPingWords( static_cast< LspPing::LspPingTlvType >( row.code() ) );
-   else if( text.empty() && row.facts.context == LspPingContext::targetFec )
-      text = lspPingWords( static_cast< LspPing::LspPingTargetFecSubTlvType >( row.code() ) );
-   else if( text.empty() && row.facts.context == LspPingContext::ddmap )
-      text = lspPingWords( static_cast< LspPing::LspPingDDMappingSubTlvType >( row.code() ) );
-   return std::string( text );
-}
-
 std::string length( LspPing::LspPingElement const & facts ) {
    std::string text = std::to_string( facts.leastLength );
    if( !facts.hasFixedLength )
@@ -84,8 +72,8 @@ void appendContext( std::string & out, std::span< Row const > rows ) {
       if( row.facts.chooser != 0 && !row.isDescribed() )
          continue;
       out += "| " + codes( row ) + " | `" + std::string( lspPingCodeName( context, row.code() ) ) +
-             "` | " + words( row ) + " | " + length( row.facts ) + " | " +
-             std::string( row.facts.rfc ) + " | ";
+             "` | " + std::string( lspPingElementWords( context, row.code() ) ) + " | " +
+             length( row.facts ) + " | " + std::string( row.facts.rfc ) + " | ";
       if( Kiv::TypeRef const type( row.type ); type )
          out += "`" + withoutNamespace( type.name() ) + "`";
       out += " | " + content( row ) + " |\n";

@@ -1,4 +1,5 @@
 #include "MplsUtils/LspPing/message/LspPingElements.h"
+#include "MplsUtils/LspPing/message/LspPingWords.h"
 #include "MplsUtils/LspPing/platform/Kiv/Collections.h"
 #include "tools/lspping/inspect/Answers.h"
 #include "tools/lspping/inspect/Commands.h"
@@ -59,6 +60,8 @@ void writeElement( JsonWriter & json, Kiv::TypeId type ) {
    for( std::size_t i = 0; i < element->codeCount; ++i )
       json.Uint( element->codes[i] );
    json.EndArray();
+   if( element->isCodeRange )
+      writeNumber( "lastCode", element->codes[1] );
    writeNumber( "leastLength", element->leastLength );
    writeKey( json, "lengths" );
    json.StartArray();
@@ -66,6 +69,8 @@ void writeElement( JsonWriter & json, Kiv::TypeId type ) {
       json.Uint( element->leastLength );
    if( element->otherLength != 0 )
       json.Uint( element->otherLength );
+   if( element->hasFixedLength && element->statedMore != 0 )
+      json.Uint( static_cast< U32 >( element->leastLength + element->statedMore ) );
    json.EndArray();
    writeKey( json, "selectors" );
    json.StartArray();
@@ -89,6 +94,12 @@ void writeElement( JsonWriter & json, Kiv::TypeId type ) {
    if( element->behind == LspPing::LspPingBehind::elements ||
        element->behind == LspPing::LspPingBehind::counted )
       writeNamed( json, "inside", LspPing::lspPingContextName( element->inside ) );
+   auto const writeGiven = [&json]( std::string_view key, std::string_view text ) {
+      if( !text.empty() )
+         writeNamed( json, key, text );
+   };
+   writeGiven( "words", LspPing::lspPingElementWords( element->context, element->code() ) );
+   writeGiven( "rfc", element->rfc );
    json.EndObject();
 }
 
