@@ -93,8 +93,8 @@ def interface_stack(address: str, interface: tuple, size: int) -> dict:
 
 ELEMENTS = {
     "TargetFecStack": TLV,
-    "ErrorTlv": TLV,
-    "LabelStack": MAPPING_SUB,
+    "LspPingErroredTlvsTlv": TLV,
+    "LspPingLabelStackSubTlv": MAPPING_SUB,
     "LspPingLdpIpv4SubTlv": prefix("ldp_ipv4", "ldp_ipv4_mask", 4),
     "LspPingGenericIpv4SubTlv": prefix("gen_ipv4", "gen_ipv4_mask", 4),
     "LspPingGenericIpv6SubTlv": prefix("gen_ipv6", "gen_ipv6_mask", 16),
@@ -163,8 +163,8 @@ DERIVED = {"typeNbo", "lengthNbo", "totalLength", "valid", "stringValue", "label
 LABELS = {
     "LspPingDownstreamMapping": ("tlv.ds_map.mp_label", "tlv.ds_map.mp_exp", "tlv.ds_map.mp_bos",
                                  "tlv.ds_map.mp_proto"),
-    "LabelStack": ("subtlv.label", "subtlv.traffic_class", "subtlv.s_bit",
-                   "tlv.ddstlv_map.mp_proto"),
+    "LspPingLabelStack": ("subtlv.label", "subtlv.traffic_class", "subtlv.s_bit",
+                          "tlv.ddstlv_map.mp_proto"),
     "LspPingIntfAndLabelStack": ("tlv.ilso_ipv4.label", "tlv.ilso_ipv4.exp", "tlv.ilso_ipv4.bos",
                                  "tlv.ilso_ipv4.ttl"),
 }
