@@ -52,4 +52,7 @@ View & viewAt( Bytes & bytes, std::size_t offset ) {
 /// Replies that tell of neighbours and of how a request came in.
 std::vector< Bytes > mappingReplies();
 
+/// Messages with the elements that the registries know and few send.
+std::vector< Bytes > registryMessages();
+
 } // namespace Examples

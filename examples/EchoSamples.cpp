@@ -1,6 +1,4 @@
-#include "examples/EchoMessages.h"
-#include "examples/Encapsulation.h"
-#include "examples/Samples.h"
+#include "examples/Capture.h"
 
 #include "MplsUtils/LspPing/types/LspPingMessageTypes.h"
 #include "MplsUtils/LspPing/types/LspPingTunnelTypes.h"
@@ -289,28 +287,6 @@ Bytes erroredTlv() {
 }
 
 // ---- how they travel
-
-class Capture {
- public:
-   /// As a request leaves its router: the destination is a loopback address, the transit routers
-   /// see labels only.
-   void requestIs( Bytes const & message ) {
-      Bytes const packet =
-         ipv4( sender, loopback, senderPort, echoPort, RouterAlert::yes, requestTtl, message );
-      add( EtherType::mpls, {}, mpls( { { 100704, 2 } }, packet ) );
-   }
-   void replyIs( Bytes const & message ) {
-      add( EtherType::ipv4, {},
-           ipv4( responder, sender, echoPort, senderPort, RouterAlert::no, replyTtl, message ) );
-   }
-   void add( EtherType type, std::initializer_list< U16 > vlans, Bytes const & packet ) {
-      Frame frame{ ethernet( type, vlans, packet ), 0 };
-      frame.wireLength = frame.bytes.size();
-      frames.push_back( std::move( frame ) );
-   }
-
-   std::vector< Frame > frames;
-};
 
 void addOtherEncapsulations( Capture & capture ) {
    Bytes const message = requestWith( 70, []( Writer & ) {} );

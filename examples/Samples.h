@@ -19,4 +19,10 @@ std::vector< Frame > echoSamples();
 /// Messages that break a rule each: cut, with lengths that do not fit, with bytes left over.
 std::vector< Frame > malformedSamples();
 
+/// Messages with every element that the registries know and `echoSamples` does not have.
+std::vector< Frame > registrySamples();
+
+/// The same elements and those of the mappings, damaged one by one by a rule.
+std::vector< Frame > registryDamagedSamples();
+
 } // namespace Examples

@@ -33,7 +33,10 @@ int main( int argc, char ** argv ) {
       return 2;
    }
    std::string const folder = argv[1];
-   bool const written = write( folder + "/echo.pcap", Examples::echoSamples() ) &&
-                        write( folder + "/malformed.pcap", Examples::malformedSamples() );
+   bool const written =
+      write( folder + "/echo.pcap", Examples::echoSamples() ) &&
+      write( folder + "/malformed.pcap", Examples::malformedSamples() ) &&
+      write( folder + "/registry.pcap", Examples::registrySamples() ) &&
+      write( folder + "/registryDamaged.pcap", Examples::registryDamagedSamples() );
    return written ? 0 : 3;
 }

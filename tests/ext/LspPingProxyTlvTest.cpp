@@ -218,7 +218,7 @@ TEST( LspPingNeighborAddressTlvs, areWrittenAndReadBack ) {
               upstream );
    EXPECT_EQ( readTlvs( upstream ), "UpstreamNeighborAddress( '10.0.0.1', local: '2001:db8::2' )" );
    EXPECT_EQ( readTlvs( "00 1a 00 08 00 01 00 00 0a 00 00 01" ),
-              "DownstreamNeighborAddress( 'none', local: '10.0.0.1' )" );
+              "DownstreamNeighborAddress( none, local: '10.0.0.1' )" );
    EXPECT_EQ( readTlvs( "00 1a 00 08 01 01 00 00 0a 00 00 01" ),
               "DownstreamNeighborAddress: not valid" );
    EXPECT_EQ( readTlvs( "00 1a 00 0c 01 01 00 00 0a 00 00 01" ),

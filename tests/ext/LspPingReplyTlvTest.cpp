@@ -238,6 +238,17 @@ TEST( LspPingEgressTlvs, areWrittenAndReadBackByTheirLength ) {
               "selectorWrong" );
 }
 
+TEST( LspPingEgressTlvs, areWrittenFromTheirBytesByTheirLength ) {
+   auto const ofBytes = []( std::size_t count ) {
+      return written( [&]( LspPingMessageWriter & writer ) {
+         writer.add( LspPingContext::message, 32771, Bytes( count, 7 ) );
+      } );
+   };
+   EXPECT_EQ( ofBytes( 4 ), "80 03 00 04 07 07 07 07" );
+   EXPECT_EQ( ofBytes( 16 ), "80 03 00 10 07 07 07 07 07 07 07 07 07 07 07 07 07 07 07 07" );
+   EXPECT_EQ( ofBytes( 8 ), "selectorWrong" );
+}
+
 TEST( LspPingEgressTlvs, areValidWithTheirTypeAndLength ) {
    expectValidWith< LspPingEgressIpv4Tlv >( 32771, 4, "Invalid EgressIpv4Tlv" );
    expectValidWith< LspPingEgressIpv6Tlv >( 32771, 16, "Invalid EgressIpv6Tlv" );

@@ -4,6 +4,10 @@
 #include "MplsUtils/LspPing/platform/base/TypeRef.h"
 
 #include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
 #include <vector>
 
 namespace {
@@ -196,6 +200,38 @@ TEST( LspPingElements, areNotFoundUnderOtherCodes ) {
    EXPECT_EQ( elementOf( LspPingContext::message, 64511, {} ), nullptr );
    EXPECT_EQ( elementOf( LspPingContext::targetFec, 0, {} ), nullptr );
    EXPECT_EQ( elementOf( LspPingContext::opaqueValue, 2, {} ), nullptr );
+}
+
+std::string sample( std::string const & name ) {
+   std::ifstream file( LSPPING_SAMPLES "/" + name, std::ios::binary );
+   EXPECT_TRUE( file ) << name;
+   return std::string( std::istreambuf_iterator< char >( file ), {} );
+}
+
+// Whether an element with the row's code is told with the row's class.
+bool isTold( std::string const & json, LspPingElementRow const & row ) {
+   std::string const element = "{\"code\":" + std::to_string( row.code() ) + ",\"name\":\"" +
+                               std::string( lspPingCodeName( row.facts.context, row.code() ) ) +
+                               "\",";
+   std::string const type = "\"type\":\"" + std::string( Kiv::TypeRef( row.type ).name() ) + "\",";
+   for( std::size_t at = json.find( element ); at != json.npos;
+        at = json.find( element, at + 1 ) ) {
+      std::string const facts = json.substr( at, json.find( "\"attributes\"", at ) - at );
+      if( facts.find( type ) < facts.find( '{', 1 ) )
+         return true;
+   }
+   return false;
+}
+
+// What the tool says of the well-formed samples, and of the damaged ones: there, nobody knows which
+// of the forms stands behind a header that they share.
+TEST( LspPingElements, areToldInTheSamplesWhereAClassDescribesThem ) {
+   std::string const wellFormed = sample( "echo.jsonl" ) + sample( "registry.jsonl" );
+   std::string const damaged = sample( "registryDamaged.jsonl" );
+   for( LspPingElementRow const & row : lspPingElements() )
+      if( row.isDescribed() )
+         EXPECT_TRUE( isTold( row.facts.chooser == 0 ? wellFormed : damaged, row ) )
+            << row.code() << ' ' << Kiv::TypeRef( row.type ).name();
 }
 
 } // namespace

@@ -170,16 +170,30 @@ TEST( LspPingReadWriteRead, givesTheSameBytesInAPlaceAsInMemoryThatGrows ) {
    }
 }
 
+bool hasContainerOfOtherReading( LspPingMessage const & message ) {
+   for( U32 i = 0; i < message.elementCount(); ++i )
+      if( auto const element = message.element( i );
+          !element.reading().empty() && element.isContainer() )
+         return true;
+   return false;
+}
+
 TEST( LspPingReadWriteRead, givesTheSameBytesForTheSamples ) {
    LspPingMessageReader reader;
    Bytes memory;
-   std::vector< Bytes > const messages = messagesOf( LSPPING_SAMPLES "/echo.pcap" );
-   std::ifstream decoded( LSPPING_SAMPLES "/echo.jsonl" ); // a line for each
-   auto const lines = std::count( std::istreambuf_iterator< char >( decoded ), {}, '\n' );
-   EXPECT_GT( lines, 0 );
-   EXPECT_EQ( messages.size(), static_cast< std::size_t >( lines ) );
-   for( Bytes const & message : messages )
-      EXPECT_EQ( differenceOf( message, reader, memory ), "" );
+   for( std::string const name : { "/echo", "/registry" } ) {
+      std::vector< Bytes > const messages = messagesOf( LSPPING_SAMPLES + name + ".pcap" );
+      std::ifstream decoded( LSPPING_SAMPLES + name + ".jsonl" ); // a line for each
+      auto const lines = std::count( std::istreambuf_iterator< char >( decoded ), {}, '\n' );
+      EXPECT_GT( lines, 0 );
+      EXPECT_EQ( messages.size(), static_cast< std::size_t >( lines ) );
+      for( Bytes const & message : messages ) {
+         // Written anew, what others stand in has the length that the RFC draws, not the stated
+         // one.
+         bool const isSame = !hasContainerOfOtherReading( reader.read( message ) );
+         EXPECT_EQ( differenceOf( message, reader, memory ).empty(), isSame ) << hexOf( message );
+      }
+   }
 }
 
 // Each row on its own, where it may stand.

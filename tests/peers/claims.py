@@ -4,6 +4,7 @@ import ipaddress
 import json
 import subprocess
 from dataclasses import dataclass, field
+from pathlib import Path
 from typing import Any, Callable, Optional
 
 
@@ -42,7 +43,7 @@ class Claim:
 
     def __str__(self) -> str:
         message = self.node.message
-        return f"packet {message['packet']}, offset {self.node.element.get('offset', 0)}, " \
+        return f"{message['place']}, offset {self.node.element.get('offset', 0)}, " \
                f"{self.node.type}.{self.attribute}: {self.ours!r}"
 
 
@@ -60,7 +61,10 @@ class Known:
 def decode(lspping: str, capture: str) -> list:
     """The messages of a capture as lspping's JSON has them."""
     ran = subprocess.run([lspping, "decode", "--json", capture], capture_output=True, check=True)
-    return [json.loads(line) for line in ran.stdout.splitlines()]
+    messages = [json.loads(line) for line in ran.stdout.splitlines()]
+    for message in messages:
+        message["place"] = f"{Path(capture).name}, packet {message['packet']}"
+    return messages
 
 
 def nodes_of(message: dict) -> list:
@@ -130,13 +134,13 @@ class Report:
         self.reviewed = reviewed  # whether `known` was written for this release of the decoder
         self.agreed = 0
         self.failures = []
-        self.met = {}  # (row, packet, offset) -> whether the decoder really differs there
+        self.met = {}  # (row, place, offset) -> whether the decoder really differs there
 
     def judge(self, claim: Claim, agrees: Callable[[Claim], bool], theirs: Any) -> None:
         row = next((i for i, known in enumerate(self.known) if known.holds(claim)), None)
         agreed = agrees(claim)
         if row is not None:
-            key = (row, claim.node.message["packet"], claim.node.element.get("offset", 0))
+            key = (row, claim.node.message["place"], claim.node.element.get("offset", 0))
             self.met[key] = self.met.get(key, False) or not agreed
         elif not agreed:
             self.failures.append(f"{claim}, but {self.decoder} says {theirs}")
@@ -152,9 +156,9 @@ class Report:
             for i, known in enumerate(self.known):
                 if of_node := known.complaints(node):
                     expected = expected + of_node
-                    self.met[(i, message["packet"], "complaint")] = True
+                    self.met[(i, message["place"], "complaint")] = True
         if self.reviewed and sorted(complaints) != sorted(expected):
-            self.failures.append(f"packet {message['packet']}: {self.decoder} complains of "
+            self.failures.append(f"{message['place']}: {self.decoder} complains of "
                                  f"{sorted(complaints)}, expected {sorted(expected)}")
 
     def finish(self, least: int) -> int:
@@ -165,10 +169,10 @@ class Report:
             for i, known in enumerate(self.known):
                 places = {key: differs for key, differs in self.met.items() if key[0] == i}
                 if not places:
-                    self.failures.append(f"nothing in the capture is: {known.element}")
-                for (_, packet, offset), differs in places.items():
+                    self.failures.append(f"nothing in the captures is: {known.element}")
+                for (_, place, offset), differs in places.items():
                     if not differs:
-                        self.failures.append(f"packet {packet}, offset {offset}: {self.decoder} "
+                        self.failures.append(f"{place}, offset {offset}: {self.decoder} "
                                              f"agrees now; listed as not: {known.element}")
         for failure in self.failures:
             print(failure)

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Compares lspping with an independent decoder over a capture.
+"""Compares lspping with an independent decoder over captures.
 
-compare.py tshark PROGRAM LSPPING CAPTURE    field by field; 1 where one does not agree
-compare.py tcpdump PROGRAM LSPPING CAPTURE
-compare.py table [DOCUMENT]                  the list of known differences, or whether it has it
+compare.py tshark PROGRAM LSPPING CAPTURE...   field by field; 1 where one does not agree
+compare.py tcpdump PROGRAM LSPPING CAPTURE...
+compare.py table [DOCUMENT]                    the list of known differences, or whether it has it
 """
 
 import subprocess
@@ -17,15 +17,11 @@ from claims import Report, decode, nodes_of
 DECODERS = {"tshark": tshark, "tcpdump": tcpdump}
 
 
-def compare(name: str, program: str, lspping: str, capture: str) -> int:
-    decoder = DECODERS[name]
-    version = subprocess.run([program, "--version"], capture_output=True, text=True, check=True)
-    release = (version.stdout + version.stderr).split()[2]
+def compare_capture(report: Report, decoder, program: str, lspping: str, capture: str) -> None:
     packets = decoder.packets_of(program, capture)
-    report = Report(name, decoder.KNOWN, release.startswith(decoder.REVIEWED))
     messages = decode(lspping, capture)
     if [m["packet"] for m in messages] != list(range(1, len(packets) + 1)):
-        report.failures.append(f"{len(packets)} packets, but not each of them is a message")
+        report.failures.append(f"{capture}: {len(packets)} packets, but not each is a message")
     for message in messages:
         packet = packets[message["packet"] - 1]
         for node in nodes_of(message):
@@ -35,6 +31,15 @@ def compare(name: str, program: str, lspping: str, capture: str) -> int:
                 decoder.judge(report, claim, packet)
         report.complained(message, decoder.complaints_of(packet),
                           decoder.complaints_expected(message))
+
+
+def compare(name: str, program: str, lspping: str, captures: list) -> int:
+    decoder = DECODERS[name]
+    version = subprocess.run([program, "--version"], capture_output=True, text=True, check=True)
+    release = (version.stdout + version.stderr).split()[2]
+    report = Report(name, decoder.KNOWN, release.startswith(decoder.REVIEWED))
+    for capture in captures:
+        compare_capture(report, decoder, program, lspping, capture)
     return report.finish(decoder.LEAST)
 
 
@@ -54,8 +59,8 @@ def check_table(document: str) -> int:
 
 def main(arguments: list) -> int:
     match arguments:
-        case ["tshark" | "tcpdump" as name, program, lspping, capture]:
-            return compare(name, program, lspping, capture)
+        case ["tshark" | "tcpdump" as name, program, lspping, _, *_]:
+            return compare(name, program, lspping, arguments[3:])
         case ["table"]:
             for name, decoder in DECODERS.items():
                 print(f"## {name}\n\n{table(decoder)}")

@@ -53,7 +53,7 @@ UNKNOWN_TLVS = {
     "LspPingVeloraVendorPrivateTlv": "RFC 8029 section 3.6"}
 NAMED_TLVS = {
     "LspPingPadTlv": "RFC 8029 section 3.5", "LspPingIntfAndLabelStack":
-    "RFC 8029 section 3.7", "ErrorTlv": "RFC 8029 section 3.8",
+    "RFC 8029 section 3.7", "LspPingErroredTlvsTlv": "RFC 8029 section 3.8",
     "LspPingReplyTosTlv": "RFC 8029 section 3.9"}
 
 # A claim that is made for nothing but to see whether the decoder still knows no more.

@@ -8,171 +8,11 @@ from dataclasses import dataclass
 from typing import Any, Callable, Optional
 
 from claims import Claim, Known, Node, Report, same
+from tshark_fields import DEPRECATED, DERIVED, ELEMENTS, FEC, HEADER, LABELS, MAPPING_SUB, \
+    SIGNALING, TLV, UNKNOWN
 
 REVIEWED = "4.0."
-LEAST = 1500
-
-# Attribute: (field, offset in the element). The protocol's prefix is left out of the names.
-HEADER = {
-    "version": ("version", 0), "globalFlags": ("flags", 2), "messageType": ("msg_type", 4),
-    "replyMode": ("reply_mode", 5), "returnCode": ("return_code", 6),
-    "returnSubcode": ("return_subcode", 7), "senderHandle": ("sender_handle", 8),
-    "sequenceNumber": ("sequence", 12),
-}
-TLV = {"type": ("tlv.type", 0), "length": ("tlv.len", 2)}
-FEC = {"type": ("tlv.fec.type", 0), "length": ("tlv.fec.len", 2)}
-
-
-def prefix(address: str, bits: str, size: int, start: int = 4) -> dict:
-    padding = start + size + 1
-    return FEC | {"ipPrefix": (f"tlv.fec.{address}", start),
-                  "prefixLen": (f"tlv.fec.{bits}", start + size),
-                  "mbz0": ("padding", padding, slice(0, 1)),
-                  "mbz1": ("padding", padding, slice(1, 3))}
-
-
-def vpn(address: str, size: int) -> dict:
-    return prefix(address, "vpn_len", size, 12) | {"rd": ("tlv.fec.vpn_route_dist", 4)}
-
-
-def segment(address: str, size: int) -> dict:
-    # The byte behind the protocol is reserved in RFC 8287 and has the algorithm for some.
-    return FEC | {"ipPrefix": (f"tlv.fec.{address}", 4),
-                  "prefixLen": ("tlv.fec.igp_mask", 4 + size),
-                  "protocol": ("tlv.fec.igp_protocol", 5 + size),
-                  "algorithm": ("tlv.fec.igp_reserved", 6 + size, slice(0, 1)),
-                  "reserved": ("tlv.fec.igp_reserved", 6 + size, slice(1, 2))}
-
-
-def rsvp(first: tuple, names: str, addresses: str) -> dict:
-    return FEC | {first[0]: (f"tlv.fec.{first[1]}", 4), "mbz0": (f"tlv.fec.{names}_mbz1", 8),
-                  "tunnelId": (f"tlv.fec.{names}_tun_id", 10),
-                  "extendedTunnelId": (f"tlv.fec.{addresses}_ext_tun_id", 12),
-                  "senderAddress": (f"tlv.fec.{addresses}_sender", 16),
-                  "mbz1": (f"tlv.fec.{names}_mbz2", 20), "lspId": (f"tlv.fec.{names}_lsp_id", 22)}
-
-
-def mapping(address: str, interface: tuple, size: int, interface_size: int) -> dict:
-    end = 8 + size + interface_size
-    return TLV | {"mtu": ("tlv.ds_map.mtu", 4), "addrType": ("tlv.ds_map.addr_type", 6),
-                  "dsFlags": ("tlv.ds_map.res", 7), "dsIpAddr": (f"tlv.ds_map.{address}", 8),
-                  interface[0]: (f"tlv.ds_map.{interface[1]}", 8 + size),
-                  "multipathType": ("tlv.ds_map.hash_type", end),
-                  "depthLimit": ("tlv.ds_map.depth", end + 1),
-                  "multipathLength": ("tlv.ds_map.multi_len", end + 2)}
-
-
-def detailed(address: str, interface: tuple, size: int, interface_size: int) -> dict:
-    end = 8 + size + interface_size
-    return TLV | {"mtu": ("lspping.tlv.dd_map.mtu", 4), "addrType": ("tlv.dd_map.addr_type", 6),
-                  "dsFlags": ("tlv.dd_map.res", 7), "dsIpAddr": (f"tlv.dd_map.{address}", 8),
-                  interface[0]: (f"tlv.dd_map.{interface[1]}", 8 + size),
-                  "retCode": ("tlv.dd_map.return_code", end),
-                  "retSubcode": ("tlv.dd_map.return_subcode", end + 1),
-                  "subTlvLen": ("tlv.dd_map.subtlv_len", end + 2)}
-
-
-# A sub-TLV of a mapping has no fields for its header, but the bytes of it all.
-MAPPING_SUB = {"type": ("", 0, slice(0, 2)), "length": ("", 0, slice(2, 4))}
-
-
-def stack_change(peer: Optional[str]) -> dict:
-    return MAPPING_SUB | {"operType": ("tlv.ddstlv_map.op_type", 4),
-                          "addrType": ("tlv.ddstlv_map.address_type", 5),
-                          "fecTlvLen": ("subtlv.dd_map.fec_tlv_type", 6),
-                          "reserved": ("subtlv.dd_map.reserved", 7)} \
-        | ({"peerAddr": (f"tlv.dd_map.{peer}", 8)} if peer else {})
-
-
-def interface_stack(address: str, interface: tuple, size: int) -> dict:
-    return TLV | {"addrType": ("tlv.ilso.addr_type", 4),
-                  "mbz0": ("tlv.ilso.mbz", 5, slice(0, 1)),
-                  "mbz1": ("tlv.ilso.mbz", 5, slice(1, 3)),
-                  "addr": (f"tlv.{address}", 8), interface[0]: (f"tlv.{interface[1]}", 8 + size)}
-
-
-ELEMENTS = {
-    "TargetFecStack": TLV,
-    "ErrorTlv": TLV,
-    "LabelStack": MAPPING_SUB,
-    "LspPingLdpIpv4SubTlv": prefix("ldp_ipv4", "ldp_ipv4_mask", 4),
-    "LspPingGenericIpv4SubTlv": prefix("gen_ipv4", "gen_ipv4_mask", 4),
-    "LspPingGenericIpv6SubTlv": prefix("gen_ipv6", "gen_ipv6_mask", 16),
-    "LspPingBgpLuIpv4SubTlv": prefix("bgp_ipv4", "bgp_len", 4),
-    "LspPingBgpLuIpv6SubTlv": prefix("bgp_ipv6", "bgp_len", 16),
-    "LspPingVpnIpv4SubTlv": vpn("vpn_ipv4", 4),
-    "LspPingVpnIpv6SubTlv": vpn("vpn_ipv6", 16),
-    "LspPingSrIpv4SubTlv": segment("igp_ipv4", 4),
-    "LspPingSrIpv6SubTlv": segment("igp_ipv6", 16),
-    "LspPingRsvpIpv4SubTlv": rsvp(("destination", "rsvp_ipv4_ep"), "rsvp_ip", "rsvp_ipv4"),
-    "LspPingRsvpP2mpIpv4SubTlv": rsvp(("p2mpId", "rsvp_p2mp_ipv4_id"), "rsvp_p2mp_ip",
-                                      "rsvp_p2mp_ipv4"),
-    "LspPingNilFecSubTlv": FEC | {"label": ("tlv.fec.nil_label", 4)},
-    "LspPingEntropyLabelFecSubTlv": FEC | {"label": None},
-    "LspPingP2mpFecStackSubTlv": FEC | dict.fromkeys(
-        ("family", "addrLen", "rootAddr", "opaqueLen")),
-    "LspPingOpaqueValGenSubTlv": dict.fromkeys(("lspId",)),
-    "LspPingOpaqueValSGSubTlv": dict.fromkeys(("sourceAddr", "groupAddr")),
-    "LspPingFec128Ipv4SubTlv": FEC | {
-        "senderAddr": ("tlv.fec.l2cid_sender", 4), "receiverAddr": ("tlv.fec.l2cid_remote", 8),
-        "pwId": ("tlv.fec.l2cid_vcid", 12), "pwType": ("tlv.fec.l2cid_encap", 16),
-        "mbz": ("tlv.fec.l2cid_mbz", 18)},
-    "LspPingFec129Ipv4SubTlv": FEC | dict.fromkeys(
-        ("senderAddr", "receiverAddr", "pwType", "pwGenId")),
-    "LspPingDownstreamMappingIpv4Tlv": mapping("ds_ip", ("dsIntfAddr", "int_ip"), 4, 4),
-    "LspPingDownstreamMappingIpv4UnnumberedTlv": mapping("ds_ip", ("dsIntfId", "if_index"), 4, 4),
-    "LspPingDownstreamMappingIpv6Tlv": mapping("ds_ipv6", ("dsIntfAddr", "int_ipv6"), 16, 16),
-    "LspPingDownstreamMappingIpv6UnnumberedTlv": mapping("ds_ipv6", ("dsIntfId", "if_index"), 16,
-                                                         4),
-    "LspPingDdmapTlv": detailed("ds_ip", ("dsIntfAddr", "int_ip"), 4, 4),
-    "LspPingDdmapUnnumberedTlv": detailed("ds_ip", ("dsIntfId", "if_index"), 4, 4),
-    "LspPingDdmapV6Tlv": detailed("ds_ipv6", ("dsIntfAddr", "int_ipv6"), 16, 16),
-    "LspPingDdmapV6UnnumberedTlv": detailed("ds_ipv6", ("dsIntfId", "if_index"), 16, 4),
-    "LspPingMultipathSubTlv": MAPPING_SUB | {
-        "multipathType": ("subtlv.dd_map.multipath_type", 4),
-        "multipathLength": ("subtlv.dd_map.multipath_length", 5),
-        "mbz": ("subtlv.dd_map.reserved", 7)},
-    "LspPingFecStackChangeV4SubTlv": stack_change("remote_ip"),
-    "LspPingFecStackChangeV6SubTlv": stack_change("remote_ipv6"),
-    "LspPingFecStackChangeUnspecifiedSubTlv": stack_change(None),
-    "LspPingIntfAndLabelStackIpv4Tlv": interface_stack(
-        "ilso_ipv4.addr", ("intf", "ilso_ipv4.int_addr"), 4),
-    "LspPingIntfAndLabelStackIpv4UnnumberedTlv": interface_stack(
-        "ilso_ipv4.addr", ("intfId", "ilso.int_index"), 4),
-    "LspPingIntfAndLabelStackIpv6Tlv": interface_stack(
-        "ilso_ipv6.addr", ("intf", "ilso_ipv6.int_addr"), 16),
-    "LspPingIntfAndLabelStackIpv6UnnumberedTlv": interface_stack(
-        "ilso_ipv6.addr", ("intfId", "ilso.int_index"), 16),
-    "LspPingEchoJitterTlv": TLV | {"jitter": ("tlv.echo_jitter", 4)},
-    "LspPingPadTlv": TLV | {"padType": ("tlv.pad_action", 4), "padding": ("tlv.pad_padding", 5)},
-    "LspPingReplyTosTlv": TLV | {"tos": ("tlv.reply.tos", 4),
-                                 "mbz0": ("tlv.reply.tos.mbz", 5, slice(0, 1)),
-                                 "mbz1": ("tlv.reply.tos.mbz", 5, slice(1, 3))},
-    "LspPingNodeAddrSubTlv": TLV | {"subType": ("tlv.resp_id.type", 4),
-                                    "subTypeLen": ("tlv.resp_id.length", 6),
-                                    "addr": ("tlv.resp_id.ipv4", 8)},
-    "LspPingVeloraVendorPrivateTlv": TLV | {"vendorIana": ("tlv.vendor_id", 4)},
-    "LspPingMultiLabelSubTlv": dict.fromkeys(("type", "length", "lookupLabelCount", "flags")),
-}
-
-# Derived from the others, or not in the bytes.
-DERIVED = {"typeNbo", "lengthNbo", "totalLength", "valid", "stringValue", "labelField",
-           "minTlvLength", "additionalTlvLength"}
-
-# Names of the fields of a label, by the kind of stack: label, tc, bos and the last byte.
-LABELS = {
-    "LspPingDownstreamMapping": ("tlv.ds_map.mp_label", "tlv.ds_map.mp_exp", "tlv.ds_map.mp_bos",
-                                 "tlv.ds_map.mp_proto"),
-    "LabelStack": ("subtlv.label", "subtlv.traffic_class", "subtlv.s_bit",
-                   "tlv.ddstlv_map.mp_proto"),
-    "LspPingIntfAndLabelStack": ("tlv.ilso_ipv4.label", "tlv.ilso_ipv4.exp", "tlv.ilso_ipv4.bos",
-                                 "tlv.ilso_ipv4.ttl"),
-}
-# RFC 8029 section 3.4.1.1.
-SIGNALING = {"dsInfoSignalingProtocolBgp": 2, "dsInfoSignalingProtocolLdp": 3}
-
-DEPRECATED = ("SRIpv4Deprecated", "SRIpv6Deprecated")
-
+LEAST = 4000
 
 def unnumbered_ipv6(node: Node) -> bool:
     return node.type == "LspPingDownstreamMappingIpv6UnnumberedTlv"
@@ -180,6 +20,34 @@ def unnumbered_ipv6(node: Node) -> bool:
 
 def malformed_by(holds: Callable[[Node], bool]) -> Callable[[Node], list]:
     return lambda node: ["Malformed Packet (Exception occurred)"] if holds(node) else []
+
+
+def is_unknown(node: Node) -> bool:
+    return node.type.startswith(tuple(UNKNOWN))
+
+
+def has_reading(node: Node) -> bool:
+    return "reading" in node.element
+
+
+def is_proxy_message(node: Node) -> bool:
+    return node.message["message"]["attributes"]["messageType"] in (3, 4)
+
+
+def is_session(node: Node) -> bool:
+    return node.type == "LspPingRsvpP2mpIpv6SubTlv"
+
+
+def is_index(node: Node) -> bool:
+    return node.type in ("LspPingLocalIntfIndexSubTlv", "LspPingRemoteIntfIndexSubTlv")
+
+
+def is_short_mapping(node: Node) -> bool:
+    return node.type.endswith("NonIpTlv") and has_reading(node)
+
+
+def is_padded_order(node: Node) -> bool:
+    return node.type == "LspPingReplyModeOrderTlv" and has_reading(node)
 
 
 def is_nil(node: Node) -> bool:
@@ -198,6 +66,10 @@ def is_label_set(node: Node) -> bool:
     return node.element.get("multipath", {}).get("type") == "maskedLabelSetMultipath"
 
 
+def is_set_of_both(node: Node) -> bool:
+    return node.element.get("multipath", {}).get("type") == "ipAndLabelSetMultipath"
+
+
 def has_addresses(node: Node) -> bool:
     return is_multipath(node) and len(node.element["multipath"].get("addresses", [])) > 1
 
@@ -206,7 +78,53 @@ def has_no_peer(node: Node) -> bool:
     return node.type == "LspPingFecStackChangeUnspecifiedSubTlv"
 
 
+def is_padded_tlv(node: Node) -> bool:
+    return node.parent is None and not node.is_header and node.element["length"] % 4 != 0 \
+        and node.element["totalLength"] % 4 == 0 and not is_padded_order(node)
+
+
 KNOWN = [
+    Known("proxy messages, of the types 3 and 4", "takes the time stamps for TLVs",
+          "they have the header of an echo message, RFC 7555 section 3",
+          holds=lambda c: is_proxy_message(c.node) and c.attribute not in NETWORK
+          and not (c.node.is_header and c.attribute in HEADER and c.attribute != "globalFlags")),
+    Known("elements that came later, and what stands in them", "shows bytes",
+          ", ".join(dict.fromkeys(UNKNOWN.values())),
+          holds=lambda c: c.where is None and c.node.within(is_unknown)),
+    Known("RSVP P2MP IPv6 session",
+          "wants a length of 56, and with that says \"Malformed Packet\" where 44 bytes are",
+          "RFC 6425 section 3.1.1.2 draws 44 bytes",
+          holds=lambda c: is_session(c.node)
+          and (c.where is None or has_reading(c.node)),
+          complaints=lambda n: malformed_by(has_reading)(n)
+          or ["Invalid FEC Sub-TLV Length (claimed 44, should be 56)"] if is_session(n) else []),
+    Known("FEC 128 pseudowire over IPv6", "reads an id of two bytes, then all too early",
+          "an id has four bytes, RFC 6829 section 3.1",
+          holds=lambda c: c.node.type == "LspPingFec128Ipv6SubTlv"
+          and c.attribute in ("pwId", "pwType")),
+    Known("mappings of address type 5 with the stated length",
+          "takes the last four bytes for a TLV",
+          "RFC 6426 section 2.1.1 states a length that is by four less than it draws",
+          holds=lambda c: c.node.within(is_short_mapping)
+          and (c.node.parent is not None or c.attribute.startswith("labels")
+               or c.attribute == "length" and "length" not in c.node.element["attributes"]),
+          complaints=lambda n: ["Invalid Sub-tlv Length (claimed 30, found 28)"]
+          if is_set_of_both(n) and has_reading(n.parent) else []),
+    Known("interface indexes of a mapping", "reads them at the wrong place",
+          "RFC 8611 sections 8 and 9",
+          holds=lambda c: is_index(c.node),
+          complaints=lambda n: ["Invalid Sub-tlv Length (claimed 21, found 4)"]
+          if is_index(n) and not n.before and not has_reading(n.parent) else []),
+    Known("multipath information of addresses and labels", "\"Malformed Packet\"",
+          "type 10 is both and their lengths, RFC 8012 section 6",
+          holds=lambda c: is_set_of_both(c.node),
+          complaints=malformed_by(lambda n: is_set_of_both(n) and not has_reading(n.parent))),
+    Known("P2MP responders behind the first one", "does not show them",
+          "there may be several, of which the first counts, RFC 6425 section 3.2",
+          holds=lambda c: c.node.type.startswith("LspPingResponder") and bool(c.node.before)),
+    Known("TLVs behind a Reply Mode Order that is padded", "takes the padding for a TLV",
+          "RFC 7737 section 3.2 asks for no padding, RFC 8029 section 3 for some",
+          holds=lambda c: c.node.behind(is_padded_order)),
     Known("a time stamp of zero", "shows 1970-01-01",
           "a request has no time of receipt yet, RFC 8029 section 3; zero seconds are 1900 in NTP's"
           " format, RFC 5905 section 6",
@@ -272,10 +190,10 @@ KNOWN = [
           "both are in the table of RFC 8029 section 3.7",
           complaints=lambda n: ["Incorrect address type for TLV?"]
           if n.type.startswith("LspPingIntfAndLabelStackIpv6") else []),
-    Known("Pad whose length is no multiple of 4", "takes the alignment for a TLV",
+    Known("TLVs whose length is no multiple of 4", "takes the alignment for a TLV",
           "a TLV is padded to four bytes, which its length does not count, RFC 8029 section 3",
-          complaints=lambda n: ["Error processing TLV: length is 3, should be >= 4"]
-          if n.type == "LspPingPadTlv" and n.element["length"] % 4 != 0 else []),
+          complaints=lambda n: [f"Error processing TLV: length is {-n.element['length'] % 4},"
+                                " should be >= 4"] if is_padded_tlv(n) else []),
     Known("sub-TLVs of the vendor's private TLV", "shows bytes",
           "what follows the enterprise number is the vendor's to define, RFC 8029 section 3.6",
           holds=lambda c: c.node.type == "LspPingMultiLabelSubTlv"),
@@ -315,7 +233,7 @@ class Packet:
         if name in NETWORK_FIELDS:
             return [f.show for f in self.all if f.name == name][place:place + 1]
         offset = claim.node.element.get("offset", 0) + place
-        found = [f for f in self.echo if f.name == name and f.offset == offset]
+        found = [f for f in self.echo if f.name in name.split("|") and f.offset == offset]
         if part is not None:
             # Several fields may be parts of one in tshark's tree; the bytes decide.
             return ["0x" + f.value[2 * part.start:2 * part.stop] for f in found]
@@ -364,8 +282,29 @@ def ntp_text(seconds: int, fraction: int) -> str:
     return f"{time:%b} {time.day:2}, {time:%Y %H:%M:%S}.{fraction * 10**9 >> 32:09} UTC"
 
 
+def is_errored(node: Node) -> bool:
+    return node.parent is not None and node.parent.element["name"] == "ErrorTlv"
+
+
+def unknown_claims(node: Node) -> list:
+    """Of the outermost one that is not known, there are fields for its header."""
+    element = node.element
+    attributes = element.get("attributes", {})
+    rules = dict.fromkeys(["type", "length", *(set(attributes) - DERIVED)])
+    if node.parent is None or not node.parent.within(is_unknown):
+        rules |= TLV if node.parent is None or is_errored(node) else FEC
+    if is_errored(node):
+        rules["type"] = ("tlv.errored.type", 0)
+    values = {"type": element["code"], "length": element["length"]} | attributes
+    claims = [Claim(node, name, values[name], where) for name, where in rules.items()]
+    # A claim for all the value, where nothing else is told of it.
+    return claims + [Claim(node, "value", element.get("text", ""))]
+
+
 def element_claims(node: Node) -> list:
     element = node.element
+    if node.within(is_unknown):
+        return unknown_claims(node)
     if node.type not in ELEMENTS:
         raise SystemExit(f"no fields are listed for {node.type}")
     rules = dict(ELEMENTS[node.type])
@@ -376,7 +315,7 @@ def element_claims(node: Node) -> list:
         attributes = element.get("attributes", {})
     if element.get("name") in DEPRECATED:
         rules = rules | dict.fromkeys(("reserved",))
-    if node.within(lambda n: n.element.get("name") == "ErrorTlv") and node.parent is not None:
+    if is_errored(node):
         rules["type"] = ("tlv.errored.type", 0)
     values = {"type": element["code"], "length": element["length"]} | attributes
     if unruled := set(attributes) - set(rules) - DERIVED:
@@ -419,7 +358,7 @@ def multipath_claims(node: Node) -> list:
         mask = ":".join(f"{byte:02x}" for byte in bytes.fromhex(multipath["mask"]))
         claims = [Claim(node, "base", multipath["base"], (f"{name}.ip", start)),
                   Claim(node, "mask", mask, (f"{name}.mask", start + 4))]
-    if not claims and not is_label_set(node):
+    if not claims and not is_label_set(node) and not is_set_of_both(node):
         raise SystemExit(f"no fields are listed for multipath information of {multipath['type']}")
     return claims
 
@@ -428,7 +367,7 @@ def fields_of(packet: Packet, node: Node) -> list:
     """Named fields that lie in the value of an element."""
     start = node.element.get("offset", 0) + 4
     end = node.element.get("offset", 0) + 4 + node.element.get("length", 0)
-    raw = ("", "tlv.value", "tlv.fec.value")
+    raw = ("", "tlv.value", "tlv.fec.value", "padding")
     return [f.name for f in packet.echo
             if start <= f.offset < end and f.name not in raw and not f.name.startswith("_ws.")]
 

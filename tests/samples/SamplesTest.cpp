@@ -38,6 +38,11 @@ TEST( Samples, malformedMessagesAreWrittenTheSameEveryTime ) {
    expectSameAsCommitted( "malformed.pcap" );
 }
 
+TEST( Samples, messagesOfTheRegistriesAreWrittenTheSameEveryTime ) {
+   expectSameAsCommitted( "registry.pcap" );
+   expectSameAsCommitted( "registryDamaged.pcap" );
+}
+
 TEST( Samples, programSaysWhatItCannotWrite ) {
    EXPECT_NE( std::system( LSPPING_WRITE_SAMPLES " /nowhere/at/all 2> /dev/null" ), 0 );
    EXPECT_NE( std::system( LSPPING_WRITE_SAMPLES " 2> /dev/null" ), 0 );

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 #include "MplsUtils/LspPing/platform/Velnet/IpGenAddr.h"
 
 #include <algorithm>
@@ -30,6 +31,21 @@ constexpr Velnet::IpGenAddr lspPingAddressOf( std::span< U8 const > bytes ) noex
    std::copy( bytes.begin(), bytes.end(), address.begin() );
    return Velnet::Ip6Addr( address );
 }
+
+/// An address as text: "'10.0.0.1'", or "none".
+struct LspPingAddressText {
+   Velnet::IpGenAddr address;
+
+   friend void appendText( Orlo::StringBuilder & out, LspPingAddressText const & text ) {
+      if( text.address == Velnet::IpGenAddr() ) {
+         out.append( "none" );
+         return;
+      }
+      out.append( '\'' );
+      appendText( out, text.address );
+      out.append( '\'' );
+   }
+};
 
 /// The bytes from there on, as many as are wanted; none where there are not as many.
 constexpr std::span< U8 const > lspPingPart( std::span< U8 const > bytes, std::size_t from,

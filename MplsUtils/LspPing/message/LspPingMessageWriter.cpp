@@ -384,10 +384,15 @@ bool LspPingMessageWriter::add( LspPingContext context, U32 code,
    Level * const level = topOf( element.id_ );
    if( level == nullptr || level->isTakenBack || !element.bytes( value ) )
       return element.close();
+   // The length may choose the class.
+   U32 const lengthAt = level->begin + header - 2;
+   wordIs( lengthAt, size_ - level->begin - header );
    LspPingElementRow const * const row =
       elementOf( context, code, { at( level->begin ), size_ - level->begin } );
    if( row == nullptr )
       return element.close();
+   if( row->facts.codeExtension != 0 )
+      wordIs( lengthAt, 0 );
    switch( row->facts.behind ) {
    case LspPingBehind::nothing:
    case LspPingBehind::padding:

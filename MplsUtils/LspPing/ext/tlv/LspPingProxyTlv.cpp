@@ -45,7 +45,8 @@ Orlo::String replyToText( View const & view, std::string_view name ) {
 template < class View >
 Orlo::String neighborText( View const & view, std::string_view name ) {
    return view.valid()
-             ? Kiv::_fmt( "%s( '%s', local: '%s' )", name, view.neighborAddr(), view.localAddr() )
+             ? Kiv::_fmt( "%s( %s, local: %s )", name, LspPingAddressText{ view.neighborAddr() },
+                          LspPingAddressText{ view.localAddr() } )
              : Kiv::_fmt( "Invalid %sTlv", name );
 }
 

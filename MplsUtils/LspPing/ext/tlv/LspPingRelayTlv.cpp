@@ -17,13 +17,6 @@ constexpr std::optional< std::size_t > sizeOf( U8 addrType ) noexcept {
    return lspPingAddressSize( addrType, Kiv::numberOf( LspPingRelayAddrType::ipv6RelayAddr ) );
 }
 
-void appendAddress( Orlo::StringBuilder & text, Velnet::IpGenAddr const & address ) {
-   if( address == Velnet::IpGenAddr() )
-      text.append( "none" );
-   else
-      Kiv::_fmtTo( text, "'%s'", address );
-}
-
 } // namespace
 
 Velnet::IpGenAddr LspPingRelayNodeAddressStackTlv::replyAddr() const noexcept {
@@ -63,13 +56,13 @@ Orlo::String LspPingRelayNodeAddressStackTlv::stringValue() const {
       return Orlo::stringOf( "Invalid RelayNodeAddressStackTlv" );
    Orlo::StringBuilder text;
    text.append( "RelayNodeAddressStack( " );
-   appendAddress( text, replyAddr() );
+   appendText( text, LspPingAddressText{ replyAddr() } );
    Kiv::_fmtTo( text, ", source port: %d, destination offset: %d", initiatorSourcePort(),
                 destinationAddrOffset() );
    std::string_view before = ", relays: ";
    for( LspPingRelayedAddress const relay : addresses() ) {
       text.append( before );
-      appendAddress( text, relay.address );
+      appendText( text, LspPingAddressText{ relay.address } );
       if( relay.flags != 0 )
          Kiv::_fmtTo( text, " %s", LspPingFlagNames< LspPingRelayFlags >{ relay.flags } );
       before = ", ";
