@@ -88,7 +88,7 @@ TEST( LspPingOamFunctionsTlv, isReadWithWhatStandsInIt ) {
    EXPECT_EQ( readTlvs( all, 1 ), "BfdConfiguration( version: 1, flags: NB )\n"
                                   "PerformanceMonitoring( flags: DL )\n"
                                   "FaultManagementSignal( flags: ET, refresh timer: 20 )\n"
-                                  "SourceMepId( node: 167772161, tunnel: 1, lsp: 2 )" );
+                                  "SourceMepId( node: 167772161, tunnel: 1, LSP: 2 )" );
    EXPECT_EQ(
       readTlvs( all, 2 ),
       "BfdLocalDiscriminator( 7 )\n"
@@ -343,7 +343,7 @@ TEST( LspPingSourceMepIdSubTlv, isReadAndWritten ) {
    using View = LspPingSourceMepIdSubTlv;
    constexpr char const * hex = "01 90 00 08 ff ff ff ff 00 01 80 02";
    EXPECT_EQ( Laid< View >( hex )->sourceNodeId(), 0xffffffffu );
-   EXPECT_EQ( readSubTlvs( hex ), "SourceMepId( node: 4294967295, tunnel: 1, lsp: 32770 )" );
+   EXPECT_EQ( readSubTlvs( hex ), "SourceMepId( node: 4294967295, tunnel: 1, LSP: 32770 )" );
    EXPECT_EQ( writtenSubTlv< View >( []( auto & view ) {
                  view.sourceNodeIdIs( 0xffffffff );
                  view.tunnelIdIs( 1 );

@@ -14,7 +14,7 @@ constexpr char const * ipv4Parameters =
    "00 17 00 10 01 02 80 09 ff 2e c0 00 00 05 05 dc 7f 00 00 01";
 constexpr char const * ipv4Text =
    "ProxyEchoParametersIpv4( '127.0.0.1', reply mode: ReplyIpUdp, flags: "
-   "fecNeighborFlag+explicitDscpFlag+0x8000, TTL: 255, DSCP: 46, source port: 49152, global flags: "
+   "fecNeighbor+explicitDscp+0x8000, TTL: 255, DSCP: 46, source port: 49152, global flags: "
    "RV, payload size: 1500 )";
 
 TEST( LspPingProxyEchoParametersIpv4Tlv, readsAndPrintsItsFields ) {

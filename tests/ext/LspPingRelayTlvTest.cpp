@@ -20,7 +20,7 @@ std::string wholeOf( std::string_view behind ) {
 
 constexpr char const * text =
    "RelayNodeAddressStack( '10.0.0.1', source port: 49152, destination offset: 8, relays: "
-   "'10.0.0.2' keepFlag, '2001:db8::3' 0x1, none )";
+   "'10.0.0.2' keep, '2001:db8::3' 0x1, none )";
 
 TEST( LspPingRelayNodeAddressStackTlv, readsAndPrintsTheStack ) {
    Tlv const tlv( wholeOf( tail ) );

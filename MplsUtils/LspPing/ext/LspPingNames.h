@@ -21,7 +21,8 @@ struct LspPingCodeName {
    }
 };
 
-/// Flags that have no letters, by the names of an enumeration: "explicitDscpFlag", several with
+/// Flags that have no letters, by the names of an enumeration without their "Flag": "keep", several
+/// with
 /// "+" between them, bits without a name as one number behind them, "none" without any.
 template < class Flags >
 struct LspPingFlagNames {
@@ -39,7 +40,8 @@ struct LspPingFlagNames {
          if( ( flags.bits & row.value ) == 0 )
             continue;
          separate();
-         out.append( row.name() );
+         out.append(
+            row.name().substr( 0, row.name().size() - std::string_view( "Flag" ).size() ) );
          left &= ~row.value;
       }
       if( left != 0 ) {

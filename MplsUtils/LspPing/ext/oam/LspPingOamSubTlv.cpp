@@ -73,7 +73,7 @@ Orlo::String LspPingSourceMepIdSubTlv::stringValue() const {
       [this]( Orlo::StringBuilder & text ) {
          lspPingOamField( text, "node: ", sourceNodeId() );
          lspPingOamField( text, ", tunnel: ", tunnelId() );
-         lspPingOamField( text, ", lsp: ", lspId() );
+         lspPingOamField( text, ", LSP: ", lspId() );
       } );
 }
 

@@ -348,7 +348,7 @@ class LSPPING_EXT_EXPORT LspPingSourceMepIdSubTlv
    constexpr bool valid() const noexcept {
       return element.hasCode( type() ) && element.hasLength( length() );
    }
-   /// "SourceMepId( node: 167772161, tunnel: 1, lsp: 2 )", or "Invalid SourceMepIdSubTlv".
+   /// "SourceMepId( node: 167772161, tunnel: 1, LSP: 2 )", or "Invalid SourceMepIdSubTlv".
    Orlo::String stringValue() const;
 
    static consteval auto kivAttributes() {

@@ -120,7 +120,7 @@ class LSPPING_EXT_EXPORT LspPingRelayNodeAddressStackTlv
    /// As many entries as are said, and nothing else; does not look at the offset.
    bool valid() const noexcept;
    /// "RelayNodeAddressStack( '10.0.0.1', source port: 3503, destination offset: 8, relays:
-   /// '10.0.0.2' keepFlag, none )", or "Invalid RelayNodeAddressStackTlv".
+   /// '10.0.0.2' keep, none )", or "Invalid RelayNodeAddressStackTlv".
    Orlo::String stringValue() const;
 
    static consteval auto kivAttributes() {
