@@ -3,6 +3,7 @@
 #include "MplsUtils/LspPing/platform/Kiv/Fmt.h"
 
 #include <algorithm>
+#include <span>
 
 namespace LspPing {
 
@@ -27,9 +28,11 @@ namespace {
 
 // Of IPv4 behind zeros, as RFC 9256 section 2.4 puts it into the size of IPv6.
 void appendNode( Orlo::StringBuilder & out, Velnet::Ip6Addr const & node ) {
-   auto const & bytes = node.bytes();
-   auto const last = bytes.end() - sizeof( Velnet::IpAddr );
-   if( std::all_of( bytes.begin(), last, []( U8 byte ) { return byte == 0; } ) )
+   constexpr std::size_t before = sizeof( Velnet::Ip6Addr ) - sizeof( Velnet::IpAddr );
+   std::span< U8 const > const bytes( node.bytes() );
+   std::span< U8 const > const last = bytes.subspan( before );
+   auto const isZero = []( U8 byte ) { return byte == 0; };
+   if( std::all_of( bytes.begin(), last.begin(), isZero ) )
       appendText( out, Velnet::IpAddr( last[0], last[1], last[2], last[3] ) );
    else
       appendText( out, node );
