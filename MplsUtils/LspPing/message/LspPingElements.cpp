@@ -267,11 +267,12 @@ constexpr bool isLastAndSelected( std::size_t i ) noexcept {
 }
 
 constexpr bool isInRange( LspPingElementRow const & row ) noexcept {
-   for( auto const & other : knownRows )
-      if( other.facts.isCodeRange && other.facts.context == row.facts.context &&
-          other.facts.hasCode( row.code() ) )
-         return true;
-   return false;
+   return std::any_of(
+      knownRows.begin(), knownRows.end(),
+      [&]( LspPingElementRow const & other ) {
+         return other.facts.isCodeRange && other.facts.context == row.facts.context &&
+                other.facts.hasCode( row.code() );
+      } );
 }
 
 // Where the bytes select none of the rows, one without a class says so.
@@ -325,7 +326,7 @@ struct CodesOf< Kiv::TypeList< Ts... >, Kiv::TypeList< Others... > > {
       std::array< Codes, lspPingContextCount > codes{};
       auto const add = [&]< class T >( Kiv::Of< T >, auto Codes::*table ) {
          if constexpr( LspPingCodes< T > )
-            if( std::size_t const at = static_cast< std::size_t >( lspPingContextOf< T > );
+            if( auto const at = static_cast< std::size_t >( lspPingContextOf< T > );
                 at < codes.size() )
                codes[at].*table = &Kiv::EnumerationOf< T >::table;
       };
