@@ -63,7 +63,8 @@ class LSPPING_MESSAGE_EXPORT LspPingOpenElement {
    inline bool multipathSet( Velnet::IpGenAddr const & base, std::span< U8 const > mask ) noexcept;
    /// The same without the detour of an address of any family.
    template < std::same_as< Velnet::IpAddr > Address >
-   bool multipathSet( Address base, std::span< U8 const > mask ) noexcept;
+   [[gnu::visibility( "hidden" )]] bool multipathSet( Address base,
+                                                      std::span< U8 const > mask ) noexcept;
    bool multipathLabels( U32 base, std::span< U8 const > mask ) noexcept;
 
    /// The identifiers of a FEC 129, RFC 8029 section 3.2.10, each of at most eight bytes. Its
