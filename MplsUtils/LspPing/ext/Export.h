@@ -1,5 +1,7 @@
 #pragma once
 
+#include "MplsUtils/LspPing/types/Export.h"
+
 // What `libLspPingExt.so` offers to others.
 #define LSPPING_EXT_EXPORT __attribute__( ( visibility( "default" ) ) )
 

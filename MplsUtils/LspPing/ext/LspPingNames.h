@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MplsUtils/LspPing/ext/Export.h"
 #include "MplsUtils/LspPing/platform/Kiv/Enumeration.h"
 #include "MplsUtils/LspPing/platform/Orlo/StringBuilder.h"
 

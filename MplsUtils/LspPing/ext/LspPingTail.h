@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MplsUtils/LspPing/ext/Export.h"
 #include "MplsUtils/LspPing/types/LspPingElement.h"
 
 #include <cstddef>
