@@ -243,8 +243,8 @@ class LSPPING_MESSAGE_EXPORT LspPingMessage {
                 : nullptr;
    }
 
-   /// Whether there is a header of a registered message type (RFC 8029 section 3, RFC 7555 section 3,
-   /// RFC 7743 section 3.1).
+   /// Whether there is a header of a registered message type (RFC 8029 section 3, RFC 7555 section
+   /// 3, RFC 7743 section 3.1).
    bool isHeaderValid() const noexcept;
    /// Its text; there must be one.
    void appendHeaderText( Orlo::StringBuilder & out ) const;

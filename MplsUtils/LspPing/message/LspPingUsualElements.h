@@ -31,8 +31,9 @@ constexpr LspPingUsualElement lspPingUsualOf( LspPingElementRow const & row ) no
    LspPingElement const & facts = row.facts;
    U32 const most = facts.hasFixedLength ? facts.leastLength : 0xffffu;
    LspPingUsualElement usual;
-   if( !lspPingIsUsual( facts.behind ) || !facts.otherReading.empty() || facts.chooser != 0 || facts.selectorCount > 1 ||
-       facts.context == LspPingContext::opaqueValue || row.fixedSize() > 0xff ||
+   if( !lspPingIsUsual( facts.behind ) || !facts.otherReading.empty() || facts.chooser != 0 ||
+       facts.selectorCount > 1 || facts.context == LspPingContext::opaqueValue ||
+       row.fixedSize() > 0xff ||
        row.viewOffset() + row.viewSize > lspPingPadded( row.fixedSize() ) )
       return usual;
    usual.lengthCount = most - facts.leastLength + 1;
