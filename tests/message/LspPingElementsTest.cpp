@@ -149,6 +149,9 @@ TEST( LspPingElements, areAVendorsBehindAllOthers ) {
    constexpr Kiv::TypeId anyVendors = Kiv::typeIdOf< LspPingVendorPrivateTlv >;
    EXPECT_EQ( typeOf( 64512, {} ), anyVendors );
    EXPECT_EQ( typeOf( 65535, {} ), anyVendors );
+   // It need not begin with a number.
+   std::vector< U8 > const withoutNumber{ 0xfc, 0x58, 0, 2, 1, 2 };
+   EXPECT_EQ( elementOf( LspPingContext::message, 64600, withoutNumber ), nullptr );
    EXPECT_EQ( typeOf( 65261, { 0xfe, 0xed, 0, 4, 0, 0, 0, 9 } ), anyVendors );
    EXPECT_EQ( typeOf( 65261, { 0xfe, 0xed, 0, 4, 0, 0, 0x7e, 0xd9 } ),
               Kiv::typeIdOf< LspPingVeloraVendorPrivateTlv > );

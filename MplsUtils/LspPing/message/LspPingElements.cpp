@@ -372,8 +372,10 @@ LspPingElementRow const * firstRow( LspPingContext context, U32 code ) noexcept 
    return found != end && found->facts.context == context && found->code() == code ? found : end;
 }
 
-// For codes that nothing else has, or not with such bytes.
-LspPingElementRow const * rangeRow( LspPingContext context, U32 code ) noexcept {
+// For codes that nothing else has, or not with such bytes. What is too short to begin with an
+// enterprise number is well-formed all the same, and known to nobody.
+LspPingElementRow const * rangeRow( LspPingContext context, U32 code,
+                                    std::span< U8 const > bytes ) noexcept {
    static constexpr std::size_t first = [] {
       std::size_t i = 0;
       while( !rows[i].facts.isCodeRange )
@@ -381,7 +383,11 @@ LspPingElementRow const * rangeRow( LspPingContext context, U32 code ) noexcept 
       return i;
    }();
    LspPingElementRow const & row = rows[first];
-   return row.facts.context == context && row.facts.hasCode( code ) ? &row : nullptr;
+   if( row.facts.context != context || !row.facts.hasCode( code ) )
+      return nullptr;
+   bool const isTooShort =
+      bytes.size() >= row.headerSize() && ( bytes[2] << 8 | bytes[3] ) < row.facts.leastLength;
+   return isTooShort ? nullptr : &row;
 }
 
 // A row that others of its code come before. It is taken instead of one that its bytes select but
@@ -411,7 +417,7 @@ LspPingElementRow const * elementOf( LspPingContext context, U32 code,
    LspPingElementRow const * const end = rows.data() + rows.size();
    LspPingElementRow const * row = firstRow( context, code );
    if( row == end )
-      return rangeRow( context, code );
+      return rangeRow( context, code, bytes );
    if( row->facts.selectorCount == 0 )
       return row;
    LspPingElementRow const * selected = nullptr;
@@ -424,7 +430,7 @@ LspPingElementRow const * elementOf( LspPingContext context, U32 code,
          return row;
       selected = row;
    }
-   return selected != nullptr ? selected : rangeRow( context, code );
+   return selected != nullptr ? selected : rangeRow( context, code, bytes );
 }
 
 std::span< LspPingElementRow const > lspPingElements() noexcept {
